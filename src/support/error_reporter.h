@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "support/error.h"
+#include "support/host.h"
+#include "support/procedure_numbers.h"
+
+namespace snippetarium {
+
+/// Number and text of a failure, as the failing operation raised them.
+struct ErrorDetails {
+    std::int32_t number = 0;
+    std::string description;
+};
+
+/// Thrown on by an inner guard after it has reported a failure: the guards around it neither report
+/// it again nor go on. Carries the number and text of the failure that was reported.
+class ReportedError : public Error {
+  public:
+    using Error::Error;
+};
+
+/// Number and text of the exception being handled. Call it inside a catch block. An exception that
+/// is no Error gets the number of an internal failure and its own what() text.
+ErrorDetails CurrentError();
+
+/// The text of the error message: code (10000 + the procedure's number), number and description of
+/// the failure, and where to send a report.
+std::string ErrorMessageText(Procedure procedure, const ErrorDetails& error);
+
+/// Shows failures to the user. One for a run of the program; everything that is guarded shares it.
+class ErrorReporter {
+  public:
+    explicit ErrorReporter(MessageBoxes& messages) : messages_(messages) {}
+    ErrorReporter(const ErrorReporter&) = delete;
+    ErrorReporter& operator=(const ErrorReporter&) = delete;
+
+    /// Counts the guards that are running, one inside the other.
+    class GuardScope {
+      public:
+        explicit GuardScope(ErrorReporter& reporter) : reporter_(reporter) { ++reporter_.depth_; }
+        ~GuardScope() { --reporter_.depth_; }
+        GuardScope(const GuardScope&) = delete;
+        GuardScope& operator=(const GuardScope&) = delete;
+        bool IsEnclosed() const { return reporter_.depth_ > 1; }
+
+      private:
+        ErrorReporter& reporter_;
+    };
+
+    /// For a catch block: reports the exception being handled, unless an inner guard did.
+    void ReportCurrent(Procedure procedure);
+    /// For a catch block, after ReportCurrent: throws the failure on as a ReportedError.
+    [[noreturn]] void ThrowReported() const;
+
+    MessageBoxes& Messages() { return messages_; }
+
+  private:
+    MessageBoxes& messages_;
+    int depth_ = 0;
+};
+
+/// Shows the error message for the exception being handled. It ends nothing, logs nothing and is not
+/// guarded itself: a failure while it shows the message is not reported again.
+void ReportError(MessageBoxes& messages, Procedure procedure);
+
+}  // namespace snippetarium
