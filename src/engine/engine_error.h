@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "support/error.h"
@@ -7,15 +8,18 @@
 namespace snippetarium {
 
 /// Numbers of the engine's failures. They are the numbers by which the database engine of this
-/// catalogue's dialect has always been known, so that a reported number can be looked up.
+/// catalogue's dialect has always been known, so that a number in a report can be looked up.
 enum class EngineErrorCode : std::int32_t {
+    Unexpected = 3000,
+    NoCurrentRecord = 3021,
+    DuplicateValue = 3022,
     FileNotFound = 3024,
     ReadOnly = 3027,
-    DuplicateValue = 3022,
-    CannotOpen = 3051,
+    NotAllowed = 3033,
     DiskError = 3043,
     Corrupted = 3049,
     CannotLock = 3050,
+    CannotOpen = 3051,
     Cancelled = 3059,
     WrongParameters = 3061,
     Syntax = 3075,
@@ -25,12 +29,10 @@ enum class EngineErrorCode : std::int32_t {
     TextAfterStatement = 3142,
     DiskFull = 3183,
     FieldNotFound = 3265,
-    QueryTooComplex = 3360,
     UnrecognisedFormat = 3343,
     OpenElsewhere = 3356,
+    QueryTooComplex = 3360,
     TypeConversion = 3421,
-    NotAllowed = 3000,
-    NoCurrentRecord = 3021,
     ObjectClosed = 3704,
     ObjectOpen = 3705,
     ProviderNotFound = 3706,
