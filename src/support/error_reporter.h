@@ -62,8 +62,8 @@ class ErrorReporter {
     int depth_ = 0;
 };
 
-/// Shows the error message for the exception being handled. It ends nothing, logs nothing and is not
-/// guarded itself: a failure while it shows the message is not reported again.
+/// Shows the error message for the exception being handled. It ends nothing, logs nothing and is
+/// not guarded itself: a failure while it shows the message is not reported again.
 void ReportError(MessageBoxes& messages, Procedure procedure);
 
 }  // namespace snippetarium

@@ -19,8 +19,8 @@ namespace snippetarium {
 //
 // An operation calls others that are guarded too. If such an inner guard returned its default, the
 // outer operation would go on with it as if it were a result: a failed INSERT would let it take
-// another row's ID for its own. So the inner guard reports, with its own procedure's number, and then
-// throws on; the outer ones stay silent; only the outermost returns the default.
+// another row's ID for its own. So the inner guard reports, with its own procedure's number, and
+// then throws on; the outer ones stay silent; only the outermost returns the default.
 
 /// Runs body; on a failure reports it once, with this procedure's number, and returns Result{}, or
 /// throws ReportedError where another guard encloses this one.

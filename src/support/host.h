@@ -8,8 +8,8 @@
 
 namespace snippetarium {
 
-// The world outside the catalogue's rules, cut into five small interfaces, so that the same rules run
-// behind windows, in a terminal and under test. Texts are UTF-8 with CR LF between lines; an
+// The world outside the catalogue's rules, cut into five small interfaces, so that the same rules
+// run behind windows, in a terminal and under test. Texts are UTF-8 with CR LF between lines; an
 // implementation turns the line breaks into its own.
 
 /// What the standard question boxes answer. The values are the ones that callers keep and compare.
@@ -31,8 +31,8 @@ class MessageBoxes {
     virtual SeriesAnswer Series(std::string_view question) = 0;
 };
 
-/// The progress window. It has two bars (a unit's and the whole job's), a line for the folder and one
-/// for the file at hand, and a Cancel button. A job that needs less leaves the rest alone.
+/// The progress window. It has two bars (a unit's and the whole job's), a line for the folder and
+/// one for the file at hand, and a Cancel button. A job that needs less leaves the rest alone.
 class Progress {
   public:
     virtual ~Progress() = default;

@@ -13,7 +13,9 @@ unsigned char ByteAt(std::string_view text, std::size_t position) {
     return static_cast<unsigned char>(text[position]);
 }
 
-bool IsContinuation(unsigned char byte) { return (byte & 0xC0U) == 0x80U; }
+bool IsContinuation(unsigned char byte) {
+    return (byte & 0xC0U) == 0x80U;
+}
 
 /// The length in bytes of the well-formed character at `position`, 0 when there is none.
 std::size_t WellFormedLength(std::string_view text, std::size_t position) {
@@ -42,7 +44,8 @@ std::size_t SkipAscii(std::string_view text, std::size_t position) {
         if ((word & kHighBits) != 0) break;
         position += sizeof word;
     }
-    while (position < text.size() && ByteAt(text, position) < 0x80U) ++position;
+    while (position < text.size() && ByteAt(text, position) < 0x80U)
+        ++position;
     return position;
 }
 

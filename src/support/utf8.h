@@ -8,7 +8,8 @@ namespace snippetarium {
 
 // All text inside the program is UTF-8. "Characters" are Unicode code points.
 
-/// True when the text is well-formed UTF-8 (no overlong forms, no surrogates, nothing above U+10FFFF).
+/// True when the text is well-formed UTF-8 (no overlong forms, no surrogates, nothing above
+/// U+10FFFF).
 bool IsValidUtf8(std::string_view text);
 
 /// The number of characters. A byte that belongs to no well-formed character counts as one.
@@ -18,8 +19,8 @@ std::size_t CharacterCount(std::string_view text);
 std::string_view CutToCharacters(std::string_view text, std::size_t count);
 
 /// The character at `position` (a byte offset below the text's size), which then moves behind it.
-/// A malformed byte b gives U+DC00 + b, a value no well-formed text yields, so that every text, also a
-/// damaged one, has a decoding of its own.
+/// A malformed byte b gives U+DC00 + b, a value no well-formed text yields, so that every text,
+/// also a damaged one, has a decoding of its own.
 char32_t DecodeUtf8(std::string_view text, std::size_t& position);
 
 void AppendUtf8(std::string& text, char32_t character);

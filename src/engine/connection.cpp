@@ -1,0 +1,45 @@
+#include "engine/connection.h"
+
+#include "engine/connection_string.h"
+#include "engine/engine_error.h"
+
+namespace snippetarium {
+
+void Connection::Open() {
+    if (IsOpen()) {
+        throw EngineError(EngineErrorCode::ObjectOpen, "The connection is already open.");
+    }
+    const ConnectionStringParts parts = ParseConnectionString(connectionString_);
+    session_ = providers_.Open(parts.provider, {parts.dataSource, mode_});
+}
+
+Session& Connection::OpenSession() const {
+    if (!IsOpen()) {
+        throw EngineError(
+            EngineErrorCode::ObjectClosed,
+            "The catalogue is not open, so nothing can be read from it or saved in it.");
+    }
+    return *session_;
+}
+
+BulkWriting::BulkWriting(Connection& connection) : connection_(connection) {
+    connection_.SetWriteMode(WriteMode::Bulk);
+}
+
+BulkWriting::~BulkWriting() {
+    if (isFinished_ || !connection_.IsOpen()) return;
+    try {
+        connection_.SetWriteMode(WriteMode::EachStatement);
+    } catch (const EngineError&) {
+        // The job that used this object is failing already, and a destructor cannot tell of a
+        // second failure. The mode stays wanted: the session sets it again before its next
+        // statement.
+    }
+}
+
+void BulkWriting::Finish() {
+    isFinished_ = true;
+    connection_.SetWriteMode(WriteMode::EachStatement);
+}
+
+}  // namespace snippetarium

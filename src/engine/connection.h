@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "engine/provider.h"
+#include "engine/session.h"
+
+namespace snippetarium {
+
+/// Where a recordset's rows are kept. Only the client side is offered: see Recordset.
+enum class CursorLocation : std::uint8_t { Client = 3 };
+
+/// The link to one catalogue file. Set the connection string and the access mode, then open.
+///
+/// Except for Open and IsOpen, everything throws EngineError (ObjectClosed) while it is closed; the
+/// other failures are those of Session.
+class Connection {
+  public:
+    /// The registry is copied.
+    explicit Connection(ProviderRegistry providers) : providers_(std::move(providers)) {}
+
+    void SetConnectionString(std::string_view text) { connectionString_ = text; }
+    void SetCursorLocation(CursorLocation location) { cursorLocation_ = location; }
+    CursorLocation GetCursorLocation() const { return cursorLocation_; }
+    void SetMode(AccessMode mode) { mode_ = mode; }
+
+    /// Throws EngineError: ObjectOpen when it is open already, ProviderNotFound, FileNotFound,
+    /// UnrecognisedFormat, Corrupted, ReadOnly, CannotLock, CannotOpen. A refused file stays byte
+    /// for byte as it was.
+    void Open();
+    /// Closing what is closed does nothing. At rest the catalogue is one file again.
+    void Close() { session_.reset(); }
+    bool IsOpen() const { return session_ != nullptr; }
+
+    Recordset Execute(std::string_view text) { return OpenSession().Query(text); }
+    Recordset ExecuteNamedQuery(std::string_view name, std::span<const Parameter> parameters) {
+        return OpenSession().NamedQuery(name, parameters);
+    }
+    Recordset ExecuteSearch(std::string_view text) { return OpenSession().Search(text); }
+    std::int64_t ExecuteAction(std::string_view text) { return OpenSession().Act(text); }
+    void RunScript(std::string_view script) { OpenSession().RunScript(script); }
+    void SetWriteMode(WriteMode mode) { OpenSession().SetWriteMode(mode); }
+    void Checkpoint() { OpenSession().Checkpoint(); }
+    void SetCancelPoll(const CancelPoll* poll) { OpenSession().SetCancelPoll(poll); }
+
+  private:
+    Session& OpenSession() const;
+
+    ProviderRegistry providers_;
+    std::string connectionString_;
+    CursorLocation cursorLocation_ = CursorLocation::Client;
+    AccessMode mode_ = AccessMode::ReadWrite;
+    std::unique_ptr<Session> session_;
+};
+
+/// Bulk writing on a connection. Finish makes safe what was written and goes back to the mode for
+/// single edits. An object that dies unfinished, because the job failed, tries the same; what fails
+/// then fails again, and is told, at the next statement.
+class BulkWriting {
+  public:
+    explicit BulkWriting(Connection& connection);
+    ~BulkWriting();
+    BulkWriting(const BulkWriting&) = delete;
+    BulkWriting& operator=(const BulkWriting&) = delete;
+    void Finish();
+
+  private:
+    Connection& connection_;
+    bool isFinished_ = false;
+};
+
+}  // namespace snippetarium

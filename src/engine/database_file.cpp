@@ -1,0 +1,132 @@
+#include "engine/database_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
+#include <system_error>
+
+#include "engine/engine_error.h"
+
+namespace snippetarium {
+
+namespace {
+
+// The header that every file of this format starts with; numbers are big-endian.
+constexpr std::size_t kHeaderSize = 100;
+constexpr std::string_view kMagic("SQLite format 3\0", 16);
+constexpr std::size_t kPageSizeAt = 16;
+constexpr std::size_t kChangeCounterAt = 24;
+constexpr std::size_t kPageCountAt = 28;
+constexpr std::size_t kApplicationIdAt = 68;
+constexpr std::size_t kPageCountValidForAt = 92;
+
+using Header = std::array<unsigned char, kHeaderSize>;
+
+std::uint32_t Number32(const Header& header, std::size_t at) {
+    return static_cast<std::uint32_t>(header[at]) << 24U |
+           static_cast<std::uint32_t>(header[at + 1]) << 16U |
+           static_cast<std::uint32_t>(header[at + 2]) << 8U | header[at + 3];
+}
+
+std::uint64_t PageSize(const Header& header) {
+    const std::uint32_t stored =
+        static_cast<std::uint32_t>(header[kPageSizeAt]) << 8U | header[kPageSizeAt + 1];
+    return stored == 1 ? 65536 : stored;  // 65536 does not fit the two bytes
+}
+
+bool IsNonEmptyFile(const std::string& path) {
+    std::error_code ignored;
+    const std::uintmax_t size = std::filesystem::file_size(path, ignored);
+    return !ignored && size > 0;
+}
+
+[[noreturn]] void Refuse(EngineErrorCode code, const std::string& path, const std::string& why) {
+    throw EngineError(code, "The file '" + path + "' " + why);
+}
+
+/// One with no right to write for anybody is meant to stay as it is, also where the system would
+/// let this user write, as it lets an administrator.
+bool IsWritable(const std::string& path, const struct stat& status) {
+    return (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) != 0 && access(path.c_str(), W_OK) == 0;
+}
+
+Header ReadHeader(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        Refuse(EngineErrorCode::CannotOpen, path, "cannot be read: check your rights to it.");
+    }
+    Header header{};
+    file.read(reinterpret_cast<char*>(header.data()), kHeaderSize);
+    if (file.gcount() == 0) {
+        Refuse(EngineErrorCode::UnrecognisedFormat, path,
+               "is empty. Restore a backup over it, or remove it and make a new catalogue.");
+    }
+    if (file.gcount() < static_cast<std::streamsize>(kHeaderSize) ||
+        std::memcmp(header.data(), kMagic.data(), kMagic.size()) != 0) {
+        Refuse(EngineErrorCode::UnrecognisedFormat, path, "is not a catalogue, or it is damaged.");
+    }
+    return header;
+}
+
+}  // namespace
+
+bool HasPendingLog(const std::string& path) {
+    return IsNonEmptyFile(path + "-wal") || IsNonEmptyFile(path + "-journal");
+}
+
+void CheckDatabaseFile(const std::string& path, AccessMode mode) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0) {
+        Refuse(EngineErrorCode::FileNotFound, path, "could not be found.");
+    }
+    if (!S_ISREG(status.st_mode)) Refuse(EngineErrorCode::CannotOpen, path, "is not a file.");
+    const Header header = ReadHeader(path);
+    if (Number32(header, kApplicationIdAt) != kCatalogueApplicationId) {
+        Refuse(EngineErrorCode::UnrecognisedFormat, path,
+               "is a database of another program, not a catalogue.");
+    }
+    // The count is only kept up by programs that say so; and pages may still wait in the log.
+    const bool countIsValid =
+        Number32(header, kPageCountValidForAt) == Number32(header, kChangeCounterAt);
+    const std::uint64_t expected = PageSize(header) * Number32(header, kPageCountAt);
+    if (countIsValid && static_cast<std::uint64_t>(status.st_size) < expected &&
+        !HasPendingLog(path)) {
+        Refuse(
+            EngineErrorCode::Corrupted, path,
+            "is shorter than it should be: a part of it is missing. Restore a backup, or recover "
+            "what can be read.");
+    }
+    if (mode == AccessMode::ReadWrite && !IsWritable(path, status)) {
+        Refuse(EngineErrorCode::ReadOnly, path, "is read-only, so nothing can be saved in it.");
+    }
+}
+
+bool IsFileOpen(const std::string& path) {
+#ifdef F_SETLEASE
+    // The system grants a write lease only on a file that nobody else has open.
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) return false;
+    const bool isRefused = fcntl(file, F_SETLEASE, F_WRLCK) != 0 && errno == EAGAIN;
+    if (!isRefused) fcntl(file, F_SETLEASE, F_UNLCK);
+    close(file);
+    return isRefused;
+#else
+    static_cast<void>(path);
+    return false;
+#endif
+}
+
+void SyncToDisk(const std::string& path) {
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const bool isSafe = file >= 0 && fsync(file) == 0;
+    if (file >= 0) close(file);
+    if (!isSafe) Refuse(EngineErrorCode::DiskError, path, "could not be made safe on the disk.");
+}
+
+}  // namespace snippetarium

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "engine/session.h"
+
+namespace snippetarium {
+
+/// Stands in the header of every catalogue file and tells it from any other database. "SNIP".
+inline constexpr std::uint32_t kCatalogueApplicationId = 0x534E4950;
+
+/// Looks at a file, from outside and without changing a byte of it, to see whether it can be opened
+/// as a catalogue in this mode. Throws EngineError: FileNotFound, CannotOpen (a folder, or no right
+/// to read it), UnrecognisedFormat (empty, foreign), Corrupted (shorter than its header says),
+/// ReadOnly (to be opened for writing, but marked or mounted read-only).
+void CheckDatabaseFile(const std::string& path, AccessMode mode);
+
+/// True when the database has changes beside the file that are not in it yet, after a crash.
+bool HasPendingLog(const std::string& path);
+
+/// True when a program, this one included, has the file open, even when it is not doing anything
+/// with it. Where the platform cannot tell, false: the locks of the engine must do then.
+bool IsFileOpen(const std::string& path);
+
+/// Makes a file's content, or a folder's list of names, safe from a power cut.
+void SyncToDisk(const std::string& path);
+
+}  // namespace snippetarium

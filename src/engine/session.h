@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "engine/cancel_poll.h"
+#include "engine/command.h"
+#include "engine/recordset.h"
+
+namespace snippetarium {
+
+enum class AccessMode : std::uint8_t { ReadWrite, Read };
+
+/// How soon a change is safe from a power cut. Killing the program loses nothing in either mode.
+enum class WriteMode : std::uint8_t {
+    /// When the statement has returned. For what a person saves.
+    EachStatement,
+    /// At the next checkpoint, every few seconds. For imports and large deletions.
+    Bulk,
+};
+
+/// What a connection string and the connection's properties say, in one place.
+struct SessionOptions {
+    /// The file; catalogue or platform separators.
+    std::string dataSource;
+    AccessMode mode = AccessMode::ReadWrite;
+};
+
+/// An open data source, as a provider offers it to a Connection. Every operation throws
+/// EngineError. Statement texts are in the catalogue's dialect (engine/jet_sql.h), one statement a
+/// text.
+class Session {
+  public:
+    virtual ~Session() = default;
+
+    /// Runs a SELECT, or a named query that takes no parameters.
+    virtual Recordset Query(std::string_view text) = 0;
+    virtual Recordset NamedQuery(std::string_view name, std::span<const Parameter> parameters) = 0;
+    /// Runs a SELECT in which texts stand that a user typed: see engine/statement_guard.h for what
+    /// it may do. Polls the cancel poll; throws Cancelled when that says so.
+    virtual Recordset Search(std::string_view text) = 0;
+    /// Runs an INSERT, UPDATE, DELETE or ALTER TABLE; returns the number of rows it changed.
+    virtual std::int64_t Act(std::string_view text) = 0;
+    /// Runs statements in the engine's own SQL, as they stand and as one transaction: all or
+    /// nothing. For the program's own texts only: schema and migrations.
+    virtual void RunScript(std::string_view script) = 0;
+
+    virtual void SetWriteMode(WriteMode mode) = 0;
+    /// Makes everything written so far safe, and the file at hand the only one that matters.
+    virtual void Checkpoint() = 0;
+    /// Null: searches cannot be cancelled. The poll must live as long as it is set.
+    virtual void SetCancelPoll(const CancelPoll* poll) = 0;
+};
+
+}  // namespace snippetarium

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "engine/named_queries.h"
+#include "engine/session.h"
+#include "engine/sqlite_handle.h"
+#include "engine/statement_cache.h"
+#include "engine/statement_guard.h"
+
+namespace snippetarium {
+
+/// The catalogue's provider: a session on a file, through SQLite.
+///
+/// The file is in write-ahead mode while it is open. Statements are prepared once for each shape:
+/// the translator takes the values out of action texts, and what remains is the key.
+class SqliteSession final : public Session {
+  public:
+    explicit SqliteSession(const SessionOptions& options);
+    ~SqliteSession() override;
+
+    Recordset Query(std::string_view text) override;
+    Recordset NamedQuery(std::string_view name, std::span<const Parameter> parameters) override;
+    Recordset Search(std::string_view text) override;
+    std::int64_t Act(std::string_view text) override;
+    void RunScript(std::string_view script) override;
+    void SetWriteMode(WriteMode mode) override;
+    void Checkpoint() override;
+    void SetCancelPoll(const CancelPoll* poll) override { cancel_.poll = poll; }
+
+  private:
+    /// Asks the user's poll only while a search runs: nothing else may be cut in half.
+    struct SearchCancel final : CancelPoll {
+        bool IsCancelled() const override { return isSearching && poll && poll->IsCancelled(); }
+        const CancelPoll* poll = nullptr;
+        bool isSearching = false;
+    };
+
+    void Open(const SessionOptions& options);
+    void OpenWithoutSideFiles();
+    void PrepareForWriting();
+    sqlite3_stmt* PrepareCached(std::string_view sql, StatementPurpose purpose);
+    Recordset ReadRows(sqlite3_stmt* statement);
+    std::int64_t RunAction(sqlite3_stmt* statement);
+    void CheckpointFromTimeToTime();
+
+    std::string path_;
+    SearchCancel cancel_;
+    StatementGuard guard_;
+    DatabaseHandle database_;  // behind what it calls back, before what is prepared on it
+    StatementCache statements_;
+    NamedQueries namedQueries_;
+    WriteMode writeMode_ = WriteMode::EachStatement;
+    std::chrono::steady_clock::time_point lastCheckpoint_;
+};
+
+}  // namespace snippetarium
