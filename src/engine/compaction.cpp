@@ -86,6 +86,11 @@ Compaction::Compaction(const std::string& sourceConnectionString)
 void Compaction::WriteCopy(const std::string& targetConnectionString,
                            const OnProgress& onProgress) {
     targetPath_ = ToPlatformPath(ParseConnectionString(targetConnectionString).dataSource);
+    std::error_code error;
+    if (std::filesystem::exists(targetPath_, error)) {
+        throw EngineError(EngineErrorCode::CannotOpen,
+                          "There is a file '" + targetPath_ + "' already; it was left as it is.");
+    }
     try {
         {
             const ProgressReport progress(source_.get(), targetPath_, onProgress);

@@ -78,7 +78,7 @@ void AddRow(sqlite3_stmt* statement, RecordsetBuilder& rows) {
 
 void BindLiterals(sqlite3* database, sqlite3_stmt* statement, const Translation& translation) {
     int index = 0;
-    for (const Literal& literal : translation.parameters) {
+    for (const SqlLiteral& literal : translation.parameters) {
         ++index;
         int result = SQLITE_OK;
         if (const auto* text = std::get_if<std::string>(&literal)) {

@@ -1,0 +1,104 @@
+#include "store/compact.h"
+
+#include <string>
+
+#include "engine/compaction.h"
+#include "engine/engine_error.h"
+#include "store/database.h"
+#include "support/guard.h"
+#include "support/message_boxes.h"
+#include "support/paths.h"
+
+namespace snippetarium {
+
+namespace {
+
+constexpr std::string_view kDone =
+    "The database has been successfully compacted (and repaired if there were any errors).";
+constexpr std::string_view kOpenElsewhere =
+    "Snippetarium has detected that the database is currently opened by another application.  "
+    "Please close the database before compacting the database.";
+
+/// The hourglass, for as long as the work takes and however it ends.
+class BusyPointer {
+  public:
+    explicit BusyPointer(EventLoop& events) : events_(events) {
+        events_.SetPointer(Pointer::Hourglass);
+    }
+    ~BusyPointer() { events_.SetPointer(Pointer::Default); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+
+  private:
+    EventLoop& events_;
+};
+
+class CompactionProgress {
+  public:
+    explicit CompactionProgress(const Host& host) : host_(host) {
+        host_.progress.SetCancelHandler(nullptr);
+        host_.progress.Open("Snippetarium is compacting the database, please wait...");
+    }
+    ~CompactionProgress() { host_.progress.Close(); }
+    CompactionProgress(const CompactionProgress&) = delete;
+    CompactionProgress& operator=(const CompactionProgress&) = delete;
+
+    void Show(double share) const {
+        host_.progress.SetTotal(share * 100.0);
+        host_.events.Yield();
+    }
+
+  private:
+    const Host& host_;
+};
+
+// The paths of a compaction are joined with a slash, the one for opening with a backslash: both lead
+// to the same file, and both texts have always been these.
+std::string ConnectionStringFor(const std::string& path) {
+    return "Provider=" + std::string(kCatalogueProvider) + ";Data Source=" + path;
+}
+
+void Compact(Database& db) {
+    const BusyPointer pointer(db.GetHost().events);
+    const std::string sourcePath = db.ProgramFolder() + "/" + std::string(kCatalogueFileName);
+    const std::string targetPath = db.ProgramFolder() + "/" + std::string(kCompactionFileName);
+    // A copy that an earlier attempt left when the program was killed is worth nothing.
+    RemoveFileIfExists(targetPath);
+
+    Compaction compaction(ConnectionStringFor(sourcePath));
+    {
+        const CompactionProgress progress(db.GetHost());
+        compaction.WriteCopy(ConnectionStringFor(targetPath),
+                             [&](double share) { progress.Show(share); });
+    }
+    compaction.ReplaceWithCopy();
+}
+
+}  // namespace
+
+void CompactCatalogue(Database& db) {
+    GuardedStage(db.Reporter(), Procedure::CompactCatalogue, [&] {
+        try {
+            Compact(db);
+        } catch (const EngineError& error) {
+            if (error.Code() != EngineErrorCode::OpenElsewhere) throw;
+            ShowInformation(db.GetHost().messages, kOpenElsewhere, kInformationTitle);
+            return;
+        }
+        ShowInformation(db.GetHost().messages, kDone, kInformationTitle);
+    });
+}
+
+void RunCompaction(Database& db) {
+    Guarded(db.Reporter(), Procedure::RunCompaction, [&] {
+        // Kept meanwhile, so that this program can go on writing afterwards.
+        std::optional<FileLock> writing = db.TakeWriting();
+        CloseCatalogue(db);
+        CompactCatalogue(db);
+        db.PutWriting(std::move(writing));
+        OpenCatalogue(db);
+    });
+    if (db.IsShuttingDown()) db.EndProgram();
+}
+
+}  // namespace snippetarium
