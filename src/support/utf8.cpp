@@ -8,9 +8,15 @@ namespace snippetarium {
 namespace {
 
 constexpr std::uint64_t kHighBits = 0x8080808080808080U;
+constexpr char32_t kMalformedByte = 0xDC00U;  // plus the byte: what such a byte is decoded to
+constexpr char32_t kReplacement = 0xFFFDU;
 
 unsigned char ByteAt(std::string_view text, std::size_t position) {
     return static_cast<unsigned char>(text[position]);
+}
+
+bool IsSurrogate(char32_t character) {
+    return character >= 0xD800U && character <= 0xDFFFU;
 }
 
 bool IsContinuation(unsigned char byte) {
@@ -93,7 +99,7 @@ char32_t DecodeUtf8(std::string_view text, std::size_t& position) {
     const std::size_t length = WellFormedLength(text, position);
     if (length <= 1) {
         ++position;
-        return length == 1 ? lead : 0xDC00U + lead;
+        return length == 1 ? lead : kMalformedByte + lead;
     }
     char32_t character = lead & (0xFFU >> (length + 1));
     for (std::size_t i = 1; i < length; ++i) {
@@ -104,6 +110,11 @@ char32_t DecodeUtf8(std::string_view text, std::size_t& position) {
 }
 
 void AppendUtf8(std::string& text, char32_t character) {
+    if (character >= kMalformedByte + 0x80U && character <= kMalformedByte + 0xFFU) {
+        text += static_cast<char>(character - kMalformedByte);
+        return;
+    }
+    if (IsSurrogate(character) || character > 0x10FFFFU) character = kReplacement;
     const auto append = [&text](char32_t byte) { text += static_cast<char>(byte); };
     if (character < 0x80U) {
         append(character);

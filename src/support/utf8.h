@@ -23,6 +23,9 @@ std::string_view CutToCharacters(std::string_view text, std::size_t count);
 /// also a damaged one, has a decoding of its own.
 char32_t DecodeUtf8(std::string_view text, std::size_t& position);
 
+/// Appends what DecodeUtf8 read: a character, or for U+DC80 to U+DCFF the malformed byte itself, so
+/// that decoding a text and appending it again changes nothing. A value that is neither (another
+/// surrogate, one above U+10FFFF) becomes U+FFFD.
 void AppendUtf8(std::string& text, char32_t character);
 
 }  // namespace snippetarium
