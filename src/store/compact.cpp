@@ -52,8 +52,8 @@ class CompactionProgress {
     const Host& host_;
 };
 
-// The paths of a compaction are joined with a slash, the one for opening with a backslash: both lead
-// to the same file, and both texts have always been these.
+// The paths of a compaction are joined with a slash, the one for opening with a backslash: both
+// lead to the same file, and both texts have always been these.
 std::string ConnectionStringFor(const std::string& path) {
     return "Provider=" + std::string(kCatalogueProvider) + ";Data Source=" + path;
 }

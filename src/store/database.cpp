@@ -22,7 +22,8 @@ constexpr std::string_view kProviderMissing =
     "Snippetarium will now shut down.";
 
 constexpr std::string_view kOpenForReadingOnly =
-    "The catalogue is in use by another Snippetarium, so it has been opened for reading only: you can "
+    "The catalogue is in use by another Snippetarium, so it has been opened for reading only: you "
+    "can "
     "look at it, search it and export from it, but nothing can be changed.\r\n\r\n"
     "To change it, close the other program and start this one again.";
 
@@ -132,7 +133,8 @@ std::int32_t MaxIDValue(Database& db, std::string_view column, std::string_view 
 void ClearParameters(Database& db) {
     Guarded(db.Reporter(), Procedure::ClearParameters, [&] {
         Command& command = db.SharedCommand();
-        while (command.ParameterCount() > 0) command.DeleteParameter(command.ParameterCount() - 1);
+        while (command.ParameterCount() > 0)
+            command.DeleteParameter(command.ParameterCount() - 1);
     });
 }
 

@@ -22,8 +22,8 @@ inline constexpr std::string_view kCatalogueFileName = "QRT_SN.mde";
 inline constexpr std::string_view kCompactionFileName = "Q1R1T_SN1.mde";
 
 /// The catalogue as the program has it open for one run: the connection, the command that all named
-/// queries share, the statement that ran last, and the world it reports to. Everything that reads or
-/// changes the catalogue is a free function that takes it; nothing else opens a connection.
+/// queries share, the statement that ran last, and the world it reports to. Everything that reads
+/// or changes the catalogue is a free function that takes it; nothing else opens a connection.
 class Database {
   public:
     /// `programFolder`: a platform path, as the platform reports it. The host must outlive this.

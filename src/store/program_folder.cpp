@@ -28,7 +28,9 @@ std::string UserDataFolder() {
     return home.empty() ? std::string() : home + "/.local/share";
 }
 
-bool IsWritableFolder(const std::string& path) { return access(path.c_str(), W_OK) == 0; }
+bool IsWritableFolder(const std::string& path) {
+    return access(path.c_str(), W_OK) == 0;
+}
 
 }  // namespace
 
@@ -60,9 +62,9 @@ ProgramFolder OpenProgramFolder(const std::string& option) {
     std::error_code error;
     std::filesystem::create_directories(folder.path, error);
     if (error) {
-        throw Error(error_number::kPathNotFound, "The folder '" + folder.path +
-                                                     "' for your catalogue cannot be made: " +
-                                                     error.message() + ".");
+        throw Error(error_number::kPathNotFound,
+                    "The folder '" + folder.path +
+                        "' for your catalogue cannot be made: " + error.message() + ".");
     }
     const std::string catalogue = ToPlatformPath(JoinPath(folder.path, kCatalogueFileName));
     if (!std::filesystem::exists(catalogue, error)) CreateDatabase(catalogue, CreationScript());
