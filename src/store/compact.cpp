@@ -36,7 +36,6 @@ class BusyPointer {
 class CompactionProgress {
   public:
     explicit CompactionProgress(const Host& host) : host_(host) {
-        host_.progress.SetCancelHandler(nullptr);
         host_.progress.Open("Snippetarium is compacting the database, please wait...");
     }
     ~CompactionProgress() { host_.progress.Close(); }
