@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "support/error.h"
 #include "support/host.h"
@@ -22,13 +23,18 @@ class ReportedError : public Error {
     using Error::Error;
 };
 
-/// Number and text of the exception being handled. Call it inside a catch block. An exception that
-/// is no Error gets the number of an internal failure and its own what() text.
+/// Number and text of the exception being handled. Call it inside a catch block. Lack of memory has
+/// a number of its own; any other exception that is no Error gets the number of an internal
+/// failure, with its own what() text where it has one.
 ErrorDetails CurrentError();
 
 /// The text of the error message: code (10000 + the procedure's number), number and description of
 /// the failure, and where to send a report.
 std::string ErrorMessageText(Procedure procedure, const ErrorDetails& error);
+
+/// Shows the error message for the exception being handled. It ends nothing, logs nothing and is
+/// not guarded itself: what the message box throws leaves it.
+void ReportError(MessageBoxes& messages, Procedure procedure);
 
 /// Shows failures to the user. One for a run of the program; everything that is guarded shares it.
 class ErrorReporter {
@@ -50,10 +56,28 @@ class ErrorReporter {
         ErrorReporter& reporter_;
     };
 
-    /// For a catch block: reports the exception being handled, unless an inner guard did.
-    void ReportCurrent(Procedure procedure);
+    /// Counts the guards anew while events run, and afterwards goes on with the old count. An
+    /// operation that an event starts stands alone, although the guards of the waiting operation
+    /// are still on the stack: it must return its default, because what it threw would fly through
+    /// the event loop into an operation that has nothing to do with it.
+    class EventScope {
+      public:
+        explicit EventScope(ErrorReporter& reporter)
+            : reporter_(reporter), waiting_(std::exchange(reporter.depth_, 0)) {}
+        ~EventScope() { reporter_.depth_ = waiting_; }
+        EventScope(const EventScope&) = delete;
+        EventScope& operator=(const EventScope&) = delete;
+
+      private:
+        ErrorReporter& reporter_;
+        int waiting_;
+    };
+
+    /// For a catch block: reports the exception being handled, unless an inner guard did. Throws
+    /// nothing: where the message cannot be shown, one line on the standard error says so.
+    void ReportCurrent(Procedure procedure) noexcept;
     /// For a catch block, after ReportCurrent: throws the failure on as a ReportedError.
-    [[noreturn]] void ThrowReported() const;
+    [[noreturn]] static void ThrowReported();
 
     MessageBoxes& Messages() { return messages_; }
 
@@ -61,9 +85,5 @@ class ErrorReporter {
     MessageBoxes& messages_;
     int depth_ = 0;
 };
-
-/// Shows the error message for the exception being handled. It ends nothing, logs nothing and is
-/// not guarded itself: a failure while it shows the message is not reported again.
-void ReportError(MessageBoxes& messages, Procedure procedure);
 
 }  // namespace snippetarium

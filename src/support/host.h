@@ -19,7 +19,8 @@ enum class StandardAnswer : std::int16_t { Cancel = 2, Yes = 6, No = 7 };
 /// question of a series: callers go back to it when they start a new one.
 enum class SeriesAnswer : std::int16_t { None, Yes, YesToAll, No, NoToAll, Cancel };
 
-/// Modal boxes. Each call returns when the user has answered.
+/// Modal boxes. Each call returns when the user has answered. An implementation that lets events
+/// run while a box is up wraps them in an ErrorReporter::EventScope, as EventLoop::Yield does.
 class MessageBoxes {
   public:
     virtual ~MessageBoxes() = default;
@@ -55,7 +56,8 @@ class Progress {
     virtual double Total() const = 0;
 
     /// Called, out of EventLoop::Yield, each time the user presses Cancel. Without a handler the
-    /// button is disabled: a job that cannot be cancelled offers no button that does nothing.
+    /// button is disabled: a job that cannot be cancelled offers no button that does nothing. Set
+    /// it while the window is open; Close forgets it.
     virtual void SetCancelHandler(std::function<void()> handler) = 0;
 };
 
@@ -65,7 +67,9 @@ enum class Pointer { Default, Hourglass };
 class EventLoop {
   public:
     virtual ~EventLoop() = default;
-    /// Lets waiting events run (a repaint, a press on Cancel) and comes back.
+    /// Lets waiting events run (a repaint, a press on Cancel) and comes back. An implementation
+    /// delivers them inside an ErrorReporter::EventScope, so that a guarded operation which an
+    /// event starts counts as the outermost one.
     virtual void Yield() = 0;
     virtual void SetPointer(Pointer pointer) = 0;
 };

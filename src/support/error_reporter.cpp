@@ -1,0 +1,72 @@
+#include "support/error_reporter.h"
+
+#include <cstdio>
+#include <exception>
+#include <new>
+
+#include "support/message_boxes.h"
+
+namespace snippetarium {
+
+namespace {
+
+constexpr std::string_view kContactLines =
+    "the Snippetarium developers.\r\n"
+    "\r\nE-mail: support@snippetarium.example\r\n"
+    "\r\nWeb: https://snippetarium.example/support";
+
+}  // namespace
+
+ErrorDetails CurrentError() {
+    try {
+        throw;
+    } catch (const Error& error) {
+        return {error.Number(), error.Description()};
+    } catch (const std::bad_alloc&) {
+        return {error_number::kOutOfMemory, "Out of memory."};
+    } catch (const std::exception& error) {
+        return {error_number::kInternal, error.what()};
+    } catch (...) {
+        return {error_number::kInternal, "A failure of an unknown kind."};
+    }
+}
+
+std::string ErrorMessageText(Procedure procedure, const ErrorDetails& error) {
+    std::string text = "An error has occurred.\r\n\r\nQRT Error Code: ";
+    text += std::to_string(ErrorCode(procedure));
+    text += "\r\n\r\nError Number: " + std::to_string(error.number);
+    text += "\r\n\r\nError Description: " + error.description;
+    text +=
+        "\r\n\r\nPlease write down the QRT error code, error number, error description, "
+        "the situation under which the error occurred, and report to ";
+    text += kContactLines;
+    return text;
+}
+
+void ReportError(MessageBoxes& messages, Procedure procedure) {
+    ShowErrorMessage(messages, ErrorMessageText(procedure, CurrentError()), kErrorTitle);
+}
+
+void ErrorReporter::ReportCurrent(Procedure procedure) noexcept {
+    try {
+        throw;
+    } catch (const ReportedError&) {
+        return;
+    } catch (...) {
+        try {
+            const EventScope events(*this);
+            ReportError(messages_, procedure);
+        } catch (...) {
+            // A second box would fail like this one, and an exception would end the program.
+            std::fprintf(stderr, "QRT Error Code %d: the message could not be shown.\n",
+                         static_cast<int>(ErrorCode(procedure)));
+        }
+    }
+}
+
+void ErrorReporter::ThrowReported() {
+    const ErrorDetails error = CurrentError();
+    throw ReportedError(error.number, error.description);
+}
+
+}  // namespace snippetarium
