@@ -17,7 +17,7 @@
 #include "support/error_reporter.h"
 #include "support/host.h"
 
-namespace snippetarium::testing {
+namespace snippetarium::test {
 
 // The world as tests see it: it records what the program shows and does what the test has scripted.
 // What was scripted and did not happen fails the test, and so does a question that nobody expected.
@@ -279,4 +279,4 @@ class FakeHost {
     }
 };
 
-}  // namespace snippetarium::testing
+}  // namespace snippetarium::test

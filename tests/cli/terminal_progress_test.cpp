@@ -11,7 +11,7 @@
 namespace snippetarium {
 namespace {
 
-using snippetarium::testing::FakeClock;
+using snippetarium::test::FakeClock;
 using namespace std::chrono_literals;
 
 class TerminalProgressTest : public ::testing::Test {

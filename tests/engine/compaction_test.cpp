@@ -1,6 +1,7 @@
 #include "engine/compaction.h"
 
 #include <gtest/gtest.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 

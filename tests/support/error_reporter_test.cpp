@@ -11,9 +11,9 @@
 namespace snippetarium {
 namespace {
 
-using snippetarium::testing::BoxKind;
-using snippetarium::testing::FakeMessageBoxes;
-using snippetarium::testing::ShownBox;
+using snippetarium::test::BoxKind;
+using snippetarium::test::FakeMessageBoxes;
+using snippetarium::test::ShownBox;
 
 constexpr std::string_view kTail =
     "\r\n\r\nPlease write down the QRT error code, error number, error description, the situation "

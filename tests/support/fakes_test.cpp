@@ -2,7 +2,7 @@
 
 #include <gtest/gtest-spi.h>
 
-namespace snippetarium::testing {
+namespace snippetarium::test {
 namespace {
 
 // The fakes are trusted by every other test, so their own alarms are tested.
@@ -109,4 +109,4 @@ TEST(FakeProgress, AlarmsAboutAButtonThatIsNotThere) {
 }
 
 }  // namespace
-}  // namespace snippetarium::testing
+}  // namespace snippetarium::test

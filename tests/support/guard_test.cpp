@@ -11,7 +11,7 @@
 namespace snippetarium {
 namespace {
 
-using snippetarium::testing::FakeHost;
+using snippetarium::test::FakeHost;
 
 class GuardTest : public ::testing::Test {
   protected:

@@ -7,9 +7,9 @@
 namespace snippetarium {
 namespace {
 
-using snippetarium::testing::BoxKind;
-using snippetarium::testing::FakeMessageBoxes;
-using snippetarium::testing::ShownBox;
+using snippetarium::test::BoxKind;
+using snippetarium::test::FakeMessageBoxes;
+using snippetarium::test::ShownBox;
 
 TEST(MessageBoxes, EachHelperShowsItsKindOfBox) {
     FakeMessageBoxes messages;
