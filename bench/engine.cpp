@@ -43,9 +43,10 @@ void InsertThroughTheConnection(benchmark::State& state, WriteMode mode) {
     catalogue.connection.SetWriteMode(mode);
     int i = 0;
     for (auto _ : state) {
-        catalogue.connection.ExecuteAction("INSERT INTO tblCode   (CodeName, Code, classID) VALUES ('P" +
-                                           std::to_string(++i) + "', '" + kOneKilobyte + "', " +
-                                           std::to_string(i / 20) + ")");
+        ++i;
+        catalogue.connection.ExecuteAction(
+            "INSERT INTO tblCode   (CodeName, Code, classID) VALUES ('P" + std::to_string(i) +
+            "', '" + kOneKilobyte + "', " + std::to_string(i / 20) + ")");
     }
     state.SetItemsProcessed(state.iterations());
 }
@@ -55,8 +56,9 @@ void InsertThroughTheLibrary(benchmark::State& state, WriteMode mode) {
     TestCatalogue catalogue;
     catalogue.connection.Close();
     const DatabaseHandle database = OpenDatabase(catalogue.Path(), OpenFlag::ReadWrite);
-    RunStatements(database.get(), "PRAGMA journal_mode = WAL; PRAGMA wal_autocheckpoint = 1000; "
-                                  "PRAGMA secure_delete = OFF; PRAGMA cache_size = -65536");
+    RunStatements(database.get(),
+                  "PRAGMA journal_mode = WAL; PRAGMA wal_autocheckpoint = 1000; "
+                  "PRAGMA secure_delete = OFF; PRAGMA cache_size = -65536");
     RunStatements(database.get(), mode == WriteMode::Bulk ? "PRAGMA synchronous = NORMAL"
                                                           : "PRAGMA synchronous = FULL");
     const StatementHandle insert = PrepareStatement(
@@ -64,9 +66,10 @@ void InsertThroughTheLibrary(benchmark::State& state, WriteMode mode) {
     int i = 0;
     for (auto _ : state) {
         const std::string name = "P" + std::to_string(++i);
-        sqlite3_bind_text(insert.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
-        sqlite3_bind_text(insert.get(), 2, kOneKilobyte.data(), static_cast<int>(kOneKilobyte.size()),
+        sqlite3_bind_text(insert.get(), 1, name.data(), static_cast<int>(name.size()),
                           SQLITE_STATIC);
+        sqlite3_bind_text(insert.get(), 2, kOneKilobyte.data(),
+                          static_cast<int>(kOneKilobyte.size()), SQLITE_STATIC);
         sqlite3_bind_int(insert.get(), 3, i / 20);
         if (sqlite3_step(insert.get()) != SQLITE_DONE) state.SkipWithError("insert failed");
         sqlite3_reset(insert.get());
@@ -75,8 +78,10 @@ void InsertThroughTheLibrary(benchmark::State& state, WriteMode mode) {
 }
 BENCHMARK_CAPTURE(InsertThroughTheLibrary, Bulk, WriteMode::Bulk)->Iterations(50'000);
 BENCHMARK_CAPTURE(InsertThroughTheConnection, Bulk, WriteMode::Bulk)->Iterations(50'000);
-BENCHMARK_CAPTURE(InsertThroughTheLibrary, EachStatement, WriteMode::EachStatement)->Iterations(5'000);
-BENCHMARK_CAPTURE(InsertThroughTheConnection, EachStatement, WriteMode::EachStatement)->Iterations(5'000);
+BENCHMARK_CAPTURE(InsertThroughTheLibrary, EachStatement, WriteMode::EachStatement)
+    ->Iterations(5'000);
+BENCHMARK_CAPTURE(InsertThroughTheConnection, EachStatement, WriteMode::EachStatement)
+    ->Iterations(5'000);
 
 }  // namespace
 }  // namespace snippetarium::test

@@ -9,13 +9,13 @@
 
 namespace snippetarium::test {
 
-/// Another program, as far as files and locks go: a fork that runs a function, says that it is ready
-/// and then waits until it is killed.
+/// Another program, as far as files and locks go: a fork that runs a function, says that it is
+/// ready and then waits until it is killed.
 class ChildProcess {
   public:
-    /// Returns once the child's function has come back. What the function keeps open stays open only
-    /// if it is captured by reference to something that lives on in the child, such as a local of
-    /// the test.
+    /// Returns once the child's function has come back. What the function keeps open stays open
+    /// only if it is captured by reference to something that lives on in the child, such as a local
+    /// of the test.
     explicit ChildProcess(const std::function<void()>& work) {
         int ready[2];
         if (pipe(ready) != 0) throw std::runtime_error("no pipe");
@@ -23,7 +23,8 @@ class ChildProcess {
         if (process_ == 0) {
             work();
             if (write(ready[1], "r", 1) != 1) _exit(1);
-            for (;;) pause();
+            for (;;)
+                pause();
         }
         close(ready[1]);
         char byte = 0;

@@ -188,8 +188,8 @@ class FakeEventLoop final : public EventLoop {
     int yields = 0;
     std::vector<Pointer> pointers;
 
-    /// Events are delivered outside the guards of the reporter, where one is given.
-    explicit FakeEventLoop(ErrorReporter* reporter = nullptr) : reporter_(reporter) {}
+    /// Events are delivered outside the guards of the reporter.
+    explicit FakeEventLoop(ErrorReporter& reporter) : reporter_(reporter) {}
     FakeEventLoop(const FakeEventLoop&) = delete;
     FakeEventLoop& operator=(const FakeEventLoop&) = delete;
     ~FakeEventLoop() override {
@@ -197,9 +197,6 @@ class FakeEventLoop final : public EventLoop {
             ADD_FAILURE() << "yield " << yield << " was scripted and never came";
         }
     }
-
-    /// For a program under test that has made a reporter of its own.
-    void DeliverOutsideGuardsOf(ErrorReporter& reporter) { reporter_ = &reporter; }
 
     /// Runs the action at the given yield, the first being 1.
     void At(int yield, std::function<void()> action) { script_.emplace(yield, std::move(action)); }
@@ -210,19 +207,14 @@ class FakeEventLoop final : public EventLoop {
              next = script_.find(current)) {
             const std::function<void()> action = std::move(next->second);
             script_.erase(next);
-            Deliver(action);
+            const ErrorReporter::EventScope events(reporter_);
+            action();
         }
     }
     void SetPointer(Pointer pointer) override { pointers.push_back(pointer); }
 
   private:
-    void Deliver(const std::function<void()>& action) {
-        if (reporter_ == nullptr) return action();
-        const ErrorReporter::EventScope events(*reporter_);
-        action();
-    }
-
-    ErrorReporter* reporter_;
+    ErrorReporter& reporter_;
     std::multimap<int, std::function<void()>> script_;
 };
 
@@ -265,10 +257,10 @@ class FakeHost {
     FakeMessageBoxes messages;
     ErrorReporter reporter{messages};
     FakeProgress progress;
-    FakeEventLoop events{&reporter};
+    FakeEventLoop events{reporter};
     FakeClock clock;
     FakeHelpBrowser help;
-    Host host{messages, progress, events, clock, help};
+    Host host{messages, progress, events, clock, help, reporter};
 
     FakeHost() = default;
     FakeHost(const FakeHost&) = delete;

@@ -16,7 +16,8 @@ namespace snippetarium::test {
 class TemporaryFolder {
   public:
     TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "snippetarium-XXXXXX").string();
+        std::string name =
+            (std::filesystem::temp_directory_path() / "snippetarium-XXXXXX").string();
         if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
         path_ = name;
     }

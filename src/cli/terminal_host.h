@@ -48,8 +48,7 @@ class TerminalHost {
     TerminalHost(const TerminalHost&) = delete;
     TerminalHost& operator=(const TerminalHost&) = delete;
 
-    Host Interfaces() { return {boxes_, progress_, events_, clock_, help_}; }
-    ErrorReporter& Reporter() { return reporter_; }
+    Host Interfaces() { return {boxes_, progress_, events_, clock_, help_, reporter_}; }
 
     /// Whether a question was asked that nobody could answer. The program then ends with a failure.
     bool WasRefused() const { return boxes_.WasRefused(); }

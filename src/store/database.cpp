@@ -30,10 +30,7 @@ constexpr std::string_view kOpenForReadingOnly =
 }  // namespace
 
 Database::Database(const Host& host, ProviderRegistry providers, std::string programFolder)
-    : host_(host),
-      reporter_(host.messages),
-      connection_(std::move(providers)),
-      programFolder_(std::move(programFolder)) {}
+    : host_(host), connection_(std::move(providers)), programFolder_(std::move(programFolder)) {}
 
 std::string Database::FilePath() const {
     return ToPlatformPath(JoinPath(programFolder_, kCatalogueFileName));

@@ -32,7 +32,7 @@ class Database {
     Database& operator=(const Database&) = delete;
 
     const Host& GetHost() const { return host_; }
-    ErrorReporter& Reporter() { return reporter_; }
+    ErrorReporter& Reporter() { return host_.reporter; }
     Connection& GetConnection() { return connection_; }
     Command& SharedCommand() { return command_; }
     const std::string& ProgramFolder() const { return programFolder_; }
@@ -73,7 +73,6 @@ class Database {
     void AcquireWriting();
 
     Host host_;
-    ErrorReporter reporter_;
     Connection connection_;
     Command command_;
     Recordset lastRecordset_;

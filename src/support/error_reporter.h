@@ -36,7 +36,8 @@ std::string ErrorMessageText(Procedure procedure, const ErrorDetails& error);
 /// not guarded itself: what the message box throws leaves it.
 void ReportError(MessageBoxes& messages, Procedure procedure);
 
-/// Shows failures to the user. One for a run of the program; everything that is guarded shares it.
+/// Shows failures to the user. One for a run of the program, kept in its Host: everything that is
+/// guarded shares it, and so does the event loop.
 class ErrorReporter {
   public:
     explicit ErrorReporter(MessageBoxes& messages) : messages_(messages) {}

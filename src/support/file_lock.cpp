@@ -17,8 +17,8 @@ namespace {
 
 constexpr mode_t kEverybodyMayUse = 0666;  // less what the user's umask takes away
 
-/// The holder removes its file when it lets go. Whoever waited on that very file then has a lock that
-/// nobody else will ever see, and must start again with the new one.
+/// The holder removes its file when it lets go. Whoever waited on that very file then has a lock
+/// that nobody else will ever see, and must start again with the new one.
 bool IsStillAtPath(int file, const std::string& path) {
     struct stat opened {};
     struct stat named {};
@@ -59,7 +59,9 @@ FileLock& FileLock::operator=(FileLock&& other) noexcept {
     return *this;
 }
 
-FileLock::~FileLock() { Release(); }
+FileLock::~FileLock() {
+    Release();
+}
 
 void FileLock::Release() {
     if (file_ < 0) return;

@@ -8,6 +8,8 @@
 
 namespace snippetarium {
 
+class ErrorReporter;
+
 // The world outside the catalogue's rules, cut into five small interfaces, so that the same rules
 // run behind windows, in a terminal and under test. Texts are UTF-8 with CR LF between lines; an
 // implementation turns the line breaks into its own.
@@ -92,14 +94,16 @@ class HelpBrowser {
     virtual void Navigate(std::string_view address) = 0;
 };
 
-/// Everything an operation may need of the world. Holds references: whoever makes a Host keeps the
-/// five objects alive longer.
+/// Everything an operation may need of the world, and the one reporter through which everything
+/// that is guarded tells its failures. Holds references: whoever makes a Host keeps the objects
+/// alive longer.
 struct Host {
     MessageBoxes& messages;
     Progress& progress;
     EventLoop& events;
     Clock& clock;
     HelpBrowser& help;
+    ErrorReporter& reporter;
 };
 
 }  // namespace snippetarium

@@ -162,7 +162,7 @@ TEST_F(TerminalHostTest, AfterCtrlCTheOptionAnswersAgain) {
 
 TEST_F(TerminalHostTest, AFailureInTheCancelHandlerDoesNotThrowIntoTheJob) {
     Terminal t;
-    ErrorReporter& reporter = t.terminal.Reporter();
+    ErrorReporter& reporter = t.host.reporter;
     t.StartJob([&] {
         Guarded(reporter, Procedure::ListAllSubfolderFiles, [] { throw Error(5, "broken"); });
     });

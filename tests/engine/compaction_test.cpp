@@ -1,7 +1,7 @@
 #include "engine/compaction.h"
 
-#include <gtest/gtest.h>
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -21,8 +21,8 @@ class CompactionTest : public testing::Test {
         Connection& connection = catalogue_.connection;
         const std::string text(3000, 'x');
         for (int i = 0; i < 300; ++i) {
-            connection.ExecuteAction("INSERT INTO tblCode (codeName, code) VALUES ('filler', '" + text +
-                                     "')");
+            connection.ExecuteAction("INSERT INTO tblCode (codeName, code) VALUES ('filler', '" +
+                                     text + "')");
         }
         connection.ExecuteAction("DELETE FROM tblCode WHERE codeName = 'filler' AND codeID < 290");
         connection.Close();
@@ -75,7 +75,10 @@ TEST_F(CompactionTest, IsRefusedWhileAnotherProgramHasTheFileOpenAndIdle) {
     const std::function<void()> others[] = {
         [&] { open(Source().c_str(), 0); },
         [&] { OpenDatabase(Source(), OpenFlag::Read).release(); },
-        [&] { ScalarText(OpenDatabase(Source(), OpenFlag::ReadWrite).release(), "SELECT count(*) FROM tblCode"); },
+        [&] {
+            ScalarText(OpenDatabase(Source(), OpenFlag::ReadWrite).release(),
+                       "SELECT count(*) FROM tblCode");
+        },
     };
     for (const auto& other : others) {
         const ChildProcess child(other);
@@ -122,7 +125,8 @@ TEST_F(CompactionTest, LeavesTheSourceWhenTheCopyCannotBeWritten) {
     ExpectWhole();
     EXPECT_NE(ErrorNumberOf([&] {
                   Compaction(ConnectionStringOf(Source()))
-                      .WriteCopy(ConnectionStringOf(catalogue_.folder.File("no/folder.mde")), nullptr);
+                      .WriteCopy(ConnectionStringOf(catalogue_.folder.File("no/folder.mde")),
+                                 nullptr);
               }),
               0);
     ExpectWhole();

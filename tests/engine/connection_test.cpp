@@ -32,9 +32,9 @@ TEST(ConnectionString, IsTakenApart) {
 }
 
 TEST(ConnectionString, IsRefusedWhereAPartIsMissingUnknownOrTwice) {
-    for (const std::string_view text : {"", "Provider=P", "Data Source=/a", "Provider=;Data Source=/a",
-                                        "User=x;Provider=P;Data Source=/a",
-                                        "Provider=P;Provider=Q;Data Source=/a"}) {
+    for (const std::string_view text :
+         {"", "Provider=P", "Data Source=/a", "Provider=;Data Source=/a",
+          "User=x;Provider=P;Data Source=/a", "Provider=P;Provider=Q;Data Source=/a"}) {
         EXPECT_EQ(ErrorNumberOf([&] { ParseConnectionString(text); }), 3061) << text;
     }
 }
@@ -133,7 +133,8 @@ TEST(Connection, OpensAFileThatIsMarkedReadOnlyForReadingOnly) {
     catalogue.connection.SetMode(AccessMode::Read);
     catalogue.connection.Open();
     EXPECT_EQ(catalogue.Scalar("SELECT codeName FROM tblCode WHERE codeID = 2"), "Fill");
-    EXPECT_EQ(ErrorNumberOf([&] { catalogue.connection.ExecuteAction("DELETE FROM tblCode"); }), 3027);
+    EXPECT_EQ(ErrorNumberOf([&] { catalogue.connection.ExecuteAction("DELETE FROM tblCode"); }),
+              3027);
     catalogue.connection.Close();
     EXPECT_TRUE(ReadBytes(catalogue.Path()) == before);
 }
@@ -159,7 +160,8 @@ TEST(Connection, KilledAtAnyMomentKeepsEveryFinishedStatement) {
             catalogue.connection.Open();
             catalogue.connection.SetWriteMode(mode);
             for (int i = 0; i < 50; ++i) {
-                catalogue.connection.ExecuteAction("INSERT INTO tblCode (codeName) VALUES ('killed')");
+                catalogue.connection.ExecuteAction(
+                    "INSERT INTO tblCode (codeName) VALUES ('killed')");
             }
         });
         writer.Kill();

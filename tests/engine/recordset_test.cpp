@@ -80,7 +80,8 @@ TEST(Value, ConvertsToWholeNumbers) {
         {Value::Text("1e3"), 1000},
         {Value::Text("-7.5"), -8},
     };
-    for (const auto& test : cases) EXPECT_EQ(test.value.Long(), test.expected) << test.value.Text();
+    for (const auto& test : cases)
+        EXPECT_EQ(test.value.Long(), test.expected) << test.value.Text();
 }
 
 TEST(Value, RefusesWhatIsNoWholeNumberOf32Bits) {

@@ -1,4 +1,5 @@
-// What statements may say and do: reads, actions, named queries, and search texts with hostile terms.
+// What statements may say and do: reads, actions, named queries, and search texts with hostile
+// terms.
 
 #include <gtest/gtest.h>
 
@@ -26,8 +27,10 @@ TEST(Statements, ReadEveryRowBeforeAnythingElseHappens) {
 TEST(Statements, CompareTextWithoutRegardToCase) {
     TestCatalogue catalogue;
     EXPECT_EQ(catalogue.Scalar("SELECT count(*) FROM tblCode WHERE codeName = 'DRAW'"), "2");
-    EXPECT_EQ(catalogue.Scalar("SELECT count(*) FROM tblApplication WHERE appName LIKE '%GRID%'"), "2");
-    EXPECT_EQ(catalogue.Scalar("SELECT appID FROM tblApplication WHERE appName LIKE 'g[!a-q]id'"), "2");
+    EXPECT_EQ(catalogue.Scalar("SELECT count(*) FROM tblApplication WHERE appName LIKE '%GRID%'"),
+              "2");
+    EXPECT_EQ(catalogue.Scalar("SELECT appID FROM tblApplication WHERE appName LIKE 'g[!a-q]id'"),
+              "2");
 }
 
 TEST(Statements, TakeDatesAndDeletionsOfTheDialect) {
@@ -70,7 +73,8 @@ TEST(Statements, ThatAreBadAreRefusedAndChangeNothing) {
         {"DELETE FROM tblCode /* all */", 3075},
         {"DELETE FROM tblCode WHERE (codeID = 1", 3075},
         {"DELETE FROM tblCode WHERE codeID = 1)", 3075},
-        {"DELETE FROM tblCode WHERE " + std::string(10000, '(') + "1" + std::string(10000, ')'), 3360},
+        {"DELETE FROM tblCode WHERE " + std::string(10000, '(') + "1" + std::string(10000, ')'),
+         3360},
         {std::string("DELETE FROM tblCode WHERE codeName = 'a\0b'", 42), 3075},
         {"DELETE FROM tblCode WHERE codeName = '\xFF\xFE'", 3075},
         {"DELETE FROM tblCode WHERE codeName = 'open", 3075},
@@ -106,10 +110,11 @@ TEST(Statements, GoOnWorkingAfterTheTablesHaveChanged) {
 
 TEST(Scripts, RunWholeOrNotAtAll) {
     TestCatalogue catalogue;
-    EXPECT_NE(ErrorNumberOf([&] {
-                  catalogue.connection.RunScript("DELETE FROM tblCode; INSERT INTO tblNoSuch VALUES(1);");
-              }),
-              0);
+    EXPECT_NE(
+        ErrorNumberOf([&] {
+            catalogue.connection.RunScript("DELETE FROM tblCode; INSERT INTO tblNoSuch VALUES(1);");
+        }),
+        0);
     EXPECT_EQ(catalogue.Scalar("SELECT count(*) FROM tblCode"), "3");
 }
 
@@ -117,9 +122,11 @@ class NamedQueriesTest : public testing::Test {
   protected:
     NamedQueriesTest() { command_.SetActiveConnection(&catalogue_.connection); }
     Recordset Run(std::string_view name, std::vector<Parameter> parameters) {
-        while (command_.ParameterCount() > 0) command_.DeleteParameter(0);
+        while (command_.ParameterCount() > 0)
+            command_.DeleteParameter(0);
         command_.SetText(name);
-        for (Parameter& parameter : parameters) command_.Append(std::move(parameter));
+        for (Parameter& parameter : parameters)
+            command_.Append(std::move(parameter));
         return command_.Execute();
     }
     TestCatalogue catalogue_;
@@ -137,7 +144,8 @@ TEST_F(NamedQueriesTest, TakeTheirValuesInOrder) {
 
 TEST_F(NamedQueriesTest, LookUpALongNameByItsFirst255Characters) {
     std::string name;
-    for (int i = 0; i < 300; ++i) name += "\xC3\xA9";
+    for (int i = 0; i < 300; ++i)
+        name += "\xC3\xA9";
     catalogue_.connection.ExecuteAction("INSERT INTO tblCode (codeName, classID) VALUES ('" +
                                         name.substr(0, 510) + "', 5)");
     EXPECT_EQ(Run("qryCodeIDByCodeNameClassID",
@@ -153,7 +161,8 @@ TEST_F(NamedQueriesTest, RefuseUnknownNamesAndWrongValues) {
     EXPECT_EQ(numberOf("qryNoSuch", {}), 3078);
     EXPECT_EQ(numberOf("qryCodeNameByID", {}), 3061);
     EXPECT_EQ(numberOf("qryCodeNameByID", {Parameter::Text50("codeID", "2")}), 3061);
-    EXPECT_EQ(numberOf("qryCodeNameByID", {Parameter::Long("a", 1), Parameter::Long("b", 2)}), 3061);
+    EXPECT_EQ(numberOf("qryCodeNameByID", {Parameter::Long("a", 1), Parameter::Long("b", 2)}),
+              3061);
     EXPECT_EQ(numberOf("qryWrites", {}), 3033);
     EXPECT_EQ(numberOf("qryBadKind", {Parameter::Long("codeID", 1)}), 3061);
     EXPECT_EQ(catalogue_.Scalar("SELECT count(*) FROM tblCode"), "3");
@@ -183,9 +192,11 @@ TEST(SearchStatements, CannotReachBeyondTheCatalogueWhateverIsTyped) {
     TestCatalogue catalogue;
     const std::string brackets(5000, '(');
     std::string nots;
-    for (int i = 0; i < 5000; ++i) nots += "not ";
+    for (int i = 0; i < 5000; ++i)
+        nots += "not ";
     std::string unions = "x";
-    for (int i = 0; i < 50; ++i) unions += "' UNION SELECT a.appName, a.appID FROM tblApplication a WHERE ''='";
+    for (int i = 0; i < 50; ++i)
+        unions += "' UNION SELECT a.appName, a.appID FROM tblApplication a WHERE ''='";
     const std::string terms[] = {
         "x' UNION SELECT sql, 1 FROM sqlite_schema WHERE ''='",
         "x' UNION SELECT name, seq FROM sqlite_sequence WHERE ''='",
@@ -196,7 +207,8 @@ TEST(SearchStatements, CannotReachBeyondTheCatalogueWhateverIsTyped) {
         "x' OR hex(fts3_tokenizer('simple')) OR ''='",
         "x' OR hex(zeroblob(400000000)) OR ''='",
         "x' OR randomblob(900000000) OR ''='",
-        "x' OR (WITH RECURSIVE c(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM c) SELECT max(i) FROM c) OR ''='",
+        "x' OR (WITH RECURSIVE c(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM c) SELECT max(i) FROM "
+        "c) OR ''='",
         "x' OR " + brackets + "1" + std::string(5000, ')') + " OR ''='",
         "x' OR " + nots + "1 OR ''='",
         unions,
@@ -205,7 +217,8 @@ TEST(SearchStatements, CannotReachBeyondTheCatalogueWhateverIsTyped) {
         "it's",
     };
     for (const std::string& term : terms) {
-        const int number = ErrorNumberOf([&] { catalogue.connection.ExecuteSearch(SearchFor(term)); });
+        const int number =
+            ErrorNumberOf([&] { catalogue.connection.ExecuteSearch(SearchFor(term)); });
         if (term == "x\" OR \"\"=\"") {
             EXPECT_EQ(number, 0) << "double quotes inside a literal are text";
         } else {
@@ -213,7 +226,8 @@ TEST(SearchStatements, CannotReachBeyondTheCatalogueWhateverIsTyped) {
         }
     }
     EXPECT_EQ(catalogue.Scalar("SELECT count(*) FROM tblCode"), "3");
-    EXPECT_EQ(ErrorNumberOf([&] { catalogue.connection.ExecuteSearch("DELETE FROM tblCode"); }), 3129);
+    EXPECT_EQ(ErrorNumberOf([&] { catalogue.connection.ExecuteSearch("DELETE FROM tblCode"); }),
+              3129);
 }
 
 struct CancelAfter : CancelPoll {

@@ -13,8 +13,8 @@
 
 namespace snippetarium::test {
 
-/// A test on a new delivered catalogue in a folder of its own. Every box that it did not look for and
-/// take away fails it.
+/// A test on a new delivered catalogue in a folder of its own. Every box that it did not look for
+/// and take away fails it.
 class CatalogueFixture : public ::testing::Test {
   protected:
     CatalogueFixture() { CreateDatabase(folder_.File(kCatalogueFileName), CreationScript()); }

@@ -25,12 +25,13 @@ TEST_F(OpeningTest, WithoutTheProviderIsFatal) {
     bool hasEnded = false;
     db.SetEndProgram([&] { hasEnded = true; });
     OpenCatalogue(db);
-    EXPECT_EQ(TakeBox(),
-              (ShownBox{BoxKind::Error, "Snippetarium",
-                        "Connection to Snippetarium database failed.\r\n\r\nMS Access database provider "
-                        "cannot be found.  It may not have been installed or may have been removed.  "
-                        "Please back up database (QRT_SN.mde in program folder) and re-install MS Access "
-                        "or Snippetarium.\r\n\r\nSnippetarium will now shut down."}));
+    EXPECT_EQ(
+        TakeBox(),
+        (ShownBox{BoxKind::Error, "Snippetarium",
+                  "Connection to Snippetarium database failed.\r\n\r\nMS Access database provider "
+                  "cannot be found.  It may not have been installed or may have been removed.  "
+                  "Please back up database (QRT_SN.mde in program folder) and re-install MS Access "
+                  "or Snippetarium.\r\n\r\nSnippetarium will now shut down."}));
     EXPECT_TRUE(db.IsShuttingDown());
     EXPECT_FALSE(db.GetConnection().IsOpen());
     EXPECT_FALSE(hasEnded) << "opening leaves the ending to its caller";
@@ -101,7 +102,8 @@ TEST_F(DatabaseTest, TellsItsObserverEveryStatementThatItExecutes) {
     std::vector<std::string> statements;
     db_.SetStatementObserver([&](std::string_view sql) { statements.emplace_back(sql); });
     EXPECT_EQ(ExecuteSQL(db_, "INSERT INTO tblAuthor VALUES (1, 'Ann', '', 'Lee')"), 1);
-    EXPECT_EQ(statements, std::vector<std::string>{"INSERT INTO tblAuthor VALUES (1, 'Ann', '', 'Lee')"});
+    EXPECT_EQ(statements,
+              std::vector<std::string>{"INSERT INTO tblAuthor VALUES (1, 'Ann', '', 'Lee')"});
 }
 
 TEST_F(DatabaseTest, NamedReadsNeverSeeEachOthersParameters) {
@@ -127,9 +129,10 @@ TEST_F(DatabaseTest, AMissingRecordsetIsClosedAndAtItsEnd) {
 TEST_F(DatabaseTest, IsCompactedAndOpenedAgain) {
     WriteBytes(folder_.File(kCompactionFileName), "left by a program that was killed");
     RunCompaction(db_);
-    EXPECT_EQ(TakeBox(), (ShownBox{BoxKind::Information, "Snippetarium Information",
-                                   "The database has been successfully compacted (and repaired if there "
-                                   "were any errors)."}));
+    EXPECT_EQ(TakeBox(),
+              (ShownBox{BoxKind::Information, "Snippetarium Information",
+                        "The database has been successfully compacted (and repaired if there "
+                        "were any errors)."}));
     EXPECT_EQ(host_.events.pointers, (std::vector{Pointer::Hourglass, Pointer::Default}));
     EXPECT_FALSE(host_.progress.IsOpen());
     EXPECT_FALSE(std::filesystem::exists(folder_.File(kCompactionFileName)));
@@ -144,10 +147,11 @@ TEST_F(DatabaseTest, IsNotCompactedWhileAnotherProgramHasItOpen) {
         OpenCatalogue(*reader);
     });
     RunCompaction(db_);
-    EXPECT_EQ(TakeBox(), (ShownBox{BoxKind::Information, "Snippetarium Information",
-                                   "Snippetarium has detected that the database is currently opened by "
-                                   "another application.  Please close the database before compacting "
-                                   "the database."}));
+    EXPECT_EQ(TakeBox(),
+              (ShownBox{BoxKind::Information, "Snippetarium Information",
+                        "Snippetarium has detected that the database is currently opened by "
+                        "another application.  Please close the database before compacting "
+                        "the database."}));
     EXPECT_EQ(host_.events.pointers.back(), Pointer::Default);
     EXPECT_TRUE(db_.GetConnection().IsOpen());
     EXPECT_FALSE(db_.IsReadOnly()) << "the right to write is kept while the catalogue is closed";

@@ -49,7 +49,8 @@ TEST(FakeMessageBoxes, AlarmsAboutQuestionsThatDoNotFitTheScript) {
 }
 
 TEST(FakeEventLoop, RunsEachActionAtItsYield) {
-    FakeEventLoop events;
+    FakeHost host;
+    FakeEventLoop& events = host.events;
     std::vector<int> ran;
     events.At(2, [&] { ran.push_back(events.yields); });
     events.At(2, [&] { events.At(3, [&] { ran.push_back(events.yields * 10); }); });
@@ -62,9 +63,9 @@ TEST(FakeEventLoop, RunsEachActionAtItsYield) {
 TEST(FakeEventLoop, AlarmsAboutAYieldThatNeverCame) {
     EXPECT_NONFATAL_FAILURE(
         {
-            FakeEventLoop events;
-            events.At(2, [] {});
-            events.Yield();
+            FakeHost host;
+            host.events.At(2, [] {});
+            host.events.Yield();
         },
         "yield 2 was scripted and never came");
 }
