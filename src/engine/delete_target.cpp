@@ -39,7 +39,7 @@ SqlToken TableOfAlias(SqlLexer clause, const SqlToken& alias) {
         if (EndsFromClause(token)) break;
         if (token.Is('(')) {
             SqlLexer ahead = clause;
-            const bool holdsTables = isTableNext && !ahead.Next().IsWord("SELECT");
+            const bool holdsTables = isTableNext && !StartsSubSelect(ahead.Next());
             if (!holdsTables) SkipBrackets(clause);
             isTableNext = holdsTables;
         } else if (isTableNext && token.IsName()) {

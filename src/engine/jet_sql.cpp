@@ -31,6 +31,16 @@ bool IsSetOperator(const SqlToken& token) {
     return token.IsWord("UNION") || token.IsWord("INTERSECT") || token.IsWord("EXCEPT");
 }
 
+void CheckCharacters(std::string_view text) {
+    const std::size_t nul = text.find('\0');
+    if (nul != std::string_view::npos) ThrowSyntaxError(nul, "remove the NUL byte");
+    if (!IsValidUtf8(text)) {
+        throw EngineError(EngineErrorCode::Syntax,
+                          "The statement holds bytes that are no text in UTF-8. Convert what was "
+                          "put into it first.");
+    }
+}
+
 StatementVerb VerbOf(const SqlToken& token) {
     constexpr std::pair<std::string_view, StatementVerb> kVerbs[] = {
         {"SELECT", StatementVerb::Select}, {"INSERT", StatementVerb::Insert},
@@ -52,7 +62,6 @@ class Translator {
     Translation Run();
 
   private:
-    void CheckCharacters() const;
     void ReadStart(const SqlToken& verb);
     void ReadDeleteStart();
     void ReadDeleteFromJoin(const SqlToken& alias);
@@ -63,6 +72,7 @@ class Translator {
     void ReadSelect(const SqlToken& select);
     void ReadSetOperator(const SqlToken& token);
     void ReadQuotedName(const SqlToken& token);
+    void CheckApart(const SqlToken& literal) const;
     void ReadText(const SqlToken& token);
     void ReadDate(const SqlToken& token);
     void ReadNumber(const SqlToken& token);
@@ -70,7 +80,6 @@ class Translator {
     SqlToken Expect(const char* word);
     bool TakesValues() const;
     void TakeValue(const SqlToken& token, SqlLiteral value);
-    void NoteUse(const std::string& parameterName);
     void Copy(const SqlToken& token);
     void Replace(const SqlToken& token, std::string_view replacement);
     void ReplaceByParameter(const SqlToken& token, std::size_t number);
@@ -89,7 +98,7 @@ class Translator {
 };
 
 Translation Translator::Run() {
-    CheckCharacters();
+    CheckCharacters(text_);
     SqlToken token = lexer_.Next();
     result_.verb = VerbOf(token);
     done_ = token.offset;
@@ -100,17 +109,6 @@ Translation Translator::Run() {
     }
     ReadEnd(token);
     return std::move(result_);
-}
-
-void Translator::CheckCharacters() const {
-    const std::size_t nul = text_.find('\0');
-    if (nul != std::string_view::npos) ThrowSyntaxError(nul, "remove the NUL byte");
-    if (!IsValidUtf8(text_)) {
-        throw EngineError(
-            EngineErrorCode::Syntax,
-            "The statement holds bytes that are no text in UTF-8. Convert what was put "
-            "into it first.");
-    }
 }
 
 void Translator::ReadStart(const SqlToken& verb) {
@@ -153,9 +151,7 @@ void Translator::ReadDeleteFromJoin(const SqlToken& alias) {
     const SqlToken dot = lexer_.Next();
     const SqlToken star = lexer_.Next();
     if (!dot.Is('.') || !star.Is('*')) {
-        ThrowSyntaxError(alias.offset,
-                         "DELETE removes whole rows: write FROM, or a table's name, .* "
-                         "and FROM");
+        ThrowSyntaxError(alias.offset, "DELETE removes whole rows: write FROM, or a.* FROM");
     }
     const SqlToken from = Expect("FROM");
     const SqlToken table = TableOfAlias(lexer_, alias);
@@ -216,8 +212,7 @@ void Translator::ReadWord(const SqlToken& token) {
 
 void Translator::ReadSelect(const SqlToken& select) {
     Copy(select);
-    const bool isPlain =
-        result_.verb == StatementVerb::Select && !std::exchange(isSelectRead_, true);
+    const bool isFirst = !std::exchange(isSelectRead_, true);
     SqlLexer ahead = lexer_;
     SqlToken token = ahead.Next();
     if (token.IsWord("DISTINCT") || token.IsWord("ALL")) {
@@ -228,8 +223,9 @@ void Translator::ReadSelect(const SqlToken& select) {
     if (!token.IsWord("TOP")) return;
     const SqlToken count = ahead.Next();
     if (count.kind != SqlTokenKind::Number) return;  // TOP is a column's name
-    if (!isPlain)
+    if (!isFirst || result_.verb != StatementVerb::Select) {
         ThrowSyntaxError(token.offset, "TOP is possible only in a statement's first SELECT");
+    }
     if (count.text.find_first_not_of("0123456789") != std::string_view::npos) {
         ThrowSyntaxError(count.offset, "behind TOP stands a whole number of rows");
     }
@@ -258,19 +254,28 @@ void Translator::ReadQuotedName(const SqlToken& token) {
         return IsSameSqlName(name, token.Unquoted());
     });
     if (isPart || found == names.end()) return Copy(token);
-    NoteUse(*found);
+    std::vector<std::string>& used = result_.parameterNames;
+    if (std::find(used.begin(), used.end(), *found) == used.end()) used.push_back(*found);
     ReplaceByParameter(token, static_cast<std::size_t>(found - names.begin()) + 1);
 }
 
-void Translator::ReadText(const SqlToken& token) {
-    if (previous_.IsWord("X") && previous_.EndOffset() == token.offset) {
-        ThrowSyntaxError(previous_.offset, "put a blank between a name and a text");
+/// x'41' would be bytes to the engine below, and a text with a date right behind it one text.
+void Translator::CheckApart(const SqlToken& literal) const {
+    const bool isBehindLiteral = previous_.kind == SqlTokenKind::Text ||
+                                 previous_.kind == SqlTokenKind::Date || previous_.IsWord("X");
+    if (isBehindLiteral && previous_.EndOffset() == literal.offset) {
+        ThrowSyntaxError(literal.offset, "something must stand between these two");
     }
+}
+
+void Translator::ReadText(const SqlToken& token) {
+    CheckApart(token);
     if (!TakesValues()) return Copy(token);
     TakeValue(token, TextOfLiteral(token));
 }
 
 void Translator::ReadDate(const SqlToken& token) {
+    CheckApart(token);
     std::string date = DateTextOfLiteral(token);
     if (TakesValues()) return TakeValue(token, std::move(date));
     Replace(token, "'");
@@ -299,13 +304,6 @@ bool Translator::TakesValues() const {
 void Translator::TakeValue(const SqlToken& token, SqlLiteral value) {
     result_.parameters.push_back(std::move(value));
     ReplaceByParameter(token, options_.parameterNames.size() + result_.parameters.size());
-}
-
-void Translator::NoteUse(const std::string& parameterName) {
-    std::vector<std::string>& used = result_.parameterNames;
-    if (std::find(used.begin(), used.end(), parameterName) == used.end()) {
-        used.push_back(parameterName);
-    }
 }
 
 void Translator::Copy(const SqlToken& token) {

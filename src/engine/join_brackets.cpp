@@ -16,10 +16,6 @@ namespace {
 
 constexpr std::size_t kMostOpen = 100;
 
-bool StartsSubSelect(const SqlToken& token) {
-    return token.IsWord("SELECT") || token.IsWord("VALUES") || token.IsWord("WITH");
-}
-
 bool CanEndJoins(const SqlToken& token) {
     if (token.kind == SqlTokenKind::Symbol) return token.Is(')');
     return !IsJoinWord(token) && !token.IsWord("AS");

@@ -33,6 +33,7 @@ constexpr ForeignSyntax kForeignSyntax[] = {
 constexpr std::string_view kJoinWords[] = {
     "JOIN", "INNER", "LEFT", "RIGHT", "FULL", "OUTER", "CROSS", "NATURAL",
 };
+constexpr std::string_view kWordsOfSubSelects[] = {"SELECT", "VALUES", "WITH"};
 constexpr std::string_view kWordsBehindFrom[] = {
     "WHERE", "GROUP", "HAVING", "ORDER", "LIMIT", "UNION", "INTERSECT", "EXCEPT",
 };
@@ -79,6 +80,10 @@ std::string_view SqlToken::Unquoted() const {
 
 bool IsJoinWord(const SqlToken& token) {
     return IsOneOf(token, kJoinWords);
+}
+
+bool StartsSubSelect(const SqlToken& token) {
+    return IsOneOf(token, kWordsOfSubSelects);
 }
 
 bool EndsFromClause(const SqlToken& token) {

@@ -34,6 +34,8 @@ struct SqlToken {
 
 /// JOIN and the words that stand before it.
 bool IsJoinWord(const SqlToken& token);
+/// The first word of a sub-select.
+bool StartsSubSelect(const SqlToken& token);
 /// WHERE and the other words that end a FROM clause.
 bool EndsFromClause(const SqlToken& token);
 /// Names in statements are compared without regard to the case of ASCII letters.

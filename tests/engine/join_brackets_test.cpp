@@ -192,7 +192,7 @@ TEST(JoinBrackets, LeavesAllOthersAlone) {
         "SELECT 1 FROM (t WHERE a = 1)",
         "SELECT 1 FROM (t AS) LEFT JOIN u",
         "SELECT 1 FROM (t NATURAL) JOIN u",
-        "SELECT a IS NOT DISTINCT FROM (b OR c) FROM t",
+        "SELECT 1 FROM t WHERE a IS NOT DISTINCT FROM (b OR c)",
     };
     // clang-format on
     for (const std::string_view text : kTexts)
