@@ -12,8 +12,9 @@ namespace snippetarium {
 namespace {
 
 constexpr std::array<std::string_view, 4> kSearchFunctions = {"like", "count", "max", "min"};
-constexpr std::array<std::string_view, 10> kOwnFunctions = {
-    "like", "count", "max", "min", "coalesce", "ifnull", "length", "sum", "total", "substr"};
+constexpr std::array<std::string_view, 11> kOwnFunctions = {
+    "like",   "count", "max",   "min",    "coalesce",    "ifnull",
+    "length", "sum",   "total", "substr", "group_concat"};
 
 struct Limit {
     int id;

@@ -1,0 +1,40 @@
+-- The indexes. Most hold more columns than they find by: a search that joins applications, classes
+-- and procedures then never touches the tables with the long texts. The link tables have one for
+-- each direction, since deletions go from the owner and searches to it.
+--
+-- Each index has its row in statistics.sql.
+
+CREATE INDEX ixAppName ON tblApplication(appName);
+CREATE INDEX ixAppPath ON tblApplication(appPath, appName);
+CREATE INDEX ixAppKeyword ON tblApplication(keywordID) WHERE keywordID IS NOT NULL;
+
+CREATE INDEX ixClassApp ON tblClass(appID, className, languageID, keywordID);
+CREATE INDEX ixClassKeyword ON tblClass(keywordID, appID, languageID, className);
+CREATE INDEX ixClassLanguage ON tblClass(languageID, appID, className, keywordID);
+CREATE INDEX ixClassComment ON tblClass(classComment, appID, languageID, className)
+    WHERE classComment IS NOT NULL;
+
+CREATE INDEX ixCodeClass ON tblCode(classID, codeName, keywordID);
+CREATE INDEX ixCodeKeyword ON tblCode(keywordID, classID, codeName);
+CREATE INDEX ixCodeName ON tblCode(codeName, classID, keywordID);
+CREATE INDEX ixCodeComment ON tblCode(codeComment, classID, codeName) WHERE codeComment IS NOT NULL;
+
+CREATE INDEX ixSearchWord ON tblSearchWord(searchWord);
+CREATE INDEX ixKeywordWords ON tblKeyword_link_searchWord(keywordID, searchWordID);
+CREATE INDEX ixWordKeywords ON tblKeyword_link_searchWord(searchWordID, keywordID);
+CREATE INDEX ixCommonWord ON tblCommonWord(commonWord);
+
+CREATE INDEX ixAuthorName ON tblAuthor(authorLName, authorFName, authorMName);
+CREATE INDEX ixAuthorOwners ON tbl_Author_Link(authorID, ownerTableID, ownerID);
+CREATE INDEX ixOwnerAuthors ON tbl_Author_Link(ownerID, ownerTableID, authorID);
+CREATE INDEX ixDate ON tblDate(dDate);
+CREATE INDEX ixDateOwners ON tbl_date_link(dateID, ownerTableID, ownerID);
+CREATE INDEX ixOwnerDates ON tbl_date_link(ownerID, ownerTableID, dateID);
+
+CREATE INDEX ixCodeLanguages ON tblCode_Link_Language(codeID, languageID);
+CREATE INDEX ixLanguageCodes ON tblCode_Link_Language(languageID, codeID);
+
+CREATE INDEX ixFavoriteClass ON tblFavorite(classID);
+CREATE INDEX ixFavoriteCode ON tblFavorite(codeID);
+
+CREATE UNIQUE INDEX ixOverlong ON tblOverlong(ownerID, ownerTableID, part);

@@ -1,0 +1,178 @@
+-- The tables of a catalogue file.
+--
+-- The order of the columns is part of the contract: many INSERT statements of the program name no
+-- columns. Every text column compares without regard to letter case (CATNC, the program's own
+-- collation). Where a query reads little of a table with long texts, an index of indexes.sql holds
+-- the columns that it needs.
+
+-- AUTOINCREMENT in the three tables that assign their IDs themselves: an ID that has been deleted
+-- must not come back, or a bookmark or a search result would suddenly mean something else. It also
+-- makes the new row's ID the maximum of the column, which is how the program reads it back.
+CREATE TABLE tblApplication(
+    appID INTEGER PRIMARY KEY AUTOINCREMENT,
+    appName TEXT NOT NULL COLLATE CATNC,
+    appPath TEXT COLLATE CATNC,
+    appComment TEXT COLLATE CATNC,
+    appVersion TEXT COLLATE CATNC,
+    keywordID INTEGER
+);
+
+-- classDI is the class's own text, in which a marker line stands for each procedure.
+CREATE TABLE tblClass(
+    classID INTEGER PRIMARY KEY AUTOINCREMENT,
+    className TEXT NOT NULL COLLATE CATNC,
+    appID INTEGER NOT NULL DEFAULT 1,
+    languageID INTEGER,
+    classPathInApp TEXT COLLATE CATNC,
+    classDI TEXT COLLATE CATNC,
+    classComment TEXT COLLATE CATNC,
+    keywordID INTEGER
+);
+
+CREATE TABLE tblCode(
+    codeID INTEGER PRIMARY KEY AUTOINCREMENT,
+    codeName TEXT NOT NULL COLLATE CATNC,
+    code TEXT COLLATE CATNC,
+    codeComment TEXT COLLATE CATNC,
+    classID INTEGER NOT NULL DEFAULT 1,
+    keywordID INTEGER
+);
+
+CREATE TABLE tblKeyword(
+    keywordID INTEGER PRIMARY KEY,
+    keyword TEXT COLLATE CATNC,
+    separatorID INTEGER
+);
+
+-- A spare copy of the layout of tblKeyword; stays empty.
+CREATE TABLE tblKeywordTemp(
+    keywordID INTEGER PRIMARY KEY,
+    keyword TEXT COLLATE CATNC,
+    separatorID INTEGER
+);
+
+CREATE TABLE tblSearchWord(
+    searchWordID INTEGER PRIMARY KEY,
+    searchWord TEXT NOT NULL COLLATE CATNC
+);
+
+CREATE TABLE tblKeyword_link_searchWord(
+    keywordID INTEGER NOT NULL,
+    searchWordID INTEGER NOT NULL
+);
+
+CREATE TABLE tblSeparator(
+    separatorID INTEGER PRIMARY KEY,
+    separator TEXT NOT NULL COLLATE CATNC,
+    separatorDescription TEXT COLLATE CATNC
+);
+
+-- An absent part of a name is the empty text.
+CREATE TABLE tblAuthor(
+    authorID INTEGER PRIMARY KEY,
+    authorFName TEXT COLLATE CATNC,
+    authorMName TEXT COLLATE CATNC,
+    authorLName TEXT COLLATE CATNC
+);
+
+-- ownerTableID says what an ownerID is, here and in tbl_date_link: 1 an appID, 2 a classID, 3 a
+-- codeID.
+CREATE TABLE tbl_Author_Link(
+    ownerID INTEGER NOT NULL,
+    authorID INTEGER NOT NULL,
+    ownerTableID INTEGER NOT NULL
+);
+
+-- dDate is 'yyyy-mm-dd', with ' hh:mm:ss' where there is a time of day: sorted as text, it is
+-- sorted by time.
+CREATE TABLE tblDate(
+    dateID INTEGER PRIMARY KEY,
+    dDate TEXT COLLATE CATNC
+);
+
+CREATE TABLE tbl_date_link(
+    ownerID INTEGER NOT NULL,
+    dateID INTEGER NOT NULL,
+    ownerTableID INTEGER NOT NULL
+);
+
+CREATE TABLE tblLanguage(
+    languageID INTEGER PRIMARY KEY,
+    language TEXT NOT NULL COLLATE CATNC,
+    Status INTEGER
+);
+
+CREATE TABLE tblCode_Link_Language(
+    codeID INTEGER NOT NULL,
+    languageID INTEGER NOT NULL
+);
+
+-- A bookmarked class has no codeID.
+CREATE TABLE tblFavorite(
+    appID INTEGER NOT NULL,
+    classID INTEGER NOT NULL,
+    codeID INTEGER
+);
+
+CREATE TABLE tblCommonWord(
+    commonWord TEXT NOT NULL COLLATE CATNC
+);
+
+-- The scratch list of a deletion. The statement that removes unused authors reads "DELETE FROM
+-- tblAuthor WHERE authorID IN (SELECT authorID FROM tblIDsToDelete)". Without the two computed
+-- columns authorID would be the author's own, the condition always true, and every author would go;
+-- dates likewise.
+CREATE TABLE tblIDsToDelete(
+    ID INTEGER,
+    authorID INTEGER AS (ID),
+    dateID INTEGER AS (ID)
+);
+
+-- The one row is w_hID 1. The position texts have defaults because the row that a shut-down adds
+-- does not name them.
+CREATE TABLE tblWindowSize(
+    w_hID INTEGER PRIMARY KEY,
+    tWidth INTEGER,
+    tHeight INTEGER,
+    tLeft INTEGER,
+    tTop INTEGER,
+    leftChildIndex INTEGER,
+    rightChildIndex INTEGER,
+    wrap INTEGER,
+    leftChildWidth INTEGER,
+    rightChildWidth INTEGER,
+    fContentPos TEXT DEFAULT 'left' COLLATE CATNC,
+    fIndexPos TEXT DEFAULT 'left' COLLATE CATNC,
+    fSearchPos TEXT DEFAULT 'right' COLLATE CATNC,
+    fBookmarkPos TEXT DEFAULT 'left' COLLATE CATNC,
+    lastCompactDay TEXT COLLATE CATNC
+);
+
+-- The stored queries: see engine/named_queries.h. The engine itself looks a name up, in ASCII, so
+-- this one column does without the collation of ours.
+CREATE TABLE tblNamedQuery(
+    name TEXT PRIMARY KEY COLLATE NOCASE,
+    parameters TEXT NOT NULL COLLATE CATNC,
+    body TEXT NOT NULL COLLATE CATNC
+) WITHOUT ROWID;
+
+-- Settings that have no column of their own.
+CREATE TABLE tblSetting(
+    name TEXT PRIMARY KEY COLLATE CATNC,
+    value TEXT COLLATE CATNC
+) WITHOUT ROWID;
+
+-- What an imported file looked like on disk (encoding, line ends), so that export can write the
+-- same bytes.
+CREATE TABLE tblSourceForm(
+    classID INTEGER PRIMARY KEY,
+    form TEXT NOT NULL COLLATE CATNC
+);
+
+-- What was cut off a text that is longer than its column takes; `part` names that column.
+CREATE TABLE tblOverlong(
+    ownerID INTEGER NOT NULL,
+    ownerTableID INTEGER NOT NULL,
+    part TEXT NOT NULL COLLATE CATNC,
+    text TEXT NOT NULL COLLATE CATNC
+);

@@ -1,0 +1,27 @@
+-- Words of running English that are never search words; all in lower case, which the splitting of
+-- keyword texts relies on.
+INSERT INTO tblCommonWord(commonWord) VALUES
+    ('a'), ('about'), ('above'), ('after'), ('again'), ('against'), ('all'), ('also'), ('am'),
+    ('an'), ('and'), ('any'), ('are'), ('as'), ('at'),
+    ('be'), ('because'), ('been'), ('before'), ('being'), ('below'), ('between'), ('both'),
+    ('but'), ('by'),
+    ('can'), ('cannot'), ('could'),
+    ('did'), ('do'), ('does'), ('doing'), ('done'), ('down'), ('during'),
+    ('each'), ('either'),
+    ('few'), ('for'), ('from'), ('further'),
+    ('had'), ('has'), ('have'), ('having'), ('he'), ('her'), ('here'), ('him'), ('his'), ('how'),
+    ('however'),
+    ('i'), ('if'), ('in'), ('into'), ('is'), ('it'), ('its'), ('itself'),
+    ('just'),
+    ('may'), ('me'), ('might'), ('more'), ('most'), ('must'), ('my'),
+    ('no'), ('nor'), ('not'), ('now'),
+    ('of'), ('off'), ('on'), ('only'), ('onto'), ('or'), ('other'), ('our'), ('out'), ('over'),
+    ('own'),
+    ('same'), ('she'), ('should'), ('since'), ('so'), ('some'), ('such'),
+    ('than'), ('that'), ('the'), ('their'), ('them'), ('then'), ('there'), ('these'), ('they'),
+    ('this'), ('those'), ('through'), ('to'), ('too'),
+    ('under'), ('until'), ('up'), ('upon'), ('us'),
+    ('very'), ('via'),
+    ('was'), ('we'), ('were'), ('what'), ('when'), ('where'), ('whether'), ('which'), ('while'),
+    ('who'), ('whom'), ('why'), ('will'), ('with'), ('within'), ('without'), ('would'),
+    ('you'), ('your');

@@ -1,0 +1,51 @@
+-- What the query planner believes about the sizes of tables and indexes: a large catalogue, a
+-- million procedures in 50,000 classes, the same numbers for every user. Figures taken from a
+-- user's own file would let the same search start from another table, and run a thousand times
+-- longer, after some import. So nothing ever analyses a user's file.
+--
+-- Two figures are not what a large catalogue has, but what makes the planner do the right thing:
+--   tblAuthor: a search for authors starts from them, however many there are;
+--   ixCodeComment: with more comments than classes a search in comments would first read all classes
+--   into a filter, which takes longer than looking up the few classes that it needs.
+--
+-- A row says how many entries an index has, and how many of them one value of its first column has
+-- on average, one value of its first two columns, and so on. ANALYZE on the empty tables only makes
+-- the table for them.
+
+ANALYZE;
+DELETE FROM sqlite_stat1;
+INSERT INTO sqlite_stat1(tbl, idx, stat) VALUES
+    ('tblApplication', 'ixAppName', '2000 1'),
+    ('tblApplication', 'ixAppPath', '2000 1 1'),
+    ('tblApplication', 'ixAppKeyword', '600 1'),
+    ('tblClass', 'ixClassApp', '50000 25 1 1 1'),
+    ('tblClass', 'ixClassKeyword', '50000 6 6 6 1'),
+    ('tblClass', 'ixClassLanguage', '50000 6000 3 1 1'),
+    ('tblClass', 'ixClassComment', '20000 1 1 1 1'),
+    ('tblCode', 'ixCodeClass', '1000000 20 1 1'),
+    ('tblCode', 'ixCodeKeyword', '1000000 3 3 1'),
+    ('tblCode', 'ixCodeName', '1000000 2 1 1'),
+    ('tblCode', 'ixCodeComment', '40000 2 1 1'),
+    ('tblKeyword', NULL, '40000'),
+    ('tblSearchWord', 'ixSearchWord', '20000 1'),
+    ('tblKeyword_link_searchWord', 'ixKeywordWords', '1600000 4 1'),
+    ('tblKeyword_link_searchWord', 'ixWordKeywords', '1600000 13 1'),
+    ('tblSeparator', NULL, '5'),
+    ('tblAuthor', 'ixAuthorName', '100 1 1 1'),
+    ('tbl_Author_Link', 'ixAuthorOwners', '400000 200 100 1'),
+    ('tbl_Author_Link', 'ixOwnerAuthors', '400000 8 4 1'),
+    ('tblDate', 'ixDate', '1000 1'),
+    ('tbl_date_link', 'ixDateOwners', '500000 120 60 1'),
+    ('tbl_date_link', 'ixOwnerDates', '500000 8 4 1'),
+    ('tblLanguage', NULL, '20'),
+    ('tblCode_Link_Language', 'ixCodeLanguages', '1000000 1 1'),
+    ('tblCode_Link_Language', 'ixLanguageCodes', '1000000 100000 1'),
+    ('tblFavorite', 'ixFavoriteClass', '100 2'),
+    ('tblFavorite', 'ixFavoriteCode', '100 2'),
+    ('tblCommonWord', 'ixCommonWord', '120 1'),
+    ('tblWindowSize', NULL, '1'),
+    ('tblNamedQuery', 'tblNamedQuery', '100 1'),
+    ('tblSetting', 'tblSetting', '20 1'),
+    ('tblSourceForm', NULL, '50000'),
+    ('tblOverlong', 'ixOverlong', '100 1 1 1');
+ANALYZE sqlite_schema;

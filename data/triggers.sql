@@ -1,0 +1,48 @@
+-- What follows a deleted or moved row by itself.
+
+-- The IDs of keywords and search words are given out again (maximum plus one). Whatever still names
+-- a deleted one would then belong to a stranger.
+CREATE TRIGGER trgKeywordDeleted AFTER DELETE ON tblKeyword
+BEGIN
+    UPDATE tblApplication SET keywordID = NULL WHERE keywordID = old.keywordID;
+    UPDATE tblClass SET keywordID = NULL WHERE keywordID = old.keywordID;
+    UPDATE tblCode SET keywordID = NULL WHERE keywordID = old.keywordID;
+    DELETE FROM tblKeyword_link_searchWord WHERE keywordID = old.keywordID;
+END;
+
+CREATE TRIGGER trgSearchWordDeleted AFTER DELETE ON tblSearchWord
+BEGIN
+    DELETE FROM tblKeyword_link_searchWord WHERE searchWordID = old.searchWordID;
+END;
+
+-- A bookmark names its whole path through the tree.
+CREATE TRIGGER trgClassMoved AFTER UPDATE OF appID ON tblClass WHEN new.appID <> old.appID
+BEGIN
+    UPDATE tblFavorite SET appID = new.appID WHERE classID = new.classID;
+END;
+
+CREATE TRIGGER trgCodeMoved AFTER UPDATE OF classID ON tblCode WHEN new.classID <> old.classID
+BEGIN
+    UPDATE tblFavorite
+    SET classID = new.classID,
+        appID = coalesce((SELECT appID FROM tblClass WHERE classID = new.classID), appID)
+    WHERE codeID = new.codeID;
+END;
+
+-- The side tables.
+CREATE TRIGGER trgApplicationDeleted AFTER DELETE ON tblApplication
+BEGIN
+    DELETE FROM tblOverlong WHERE ownerID = old.appID AND ownerTableID = 1;
+END;
+
+CREATE TRIGGER trgClassDeleted AFTER DELETE ON tblClass
+BEGIN
+    DELETE FROM tblFavorite WHERE classID = old.classID;
+    DELETE FROM tblSourceForm WHERE classID = old.classID;
+    DELETE FROM tblOverlong WHERE ownerID = old.classID AND ownerTableID = 2;
+END;
+
+CREATE TRIGGER trgCodeDeleted AFTER DELETE ON tblCode
+BEGIN
+    DELETE FROM tblOverlong WHERE ownerID = old.codeID AND ownerTableID = 3;
+END;
