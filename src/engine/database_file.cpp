@@ -51,12 +51,6 @@ bool IsNonEmptyFile(const std::string& path) {
     throw EngineError(code, "The file '" + path + "' " + why);
 }
 
-/// One with no right to write for anybody is meant to stay as it is, also where the system would
-/// let this user write, as it lets an administrator.
-bool IsWritable(const std::string& path, const struct stat& status) {
-    return (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) != 0 && access(path.c_str(), W_OK) == 0;
-}
-
 Header ReadHeader(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     if (!file) {
@@ -76,6 +70,19 @@ Header ReadHeader(const std::string& path) {
 }
 
 }  // namespace
+
+bool IsWritableFile(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 &&
+           (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) != 0 && access(path.c_str(), W_OK) == 0;
+}
+
+void RemoveEmptySideFiles(const std::string& path) {
+    if (HasPendingLog(path) || IsFileOpen(path)) return;
+    std::error_code ignored;  // one that stays is empty and does no harm
+    std::filesystem::remove(path + "-wal", ignored);
+    std::filesystem::remove(path + "-shm", ignored);
+}
 
 bool HasPendingLog(const std::string& path) {
     return IsNonEmptyFile(path + "-wal") || IsNonEmptyFile(path + "-journal");
@@ -103,7 +110,7 @@ void CheckDatabaseFile(const std::string& path, AccessMode mode) {
             "is shorter than it should be: a part of it is missing. Restore a backup, or recover "
             "what can be read.");
     }
-    if (mode == AccessMode::ReadWrite && !IsWritable(path, status)) {
+    if (mode == AccessMode::ReadWrite && !IsWritableFile(path)) {
         Refuse(EngineErrorCode::ReadOnly, path, "is read-only, so nothing can be saved in it.");
     }
 }

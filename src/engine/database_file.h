@@ -16,6 +16,14 @@ inline constexpr std::uint32_t kCatalogueApplicationId = 0x534E4950;
 /// ReadOnly (to be opened for writing, but marked or mounted read-only).
 void CheckDatabaseFile(const std::string& path, AccessMode mode);
 
+/// True when the user may write the file. One with no right to write for anybody is meant to stay
+/// as it is, also where the system would let this user write, as it lets an administrator.
+bool IsWritableFile(const std::string& path);
+
+/// Removes the side files that a refused opening left beside a file, unless a program has it open.
+/// For files that had none before.
+void RemoveEmptySideFiles(const std::string& path);
+
 /// True when the database has changes beside the file that are not in it yet, after a crash.
 bool HasPendingLog(const std::string& path);
 

@@ -2,6 +2,9 @@
 
 #include <sqlite3.h>
 
+#include <new>
+#include <utility>
+
 #include "engine/collation.h"
 #include "engine/engine_error.h"
 
@@ -13,6 +16,29 @@ struct Failure {
     EngineErrorCode code;
     std::string_view text;
 };
+
+// The library has one code for everything that is wrong with a statement's text; its words tell
+// more. The first words that occur decide.
+// clang-format off
+constexpr std::pair<std::string_view, Failure> kFailuresByWords[] = {
+    {"no such table",          {EngineErrorCode::NoSuchTable, "A table or query does not exist."}},
+    {"no such column",         {EngineErrorCode::WrongParameters, "A column does not exist."}},
+    {"has no column",          {EngineErrorCode::WrongParameters, "A column does not exist."}},
+    {"no such function",       {EngineErrorCode::NoSuchFunction, "A function does not exist."}},
+    {"not authorized",         {EngineErrorCode::NotAllowed, "The statement is not allowed here."}},
+    {"may not be",             {EngineErrorCode::NotAllowed, "The statement is not allowed here."}},
+    {"were supplied",          {EngineErrorCode::WrongValueCount, "The numbers of columns and of values differ."}},
+    {"values for",             {EngineErrorCode::WrongValueCount, "The numbers of columns and of values differ."}},
+    {"parser stack overflow",  {EngineErrorCode::QueryTooComplex, "The statement is too complex: make it shorter."}},
+    {"too large",              {EngineErrorCode::QueryTooComplex, "The statement is too complex: make it shorter."}},
+    {"too many",               {EngineErrorCode::QueryTooComplex, "The statement is too complex: make it shorter."}},
+    {"at most",                {EngineErrorCode::QueryTooComplex, "The statement is too complex: make it shorter."}},
+    {"pattern",                {EngineErrorCode::InvalidPattern, "A search pattern is not valid."}},
+    {"syntax error",           {EngineErrorCode::Syntax, "The statement has a syntax error."}},
+    {"incomplete input",       {EngineErrorCode::Syntax, "The statement has a syntax error."}},
+    {"unrecognized token",     {EngineErrorCode::Syntax, "The statement has a syntax error."}},
+};
+// clang-format on
 
 Failure DescribeFailure(int resultCode, std::string_view libraryText) {
     using enum EngineErrorCode;
@@ -53,19 +79,8 @@ Failure DescribeFailure(int resultCode, std::string_view libraryText) {
         default:
             break;
     }
-    const auto mentions = [&](std::string_view word) {
-        return libraryText.find(word) != std::string_view::npos;
-    };
-    if (mentions("no such table")) return {NoSuchTable, "A table or query does not exist."};
-    if (mentions("no such column")) return {WrongParameters, "A column does not exist."};
-    if (mentions("parser stack overflow") || mentions("too large") || mentions("too many") ||
-        mentions("at most")) {
-        return {QueryTooComplex, "The statement is too complex: make it shorter or split it."};
-    }
-    if (mentions("pattern")) return {InvalidPattern, "A search pattern is not valid."};
-    if (mentions("syntax error") || mentions("incomplete input") ||
-        mentions("unrecognized token")) {
-        return {Syntax, "The statement has a syntax error."};
+    for (const auto& [words, failure] : kFailuresByWords) {
+        if (libraryText.find(words) != std::string_view::npos) return failure;
     }
     return {Unexpected, "The database engine reported a failure."};
 }
@@ -73,6 +88,42 @@ Failure DescribeFailure(int resultCode, std::string_view libraryText) {
 /// Locks of other programs are waited for this long: they are held for milliseconds, or for as long
 /// as that program runs.
 constexpr int kBusyTimeoutMilliseconds = 1500;
+
+/// The path as an address, for the one option that only an address can carry.
+std::string ImmutableAddress(const std::string& path) {
+    std::string address = "file:";
+    for (const char character : path) {
+        switch (character) {
+            case '%':
+                address += "%25";
+                break;
+            case '?':
+                address += "%3f";
+                break;
+            case '#':
+                address += "%23";
+                break;
+            default:
+                address += character;
+        }
+    }
+    return address + "?immutable=1";
+}
+
+int LibraryFlags(OpenFlag flag) {
+    constexpr int kAlways = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    switch (flag) {
+        case OpenFlag::Read:
+            return kAlways | SQLITE_OPEN_READONLY;
+        case OpenFlag::ReadUnchanging:
+            return kAlways | SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
+        case OpenFlag::ReadWrite:
+            return kAlways | SQLITE_OPEN_READWRITE;
+        case OpenFlag::Create:
+            return kAlways | SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    }
+    return kAlways;
+}
 
 }  // namespace
 
@@ -93,11 +144,9 @@ void ThrowEngineError(sqlite3* database, int resultCode) {
 }
 
 DatabaseHandle OpenDatabase(const std::string& path, OpenFlag flag) {
-    int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
-    flags |= flag == OpenFlag::Read ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
-    if (flag == OpenFlag::Create) flags |= SQLITE_OPEN_CREATE;
+    const std::string address = flag == OpenFlag::ReadUnchanging ? ImmutableAddress(path) : path;
     sqlite3* opened = nullptr;
-    const int result = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
+    const int result = sqlite3_open_v2(address.c_str(), &opened, LibraryFlags(flag), nullptr);
     DatabaseHandle database(opened);
     if (result != SQLITE_OK) ThrowEngineError(opened, result);
     sqlite3_busy_timeout(opened, kBusyTimeoutMilliseconds);

@@ -19,7 +19,13 @@ struct FinalizeStatement {
 using DatabaseHandle = std::unique_ptr<sqlite3, CloseDatabase>;
 using StatementHandle = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
-enum class OpenFlag : std::uint8_t { Read, ReadWrite, Create };
+enum class OpenFlag : std::uint8_t {
+    Read,
+    /// For a file that nobody can change: without locks and side files.
+    ReadUnchanging,
+    ReadWrite,
+    Create,
+};
 
 /// Opens a database file with the catalogue's text comparison installed, nothing else set. Throws
 /// EngineError.

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 #include "engine/collation.h"
@@ -105,34 +106,18 @@ int PollCancel(void* poll) {
     return static_cast<const CancelPoll*>(poll)->IsCancelled() ? 1 : 0;
 }
 
-/// The path as an address, for the one option that only an address can carry.
-std::string ImmutableAddress(const std::string& path) {
-    std::string address = "file:";
-    for (const char character : path) {
-        switch (character) {
-            case '%':
-                address += "%25";
-                break;
-            case '?':
-                address += "%3f";
-                break;
-            case '#':
-                address += "%23";
-                break;
-            default:
-                address += character;
-        }
-    }
-    return address + "?immutable=1";
-}
-
 }  // namespace
 
 SqliteSession::SqliteSession(const SessionOptions& options)
     : path_(ToPlatformPath(options.dataSource)), statements_(kCachedStatements) {
     CheckDatabaseFile(path_, options.mode);
-    Open(options);
-    if (options.mode == AccessMode::ReadWrite) PrepareForWriting();
+    try {
+        Open(options.mode);
+    } catch (...) {
+        database_.reset();
+        RemoveEmptySideFiles(path_);
+        throw;
+    }
 }
 
 SqliteSession::~SqliteSession() {
@@ -141,40 +126,39 @@ SqliteSession::~SqliteSession() {
     statements_.Clear();
 }
 
-void SqliteSession::Open(const SessionOptions& options) {
-    const bool isReadOnly = options.mode == AccessMode::Read;
-    database_ = OpenDatabase(path_, isReadOnly ? OpenFlag::Read : OpenFlag::ReadWrite);
-    try {
-        // Opening reads nothing; the first read shows damage, locks and missing rights.
-        ScalarText(database_.get(), "SELECT count(*) FROM sqlite_schema");
-    } catch (const EngineError& error) {
-        if (!isReadOnly || error.Code() != EngineErrorCode::CannotOpen) throw;
-        OpenWithoutSideFiles();
+void SqliteSession::Open(AccessMode mode) {
+    if (mode == AccessMode::ReadWrite) {
+        database_ = OpenDatabase(path_, OpenFlag::ReadWrite);
+    } else {
+        OpenForReading();
     }
+    // Opening reads nothing; the first read shows damage, locks and missing rights.
+    ScalarText(database_.get(), "SELECT count(*) FROM sqlite_schema");
     InstallTextComparison(database_.get(), &cancel_);
     sqlite3_progress_handler(database_.get(), kStepsBetweenPolls, PollCancel,
                              static_cast<CancelPoll*>(&cancel_));
     RunStatements(database_.get(),
                   "PRAGMA cache_size = -65536; PRAGMA temp_store = MEMORY; PRAGMA mmap_size = 0;");
     guard_.Install(database_.get());
+    if (mode == AccessMode::ReadWrite) PrepareForWriting();
 }
 
-/// Reading a file in write-ahead mode needs two side files. Where the folder takes none, as on a
-/// read-only medium, the file can still be read as one that nobody changes: true there.
-void SqliteSession::OpenWithoutSideFiles() {
-    if (HasPendingLog(path_)) {
-        throw EngineError(EngineErrorCode::CannotOpen,
-                          "The catalogue '" + path_ +
-                              "' has changes beside it that a crash left, and its folder is "
-                              "read-only. Copy the folder to a place that can be written.");
+/// Reading a file in write-ahead mode takes two side files, which only a handle that may write can
+/// clear away again. So a file that may be written is opened for writing and then kept from it.
+void SqliteSession::OpenForReading() {
+    if (IsWritableFile(path_)) {
+        database_ = OpenDatabase(path_, OpenFlag::ReadWrite);
+        RunStatements(database_.get(), "PRAGMA query_only = ON");
+        return;
     }
-    database_ = OpenDatabase(ImmutableAddress(path_), OpenFlag::Read);
-    ScalarText(database_.get(), "SELECT count(*) FROM sqlite_schema");
+    // One that may not be written, as on a read-only medium, needs no side files as long as nobody
+    // else changes it; whoever does has a log beside it.
+    const bool isChanging = std::filesystem::exists(path_ + "-wal");
+    database_ = OpenDatabase(path_, isChanging ? OpenFlag::Read : OpenFlag::ReadUnchanging);
 }
 
 void SqliteSession::PrepareForWriting() {
     sqlite3* database = database_.get();
-    const StatementGuard::Scope scope(guard_, StatementPurpose::Internal);
     if (ScalarText(database, "PRAGMA journal_mode = WAL") != "wal") {
         throw EngineError(EngineErrorCode::CannotLock,
                           "The catalogue '" + path_ + "' is in use by another program.");

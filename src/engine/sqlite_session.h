@@ -40,8 +40,8 @@ class SqliteSession final : public Session {
         bool isSearching = false;
     };
 
-    void Open(const SessionOptions& options);
-    void OpenWithoutSideFiles();
+    void Open(AccessMode mode);
+    void OpenForReading();
     void PrepareForWriting();
     sqlite3_stmt* PrepareCached(std::string_view sql, StatementPurpose purpose);
     Recordset ReadRows(sqlite3_stmt* statement);
