@@ -84,14 +84,15 @@ TEST(JetSql, TakesOutTheValuesThatTheLiteralsMean) {
 }
 
 TEST(JetSql, LeavesTheRestInTheTextAfter250Values) {
-    std::string list;
-    std::string sql;
-    for (int i = 1; i <= 252; ++i) {
-        list += i == 252 ? "'x''y'" : std::to_string(1000 + i) + ",";
-        sql += i <= 250 ? "?" + std::to_string(i) + "," : i == 251 ? "1251," : "'x''y'";
+    std::string text = "DELETE FROM t WHERE a IN (";
+    std::string sql = text;
+    for (int i = 1; i <= 250; ++i) {
+        text.append("'x',");
+        sql.append("?").append(std::to_string(i)).append(",");
     }
-    const Translation translation = Translate("DELETE FROM t WHERE a IN (" + list + ")", {});
-    EXPECT_EQ(translation.sql, "DELETE FROM t WHERE a IN (" + sql + ")");
+    const std::string rest = "'y''s',251,'2001-03-14')";
+    const Translation translation = Translate(text + "'y''s',251,#3/14/2001#)", {});
+    EXPECT_EQ(translation.sql, sql + rest);
     EXPECT_EQ(translation.parameters.size(), 250U);
 }
 

@@ -55,7 +55,7 @@ class SlowRewriter {
         return isNext;
     }
     void Expect(std::string_view token) {
-        if (!Accept(token)) throw std::invalid_argument("missing " + std::string(token));
+        if (!Accept(token)) throw std::invalid_argument(std::string(token) + " is missing");
     }
 
     void Select() {
@@ -146,9 +146,9 @@ bool IsAccepted(sqlite3* database, const std::string& sql) {
 int CompareEverySelect(const Tokens& alphabet, std::size_t length) {
     const SampleCatalogue catalogue;
     sqlite3* const database = catalogue.Handle();
-    for (const char n : std::string("1234567")) {
-        const std::string script = std::string("CREATE TABLE t") + n + "(a" + n +
-                                   "); INSERT INTO t" + n + " VALUES(1),(2)";
+    for (int n = 1; n <= 7; ++n) {
+        std::string script = "CREATE TABLE t#(a#); INSERT INTO t# VALUES(1),(2)";
+        std::replace(script.begin(), script.end(), '#', static_cast<char>('0' + n));
         sqlite3_exec(database, script.c_str(), nullptr, nullptr, nullptr);
     }
     int compared = 0;

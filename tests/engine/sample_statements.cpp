@@ -179,6 +179,9 @@ constexpr std::string_view kSearches[] = {
     "{38}{range}# AND cls.languageID = 5 UNION {40}{range}# AND cls.languageID = 5;",
 };
 
+constexpr std::string_view kAndJoins =
+    " INNER JOIN tblKeyword_link_searchWord KLS{i} ON kls{i-1}.keywordID = kls{i}.keywordID) INNER JOIN tblSearchWord sw{i} ON kls{i}.searchWordID = sw{i}.searchWordID)";
+
 struct Condition {
     std::string_view name;
     std::string_view text;
@@ -203,16 +206,14 @@ std::string Replaced(std::string text, std::string_view from, std::string_view t
 /// What follows the first search word's joins: two joins for each further word, then the condition.
 std::string AndCondition(int wordCount) {
     std::string joins;
-    std::string condition = "sw0.searchWord ='alpha' ";
+    std::string condition = " WHERE (sw0.searchWord ='alpha' ";
     for (int i = 1; i < wordCount; ++i) {
-        const std::string n = std::to_string(i);
-        joins += " INNER JOIN tblKeyword_link_searchWord KLS" + n + " ON kls" +
-                 std::to_string(i - 1) + ".keywordID = kls" + n +
-                 ".keywordID) INNER JOIN tblSearchWord sw" + n + " ON kls" + n +
-                 ".searchWordID = sw" + n + ".searchWordID)";
-        condition += "AND sw" + n + ".searchWord ='beta' ";
+        const std::string previous = std::to_string(i - 1);
+        const std::string number = std::to_string(i);
+        joins += Replaced(Replaced(std::string(kAndJoins), "{i-1}", previous), "{i}", number);
+        condition += Replaced("AND sw{i}.searchWord ='beta' ", "{i}", number);
     }
-    return joins + " WHERE (" + condition + ")";
+    return joins + condition + ")";
 }
 
 std::string Expanded(std::string_view recipe, int wordCount) {
