@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "store/query_texts.h"
+
+namespace snippetarium {
+
+// What a new catalogue file holds. It is written in the files under data/, which are a part of the
+// program. All scripts are in the engine's own SQL, for CreateDatabase and Connection::RunScript.
+
+/// The version of the file's tables, kept in its user_version. It goes up with every change that a
+/// file already in use must be migrated to.
+inline constexpr int kCatalogueVersion = 1;
+
+/// The tables with their indexes, triggers and fixed statistics, and nothing in them.
+std::string SchemaScript();
+
+/// The rows that every catalogue is delivered with, stored queries aside.
+std::string SeedScript();
+
+/// Every stored query. Throws Error, naming the file, when one of the files is malformed or two
+/// queries have the same name.
+std::vector<QueryText> StoredQueryTexts();
+
+/// Replaces whatever stored queries a file has by those of this program.
+std::string StoredQueriesScript();
+
+/// A whole new catalogue: all of the above and the version.
+std::string CreationScript();
+
+}  // namespace snippetarium
