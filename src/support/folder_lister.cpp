@@ -1,0 +1,72 @@
+#include "support/folder_lister.h"
+
+#include <system_error>
+
+#include "support/utf8.h"
+
+namespace snippetarium {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// True when one of the folders on the path, the last included, is the one that the link leads to.
+/// Only the path as it was walked tells: in a circle of two links neither target lies in the other.
+bool LeadsBack(const fs::path& link, const fs::path& folder) {
+    fs::path above = fs::absolute(folder);
+    while (true) {
+        std::error_code cannotTell;
+        if (fs::equivalent(link, above, cannotTell)) return true;
+        if (above == above.parent_path()) return false;
+        above = above.parent_path();
+    }
+}
+
+std::string ShownName(std::string_view name) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    constexpr char32_t kMalformed = 0xDC00;
+    std::string shown;
+    for (std::size_t i = 0; i < name.size();) {
+        const std::size_t start = i;
+        const char32_t character = DecodeUtf8(name, i);
+        if (character >= kMalformed + 0x80U && character <= kMalformed + 0xFFU) {
+            const std::size_t byte = character - kMalformed;
+            shown += {'\\', 'x', kDigits[byte / 16], kDigits[byte % 16]};
+        } else {
+            shown += name.substr(start, i - start);
+        }
+    }
+    return shown;
+}
+
+void List(const fs::directory_entry& entry, const fs::path& folder, FolderListing& listing) {
+    const std::string name = entry.path().filename().native();
+    const auto leaveOut = [&](UnlistedReason reason) {
+        listing.unlisted.push_back({ShownName(name), reason});
+    };
+    if (!IsValidUtf8(name)) return leaveOut(UnlistedReason::NotUtf8);
+    if (name.find('\\') != std::string::npos) return leaveOut(UnlistedReason::Backslash);
+
+    std::error_code unreachable;
+    const fs::file_status status = entry.status(unreachable);
+    const bool isLink = entry.is_symlink(unreachable);
+    if (isLink && !fs::exists(status)) return leaveOut(UnlistedReason::DeadLink);
+    if (fs::is_directory(status)) {
+        if (isLink && LeadsBack(entry.path(), folder)) return leaveOut(UnlistedReason::LeadsBack);
+        listing.subfolders.push_back(name);
+    } else if (fs::is_regular_file(status)) {
+        listing.files.push_back(name);
+    }
+}
+
+}  // namespace
+
+FolderListing ListEntries(const fs::path& folder) {
+    FolderListing listing;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+        List(entry, folder, listing);
+    }
+    return listing;
+}
+
+}  // namespace snippetarium
