@@ -27,6 +27,8 @@ class Connection {
     void SetCursorLocation(CursorLocation location) { cursorLocation_ = location; }
     CursorLocation GetCursorLocation() const { return cursorLocation_; }
     void SetMode(AccessMode mode) { mode_ = mode; }
+    /// Files of other versions are refused.
+    void SetVersions(const FileVersions& versions) { versions_ = versions; }
 
     /// Throws EngineError: ObjectOpen when it is open already, ProviderNotFound, FileNotFound,
     /// UnrecognisedFormat, Corrupted, ReadOnly, CannotLock, CannotOpen. A refused file stays byte
@@ -43,6 +45,7 @@ class Connection {
     Recordset ExecuteSearch(std::string_view text) { return OpenSession().Search(text); }
     std::int64_t ExecuteAction(std::string_view text) { return OpenSession().Act(text); }
     void RunScript(std::string_view script) { OpenSession().RunScript(script); }
+    std::int32_t UserVersion() { return OpenSession().UserVersion(); }
     void SetWriteMode(WriteMode mode) { OpenSession().SetWriteMode(mode); }
     void Checkpoint() { OpenSession().Checkpoint(); }
     void SetCancelPoll(const CancelPoll* poll) { OpenSession().SetCancelPoll(poll); }
@@ -54,6 +57,7 @@ class Connection {
     std::string connectionString_;
     CursorLocation cursorLocation_ = CursorLocation::Client;
     AccessMode mode_ = AccessMode::ReadWrite;
+    FileVersions versions_;
     std::unique_ptr<Session> session_;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <string>
 #include <string_view>
@@ -21,11 +22,20 @@ enum class WriteMode : std::uint8_t {
     Bulk,
 };
 
+/// The versions of a file that its opener can work with; a file's version is the number that its
+/// header keeps for the program (SQLite's user_version).
+struct FileVersions {
+    std::int32_t oldest = std::numeric_limits<std::int32_t>::min();
+    std::int32_t newest = std::numeric_limits<std::int32_t>::max();
+};
+
 /// What a connection string and the connection's properties say, in one place.
 struct SessionOptions {
     /// The file; catalogue or platform separators.
     std::string dataSource;
     AccessMode mode = AccessMode::ReadWrite;
+    /// Any other file is refused before a byte of it changes.
+    FileVersions versions;
 };
 
 /// An open data source, as a provider offers it to a Connection. Every operation throws
@@ -46,6 +56,8 @@ class Session {
     /// Runs statements in the engine's own SQL, as they stand and as one transaction: all or
     /// nothing. For the program's own texts only: schema and migrations.
     virtual void RunScript(std::string_view script) = 0;
+    /// The file's version.
+    virtual std::int32_t UserVersion() = 0;
 
     virtual void SetWriteMode(WriteMode mode) = 0;
     /// Makes everything written so far safe, and the file at hand the only one that matters.

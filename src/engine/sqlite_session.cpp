@@ -3,13 +3,14 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <utility>
 
 #include "engine/collation.h"
 #include "engine/database_file.h"
 #include "engine/engine_error.h"
+#include "engine/fetch_rows.h"
 #include "engine/jet_sql.h"
+#include "engine/open_for_reading.h"
 #include "support/paths.h"
 
 namespace snippetarium {
@@ -23,58 +24,11 @@ constexpr int kStepsBetweenPolls = 2000;
 /// At most this much of an import depends on the power.
 constexpr std::chrono::seconds kBulkCheckpointInterval{3};
 
-/// Resets a statement when its run is over, so that its locks and bound texts are not kept.
-class StatementRun {
-  public:
-    explicit StatementRun(sqlite3_stmt* statement) : statement_(statement) {}
-    ~StatementRun() {
-        sqlite3_reset(statement_);
-        sqlite3_clear_bindings(statement_);
-    }
-    StatementRun(const StatementRun&) = delete;
-    StatementRun& operator=(const StatementRun&) = delete;
-
-  private:
-    sqlite3_stmt* statement_;
-};
-
 bool IsIdentifier(std::string_view text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), [](char character) {
         return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
                (character >= '0' && character <= '9') || character == '_';
     });
-}
-
-std::vector<std::string> ColumnNames(sqlite3_stmt* statement) {
-    std::vector<std::string> names;
-    const int count = sqlite3_column_count(statement);
-    names.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
-        names.emplace_back(sqlite3_column_name(statement, i));
-    return names;
-}
-
-void AddRow(sqlite3_stmt* statement, RecordsetBuilder& rows) {
-    const int count = sqlite3_column_count(statement);
-    for (int i = 0; i < count; ++i) {
-        switch (sqlite3_column_type(statement, i)) {
-            case SQLITE_NULL:
-                rows.AddNull();
-                break;
-            case SQLITE_INTEGER:
-                rows.AddInteger(sqlite3_column_int64(statement, i));
-                break;
-            case SQLITE_FLOAT:
-                rows.AddReal(sqlite3_column_double(statement, i));
-                break;
-            default: {
-                const void* bytes = sqlite3_column_blob(statement, i);
-                const int size = sqlite3_column_bytes(statement, i);
-                rows.AddText({static_cast<const char*>(bytes), static_cast<std::size_t>(size)});
-                break;
-            }
-        }
-    }
 }
 
 void BindLiterals(sqlite3* database, sqlite3_stmt* statement, const Translation& translation) {
@@ -106,13 +60,34 @@ int PollCancel(void* poll) {
     return static_cast<const CancelPoll*>(poll)->IsCancelled() ? 1 : 0;
 }
 
+std::int32_t ReadVersion(sqlite3* database) {
+    return std::stoi(ScalarText(database, "PRAGMA user_version"));
+}
+
+void RequireKnownVersion(sqlite3* database, const std::string& path, const FileVersions& known) {
+    const std::int32_t version = ReadVersion(database);
+    if (version > known.newest) {
+        throw EngineError(
+            EngineErrorCode::UnrecognisedFormat,
+            "The catalogue '" + path + "' was made by a newer Snippetarium (file version " +
+                std::to_string(version) + ", this program knows " + std::to_string(known.newest) +
+                "). Install the newer program to open it.");
+    }
+    if (version < known.oldest) {
+        throw EngineError(EngineErrorCode::UnrecognisedFormat,
+                          "The catalogue '" + path + "' has the file version " +
+                              std::to_string(version) +
+                              ", which this program cannot bring up to date.");
+    }
+}
+
 }  // namespace
 
 SqliteSession::SqliteSession(const SessionOptions& options)
     : path_(ToPlatformPath(options.dataSource)), statements_(kCachedStatements) {
     CheckDatabaseFile(path_, options.mode);
     try {
-        Open(options.mode);
+        Open(options);
     } catch (...) {
         database_.reset();
         RemoveEmptySideFiles(path_);
@@ -126,35 +101,21 @@ SqliteSession::~SqliteSession() {
     statements_.Clear();
 }
 
-void SqliteSession::Open(AccessMode mode) {
-    if (mode == AccessMode::ReadWrite) {
-        database_ = OpenDatabase(path_, OpenFlag::ReadWrite);
-    } else {
-        OpenForReading();
-    }
-    // Opening reads nothing; the first read shows damage, locks and missing rights.
-    ScalarText(database_.get(), "SELECT count(*) FROM sqlite_schema");
+void SqliteSession::Open(const SessionOptions& options) {
+    const bool isForWriting = options.mode == AccessMode::ReadWrite;
+    database_ = isForWriting ? OpenDatabase(path_, OpenFlag::ReadWrite) : OpenForReading(path_);
+    // A file that is refused must not change, also not by taking in what a crash left in its log.
+    KeepLogOnClose(database_.get(), HasPendingLog(path_));
+    // Opening reads nothing; this first read also shows damage, locks and missing rights.
+    RequireKnownVersion(database_.get(), path_, options.versions);
+    KeepLogOnClose(database_.get(), false);
     InstallTextComparison(database_.get(), &cancel_);
     sqlite3_progress_handler(database_.get(), kStepsBetweenPolls, PollCancel,
                              static_cast<CancelPoll*>(&cancel_));
     RunStatements(database_.get(),
                   "PRAGMA cache_size = -65536; PRAGMA temp_store = MEMORY; PRAGMA mmap_size = 0;");
     guard_.Install(database_.get());
-    if (mode == AccessMode::ReadWrite) PrepareForWriting();
-}
-
-/// Reading a file in write-ahead mode takes two side files, which only a handle that may write can
-/// clear away again. So a file that may be written is opened for writing and then kept from it.
-void SqliteSession::OpenForReading() {
-    if (IsWritableFile(path_)) {
-        database_ = OpenDatabase(path_, OpenFlag::ReadWrite);
-        RunStatements(database_.get(), "PRAGMA query_only = ON");
-        return;
-    }
-    // One that may not be written, as on a read-only medium, needs no side files as long as nobody
-    // else changes it; whoever does has a log beside it.
-    const bool isChanging = std::filesystem::exists(path_ + "-wal");
-    database_ = OpenDatabase(path_, isChanging ? OpenFlag::Read : OpenFlag::ReadUnchanging);
+    if (isForWriting) PrepareForWriting();
 }
 
 void SqliteSession::PrepareForWriting() {
@@ -176,14 +137,7 @@ Recordset SqliteSession::ReadRows(sqlite3_stmt* statement) {
     if (sqlite3_stmt_readonly(statement) == 0) {
         throw EngineError(EngineErrorCode::NotAllowed, "A read must not change the catalogue.");
     }
-    const StatementRun run(statement);
-    int result = sqlite3_step(statement);
-    // Only now: the first step prepares the statement anew where the schema has changed.
-    RecordsetBuilder rows(ColumnNames(statement));
-    for (; result == SQLITE_ROW; result = sqlite3_step(statement))
-        AddRow(statement, rows);
-    if (result != SQLITE_DONE) ThrowEngineError(database_.get(), result);
-    return rows.Take();
+    return FetchRows(database_.get(), statement);
 }
 
 Recordset SqliteSession::Query(std::string_view text) {
@@ -255,6 +209,11 @@ void SqliteSession::RunScript(std::string_view script) {
             RunStatements(database_.get(), "ROLLBACK");
         throw;
     }
+}
+
+std::int32_t SqliteSession::UserVersion() {
+    const StatementGuard::Scope scope(guard_, StatementPurpose::Internal);
+    return ReadVersion(database_.get());
 }
 
 void SqliteSession::SetWriteMode(WriteMode mode) {

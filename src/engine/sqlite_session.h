@@ -28,6 +28,7 @@ class SqliteSession final : public Session {
     Recordset Search(std::string_view text) override;
     std::int64_t Act(std::string_view text) override;
     void RunScript(std::string_view script) override;
+    std::int32_t UserVersion() override;
     void SetWriteMode(WriteMode mode) override;
     void Checkpoint() override;
     void SetCancelPoll(const CancelPoll* poll) override { cancel_.poll = poll; }
@@ -40,8 +41,7 @@ class SqliteSession final : public Session {
         bool isSearching = false;
     };
 
-    void Open(AccessMode mode);
-    void OpenForReading();
+    void Open(const SessionOptions& options);
     void PrepareForWriting();
     sqlite3_stmt* PrepareCached(std::string_view sql, StatementPurpose purpose);
     Recordset ReadRows(sqlite3_stmt* statement);

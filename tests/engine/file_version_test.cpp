@@ -1,0 +1,72 @@
+#include <gtest/gtest.h>
+
+#include "engine/database_file.h"
+#include "tests/engine/test_catalogue.h"
+#include "tests/killed_child.h"
+
+namespace snippetarium::test {
+namespace {
+
+void SetVersion(const std::string& path, int version) {
+    RunStatements(OpenDatabase(path, OpenFlag::ReadWrite).get(),
+                  "PRAGMA user_version = " + std::to_string(version));
+}
+
+class FileVersionTest : public testing::Test {
+  protected:
+    int Open(AccessMode mode) {
+        Connection& connection = catalogue_.connection;
+        connection.SetMode(mode);
+        connection.SetVersions({3, 5});
+        return ErrorNumberOf([&] { connection.Open(); });
+    }
+    TestCatalogue catalogue_;
+};
+
+TEST_F(FileVersionTest, OutsideTheKnownOnesIsRefusedAndTheFileStays) {
+    catalogue_.connection.Close();
+    const struct {
+        int version;
+        int error;
+    } cases[] = {{0, 3343}, {2, 3343}, {3, 0}, {5, 0}, {6, 3343}};
+    for (const AccessMode mode : {AccessMode::Read, AccessMode::ReadWrite}) {
+        for (const auto& test : cases) {
+            SetVersion(catalogue_.Path(), test.version);
+            const std::string before = ReadBytes(catalogue_.Path());
+            EXPECT_EQ(Open(mode), test.error) << test.version;
+            EXPECT_EQ(catalogue_.connection.IsOpen(), test.error == 0);
+            if (test.error == 0) {
+                EXPECT_EQ(catalogue_.connection.UserVersion(), test.version);
+            }
+            catalogue_.connection.Close();
+            EXPECT_TRUE(ReadBytes(catalogue_.Path()) == before) << test.version;
+        }
+    }
+}
+
+TEST_F(FileVersionTest, OfAFileJustCompactedIsCheckedBeforeItGoesIntoLogMode) {
+    catalogue_.connection.Close();
+    RunStatements(OpenDatabase(catalogue_.Path(), OpenFlag::ReadWrite).get(),
+                  "PRAGMA journal_mode = DELETE; PRAGMA user_version = 6");
+    const std::string before = ReadBytes(catalogue_.Path());
+    EXPECT_EQ(Open(AccessMode::ReadWrite), 3343);
+    EXPECT_TRUE(ReadBytes(catalogue_.Path()) == before);
+}
+
+TEST_F(FileVersionTest, IsReadFromTheLogOfACrashWhichThenStays) {
+    catalogue_.connection.Close();
+    RunUntilItDies([&] {
+        RunStatements(OpenDatabase(catalogue_.Path(), OpenFlag::ReadWrite).release(),
+                      "PRAGMA user_version = 6");
+        DieHere();
+    });
+    ASSERT_TRUE(HasPendingLog(catalogue_.Path()));
+    const std::string before = ReadBytes(catalogue_.Path());
+    const std::string log = ReadBytes(catalogue_.Path() + "-wal");
+    EXPECT_EQ(Open(AccessMode::ReadWrite), 3343);
+    EXPECT_TRUE(ReadBytes(catalogue_.Path()) == before);
+    EXPECT_TRUE(ReadBytes(catalogue_.Path() + "-wal") == log);
+}
+
+}  // namespace
+}  // namespace snippetarium::test
