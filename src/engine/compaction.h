@@ -1,8 +1,8 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
+#include "engine/on_progress.h"
 #include "engine/sqlite_handle.h"
 
 namespace snippetarium {
@@ -19,9 +19,6 @@ namespace snippetarium {
 ///     compaction.ReplaceWithCopy();
 class Compaction {
   public:
-    /// Called with the share that is done, 0 to 1.
-    using OnProgress = std::function<void(double)>;
-
     /// Claims the file, given by a connection string. Throws EngineError: OpenElsewhere when
     /// another program has it open, also one that only opened it and does nothing; and what opening
     /// it as a catalogue throws. The file is then as it was.

@@ -27,6 +27,8 @@ constexpr std::size_t kPageCountAt = 28;
 constexpr std::size_t kApplicationIdAt = 68;
 constexpr std::size_t kPageCountValidForAt = 92;
 
+constexpr std::array<std::string_view, 3> kSideFileSuffixes = {"-wal", "-journal", "-shm"};
+
 using Header = std::array<unsigned char, kHeaderSize>;
 
 std::uint32_t Number32(const Header& header, std::size_t at) {
@@ -128,6 +130,26 @@ bool IsFileOpen(const std::string& path) {
     static_cast<void>(path);
     return false;
 #endif
+}
+
+void RenameFile(const std::string& from, const std::string& to) {
+    std::error_code error;
+    std::filesystem::rename(from, to, error);
+    if (error) {
+        throw EngineError(
+            EngineErrorCode::DiskError,
+            "The file '" + from + "' could not be named '" + to + "': " + error.message() + ".");
+    }
+    const std::string folder = std::filesystem::path(to).parent_path().string();
+    SyncToDisk(folder.empty() ? "." : folder);
+}
+
+void RemoveDatabaseFiles(const std::string& path) {
+    std::error_code ignored;
+    for (const std::string_view suffix : kSideFileSuffixes) {
+        std::filesystem::remove(path + std::string(suffix), ignored);
+    }
+    std::filesystem::remove(path, ignored);
 }
 
 void SyncToDisk(const std::string& path) {

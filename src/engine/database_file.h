@@ -7,6 +7,12 @@
 
 namespace snippetarium {
 
+// These functions look at files past the engine. On POSIX systems, closing any handle on a file
+// drops every lock that the process holds on it, those of the engine included: another program
+// could then write into a file that is being written here. So CheckDatabaseFile, IsFileOpen and
+// SyncToDisk are for files that this program does not have open; an open one is looked at through
+// the engine alone (engine/inspection.h, engine/online_copy.h).
+
 /// Stands in the header of every catalogue file and tells it from any other database. "SNIP".
 inline constexpr std::uint32_t kCatalogueApplicationId = 0x534E4950;
 
@@ -30,6 +36,14 @@ bool HasPendingLog(const std::string& path);
 /// True when a program, this one included, has the file open, even when it is not doing anything
 /// with it. Where the platform cannot tell, false: the locks of the engine must do then.
 bool IsFileOpen(const std::string& path);
+
+/// Gives a file another name, in place of a file that has that name, in one step that cannot be cut
+/// in half and that a power cut does not take back. Throws EngineError; nothing has changed then.
+void RenameFile(const std::string& from, const std::string& to);
+
+/// Removes a database file and what the engine keeps beside it, as far as they are there and can be
+/// removed. For files that nobody needs.
+void RemoveDatabaseFiles(const std::string& path);
 
 /// Makes a file's content, or a folder's list of names, safe from a power cut.
 void SyncToDisk(const std::string& path);

@@ -31,7 +31,7 @@ class CompactionTest : public testing::Test {
     std::string Target() const { return catalogue_.folder.File("Q1R1T_SN1.mde"); }
     std::string Copied() { return ReadBytes(Source()); }
 
-    void Compact(const Compaction::OnProgress& onProgress = nullptr) {
+    void Compact(const OnProgress& onProgress = nullptr) {
         Compaction compaction(ConnectionStringOf(Source()));
         compaction.WriteCopy(ConnectionStringOf(Target()), onProgress);
         compaction.ReplaceWithCopy();
