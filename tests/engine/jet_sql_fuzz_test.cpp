@@ -117,7 +117,10 @@ class JetSqlFuzz : public ::testing::Test {
         }
         ++translated_;
         const Reading reading = ReadBySqlite(catalogue_.Handle(), translation.sql);
-        if (translation.verb == StatementVerb::Select) CheckAgainstOriginal(text, reading);
+        const bool changesOnlyBrackets = translation.verb == StatementVerb::Select &&
+                                         text.find('#') == std::string::npos &&
+                                         translation.sql.find(" LIMIT ") == std::string::npos;
+        if (changesOnlyBrackets) CheckAgainstOriginal(text, reading);
         if (!reading.isAccepted) return;
         ++accepted_;
         EXPECT_TRUE(reading.isOneStatement) << text;
@@ -126,10 +129,8 @@ class JetSqlFuzz : public ::testing::Test {
             << text;
     }
 
-    /// In a SELECT without dates and TOP only brackets change, and that never changes whether the
-    /// statement is right.
+    /// Blanking brackets never makes a statement right or wrong.
     void CheckAgainstOriginal(const std::string& text, const Reading& translated) {
-        if (text.find('#') != std::string::npos || text.find("TOP") != std::string::npos) return;
         const Reading original = ReadBySqlite(catalogue_.Handle(), text);
         EXPECT_EQ(original.isAccepted, translated.isAccepted) << text << "\n"
                                                               << original.error << "\n"
