@@ -29,6 +29,11 @@ std::string TextOfLiteral(const SqlToken& literal) {
         if (quote == std::string_view::npos) break;
         text.append(rest, 0, quote + 1);
         rest.remove_prefix(quote + 2);
+        // Where there is one there are often more; a step costs less than a search.
+        while (rest.starts_with('\'')) {
+            text += '\'';
+            rest.remove_prefix(2);
+        }
     }
     text.append(rest);
     return text;

@@ -23,6 +23,11 @@ bool IsContinuation(unsigned char byte) {
     return (byte & 0xC0U) == 0x80U;
 }
 
+/// C0 and C1 would be overlong.
+bool IsTwoByteLead(unsigned char byte) {
+    return byte >= 0xC2U && byte <= 0xDFU;
+}
+
 /// The length in bytes of the well-formed character at `position`, 0 when there is none.
 std::size_t WellFormedLength(std::string_view text, std::size_t position) {
     const unsigned char lead = ByteAt(text, position);
@@ -64,6 +69,13 @@ std::size_t NextCharacter(std::string_view text, std::size_t position) {
 
 bool IsValidUtf8(std::string_view text) {
     for (std::size_t i = SkipAscii(text, 0); i < text.size(); i = SkipAscii(text, i)) {
+        // Most alphabets' letters are two bytes each and stand in words: no need to ask for ASCII
+        // behind every one.
+        while (i + 1 < text.size() && IsTwoByteLead(ByteAt(text, i)) &&
+               IsContinuation(ByteAt(text, i + 1))) {
+            i += 2;
+        }
+        if (i == text.size() || ByteAt(text, i) < 0x80U) continue;
         const std::size_t length = WellFormedLength(text, i);
         if (length == 0) return false;
         i += length;
