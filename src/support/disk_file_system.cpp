@@ -29,6 +29,27 @@ namespace fs = std::filesystem;
 constexpr std::size_t kCopyBlock = std::size_t{1} << 20U;
 constexpr std::size_t kSmallestRead = 4096;
 
+void WriteWhole(const fs::path& path, std::string_view bytes) {
+    WholeFile file(path);
+    file.Write(bytes);
+    file.Commit();
+}
+
+/// Adds the bytes to a file that is there, or cuts it back to what it was.
+void AppendWhole(const fs::path& path, std::string_view bytes) {
+    FileDescriptor file(path.c_str(), O_WRONLY | O_APPEND);
+    const off_t oldSize = file.Status().st_size;
+    try {
+        file.Write(bytes);
+        file.Flush();
+    } catch (const std::system_error&) {
+        // A device or pipe cannot be cut; there the failure being reported says it all.
+        [[maybe_unused]] const int cut = ftruncate(file.Get(), oldSize);
+        throw;
+    }
+    file.Close();
+}
+
 /// Runs body and turns what the system refuses into this program's Error about the path.
 template <typename Body>
 auto Reported(FileAction action, std::string_view path, Body body) {
@@ -131,26 +152,13 @@ std::string DiskFileSystem::ReadFile(std::string_view path) const {
 }
 
 void DiskFileSystem::WriteFile(std::string_view path, std::string_view bytes) {
-    Reported(FileAction::Write, path, [&] {
-        WholeFile file(SystemPath(path));
-        file.Write(bytes);
-        file.Commit();
-    });
+    Reported(FileAction::Write, path, [&] { WriteWhole(SystemPath(path), bytes); });
 }
 
 void DiskFileSystem::AppendToFile(std::string_view path, std::string_view bytes) {
     Reported(FileAction::Append, path, [&] {
-        FileDescriptor file(SystemPath(path).c_str(), O_WRONLY | O_APPEND | O_CREAT, kNewFileMode);
-        const off_t oldSize = file.Status().st_size;
-        try {
-            file.Write(bytes);
-            file.Flush();
-        } catch (const std::system_error&) {
-            // A device or pipe cannot be cut; there the failure being reported says it all.
-            [[maybe_unused]] const int cut = ftruncate(file.Get(), oldSize);
-            throw;
-        }
-        file.Close();
+        const fs::path file = SystemPath(path);
+        fs::exists(file) ? AppendWhole(file, bytes) : WriteWhole(file, bytes);
     });
 }
 

@@ -38,7 +38,4 @@ class FileDescriptor {
 /// Throws a value of errno as std::system_error.
 [[noreturn]] void ThrowSystemError(int systemError);
 
-/// The permissions to make a file with: all that the user's mask leaves of reading and writing.
-inline constexpr mode_t kNewFileMode = 0666;
-
 }  // namespace snippetarium

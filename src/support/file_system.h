@@ -64,7 +64,7 @@ class FileSystem {
     virtual void WriteFile(std::string_view path, std::string_view bytes) = 0;
 
     /// Puts bytes behind the file's last; makes the file when there is none. When it fails, the
-    /// file has the length it had.
+    /// file has the length it had, or is absent as before.
     virtual void AppendToFile(std::string_view path, std::string_view bytes) = 0;
 
     /// Makes the target hold what the source holds, with the promises of WriteFile, for files of

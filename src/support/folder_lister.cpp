@@ -24,13 +24,13 @@ bool LeadsBack(const fs::path& link, const fs::path& folder) {
 
 std::string ShownName(std::string_view name) {
     constexpr std::string_view kDigits = "0123456789ABCDEF";
-    constexpr char32_t kMalformed = 0xDC00;
     std::string shown;
     for (std::size_t i = 0; i < name.size();) {
         const std::size_t start = i;
-        const char32_t character = DecodeUtf8(name, i);
-        if (character >= kMalformed + 0x80U && character <= kMalformed + 0xFFU) {
-            const std::size_t byte = character - kMalformed;
+        const auto byte = static_cast<unsigned char>(name[start]);
+        DecodeUtf8(name, i);
+        const bool isMalformed = byte >= 0x80 && i == start + 1;
+        if (isMalformed) {
             shown += {'\\', 'x', kDigits[byte / 16], kDigits[byte % 16]};
         } else {
             shown += name.substr(start, i - start);

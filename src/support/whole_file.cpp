@@ -15,6 +15,7 @@ namespace fs = std::filesystem;
 
 constexpr int kMostLinks = 40;
 constexpr int kMostTemporaries = 1000;
+constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
 constexpr mode_t kPermissionBits = 07777;
 
 /// The file that the path leads to when its last part is a link, or a link to a link; it need not

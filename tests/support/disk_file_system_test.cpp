@@ -93,6 +93,8 @@ TEST_F(DiskFileSystemTest, AWriteThatRunsOutOfRoomLeavesTheOldFileAndNoTrace) {
         EXPECT_EQ(ErrorNumberOf(copy), error_number::kDiskFull);
         const auto append = [&] { files_.AppendToFile(Path("x.c"), std::string(8000, 'n')); };
         EXPECT_EQ(ErrorNumberOf(append), error_number::kDiskFull);
+        const auto start = [&] { files_.AppendToFile(Path("new.c"), std::string(8000, 'n')); };
+        EXPECT_EQ(ErrorNumberOf(start), error_number::kDiskFull);
     }
     EXPECT_EQ(files_.ReadFile(Path("x.c")), "old");
     EXPECT_EQ(Names(), (std::vector<std::string>{"big", "x.c"}));
