@@ -73,6 +73,15 @@ void Like(sqlite3_context* context, int /*operandCount*/, sqlite3_value** operan
     }
 }
 
+/// like(pattern, text, escape): the built-in function knows neither our classes nor our letters and
+/// cannot be cancelled.
+void RefuseEscape(sqlite3_context* context, int /*operandCount*/, sqlite3_value** /*operands*/) {
+    sqlite3_result_error(context,
+                         "LIKE knows no ESCAPE. To find a wildcard itself, write it in brackets: "
+                         "\"[%]\".",
+                         -1);
+}
+
 void Check(sqlite3* database, int result) {
     if (result == SQLITE_OK) return;
     throw EngineError(EngineErrorCode::Unexpected, "The comparison of text cannot be set up: " +
@@ -85,9 +94,12 @@ void InstallTextComparison(sqlite3* database, const CancelPoll* poll) {
     Check(database,
           sqlite3_create_collation_v2(database, "CATNC", SQLITE_UTF8, nullptr, Collate, nullptr));
     // The poll is only read; the engine's interface merely has no const pointer for it.
-    Check(database, sqlite3_create_function_v2(
-                        database, "like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS,
-                        const_cast<CancelPoll*>(poll), Like, nullptr, nullptr, nullptr));
+    auto* context = const_cast<CancelPoll*>(poll);
+    constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
+    Check(database, sqlite3_create_function_v2(database, "like", 2, kFlags, context, Like, nullptr,
+                                               nullptr, nullptr));
+    Check(database, sqlite3_create_function_v2(database, "like", 3, kFlags, nullptr, RefuseEscape,
+                                               nullptr, nullptr, nullptr));
 }
 
 }  // namespace snippetarium

@@ -14,6 +14,7 @@ namespace snippetarium {
 ///
 /// LIKE compares numbers as their text and gives null for a null operand. An invalid pattern ends
 /// the statement with LikePattern's text; a match that was cancelled ends it with SQLITE_INTERRUPT.
+/// The ESCAPE clause is refused: wildcards are quoted in brackets.
 ///
 /// `poll` is asked during long matches; it may be null, else it must outlive the connection. Throws
 /// EngineError Unexpected when the database refuses.

@@ -104,26 +104,11 @@ std::string FoldCase(std::string_view text) {
     for (std::size_t position = 0; position < text.size();) {
         if (IsAscii(text[position])) {
             folded += AsciiLower(text[position++]);
-            continue;
-        }
-        const std::size_t start = position;
-        const char32_t character = DecodeUtf8(text, position);
-        const char32_t foldedCharacter = FoldCase(character);
-        if (foldedCharacter == character) {
-            // Its bytes rather than its code: a malformed byte has no code to write.
-            folded.append(text, start, position - start);
         } else {
-            AppendUtf8(folded, foldedCharacter);
+            AppendUtf8(folded, FoldCase(DecodeUtf8(text, position)));
         }
     }
     return folded;
-}
-
-char32_t NextFolded(std::string_view text, std::size_t& position) {
-    const char byte = text[position];
-    if (!IsAscii(byte)) return FoldCase(DecodeUtf8(text, position));
-    ++position;
-    return static_cast<char32_t>(AsciiLower(byte));
 }
 
 std::u32string OtherCases(char32_t folded) {

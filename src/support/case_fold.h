@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "support/utf8.h"
+
 namespace snippetarium {
 
 // Case folding: the one rule by which the whole program takes two spellings of a letter for the
@@ -29,7 +31,12 @@ std::string FoldCase(std::string_view text);
 
 /// The folded form of the character at `position` (a byte offset below the text's size), which then
 /// moves behind it. A malformed byte gives what DecodeUtf8 gives.
-char32_t NextFolded(std::string_view text, std::size_t& position);
+inline char32_t NextFolded(std::string_view text, std::size_t& position) {
+    const auto byte = static_cast<unsigned char>(text[position]);
+    if (byte >= 0x80U) return FoldCase(DecodeUtf8(text, position));
+    ++position;
+    return byte >= 'A' && byte <= 'Z' ? byte + 0x20U : byte;
+}
 
 /// Every other character that folds to `folded`: "K" for "k", two capitals for U+03B8 (theta).
 /// Empty when there is none, also when `folded` is itself no folded form.

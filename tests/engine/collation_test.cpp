@@ -143,6 +143,13 @@ TEST(Like, AnInvalidPatternEndsTheStatementAndSaysWhy) {
     EXPECT_EQ(database.LastResult(), SQLITE_ERROR);
 }
 
+TEST(Like, TheEscapeClauseIsRefusedRatherThanLeftToTheBuiltInFunction) {
+    TextDatabase database;
+    EXPECT_EQ(database.Run("SELECT 'a%' LIKE 'a!%' ESCAPE '!'"),
+              Rows{"LIKE knows no ESCAPE. To find a wildcard itself, write it in brackets: "
+                   "\"[%]\"."});
+}
+
 TEST(Like, UsesEachRowsAndEachRunsOwnPattern) {
     TextDatabase database;
     database.Run("CREATE TABLE tblWord(word, pattern)");

@@ -99,6 +99,7 @@ INSTANTIATE_TEST_SUITE_P(First, EveryShortPattern,
 TEST_P(EveryShortPattern, MatchesTheTextsThatItMeans) {
     const std::vector<std::string> texts = TextsUpTo(4, "abBA%");
     std::vector<std::u32string> foldedTexts;
+    foldedTexts.reserve(texts.size());
     for (const std::string& text : texts)
         foldedTexts.push_back(FoldedCharacters(text));
 
@@ -141,8 +142,9 @@ TEST(LikePattern, FindsSegmentsInLongTextsAsItMeans) {
     int matches = 0;
     for (int round = 0; round < 2000; ++round) {
         // More "%" would take the reference too long.
-        const std::string pattern =
-            "%" + patterns.Pieces(1 + patterns.Below(6)) + "%" + patterns.Pieces(patterns.Below(3));
+        std::string pattern = "%";
+        pattern += patterns.Pieces(1 + patterns.Below(6)) + "%";
+        pattern += patterns.Pieces(patterns.Below(3));
         const std::string text = texts.Pieces(texts.Below(150));
         const bool expected = Means(FoldedCharacters(pattern), FoldedCharacters(text));
         ASSERT_EQ(LikePattern(pattern).Match(text), expected) << pattern << " / " << text;
@@ -203,12 +205,19 @@ TEST(LikePattern, RefusesAPatternAndSaysWhatToDo) {
         "Shorten it.");
 }
 
-std::string Repeat(std::size_t count, const std::string& piece) {
-    std::string text;
-    while (count-- > 0)
-        text += piece;
-    return text;
-}
+struct LongPattern {
+    const char* before;
+    std::size_t count;
+    const char* repeated;
+    const char* behind;
+
+    std::string Text() const {
+        std::string text = before;
+        for (std::size_t i = 0; i < count; ++i)
+            text += repeated;
+        return text += behind;
+    }
+};
 
 /// Says "cancelled" when it is asked for the given time.
 class CancelAtPoll : public CancelPoll {
@@ -223,32 +232,29 @@ class CancelAtPoll : public CancelPoll {
 TEST(LikePattern, PathologicalPatternsFinish) {
     const std::string text(64'000, 'a');
     const struct {
-        std::string pattern;
+        LongPattern pattern;
         bool isMatch;
     } cases[] = {
-        {Repeat(1300, "%a_") + "b%", false},
-        {Repeat(1300, "%a_") + "%", true},
-        {Repeat(2000, "%_") + "b", false},
-        {"%" + Repeat(800, "%[ab]") + "b%a", false},
-        {"%" + Repeat(4000, "_") + "%b%", false},
-        {"%" + Repeat(200, "a_") + "b%", false},
-        {"%" + Repeat(200, "[!b]") + "[b-c]%", false},
-        {"%" + std::string(4000, 'a') + "b%", false},
-        {"%" + std::string(4000, 'A') + "%", true},
+        {{"", 1300, "%a_", "b%"}, false},      {{"", 1300, "%a_", "%"}, true},
+        {{"", 2000, "%_", "b"}, false},        {{"%", 800, "%[ab]", "b%a"}, false},
+        {{"%", 4000, "_", "%b%"}, false},      {{"%", 100, "a_", "b%"}, false},
+        {{"%", 100, "[!b]", "[b-c]%"}, false}, {{"%", 4000, "a", "b%"}, false},
+        {{"%", 4000, "A", "%"}, true},
     };
     for (const auto& [pattern, isMatch] : cases) {
-        EXPECT_EQ(LikePattern(pattern).Match(text), isMatch) << pattern.substr(0, 20);
+        EXPECT_EQ(LikePattern(pattern.Text()).Match(text), isMatch)
+            << pattern.before << pattern.repeated << pattern.behind;
     }
 }
 
 TEST(LikePattern, ALongMatchCanBeCancelled) {
     const std::string text(64'000, 'a');
-    for (const std::string& pattern :
-         {"%" + Repeat(2000, "a_") + "b%", "%" + Repeat(1000, "[!b]") + "[b-c]%"}) {
+    for (const LongPattern& pattern :
+         {LongPattern{"%", 2000, "a_", "b%"}, LongPattern{"%", 1000, "[!b]", "[b-c]%"}}) {
         const CancelAtPoll poll(3);
         try {
-            LikePattern(pattern).Match(text, &poll);
-            ADD_FAILURE() << "not cancelled: " << pattern.substr(0, 20);
+            LikePattern(pattern.Text()).Match(text, &poll);
+            ADD_FAILURE() << "not cancelled: " << pattern.before << pattern.repeated;
         } catch (const EngineError& error) {
             EXPECT_EQ(error.Code(), EngineErrorCode::Cancelled);
         }

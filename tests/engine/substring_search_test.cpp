@@ -162,6 +162,16 @@ TEST_P(SubstringSearch, FindsTheNeedleAtEveryDistanceFromTheEnd) {
     }
 }
 
+TEST_P(SubstringSearch, FindsNeedlesOfStrayBytesThatRepeatThemselves) {
+    RandomText random({"\xA9", "a"}, 4);
+    for (int round = 0; round < 2000; ++round) {
+        const std::string text = random.Pieces(60);
+        std::string needle = "\xA9";
+        needle += random.Pieces(random.Below(8));
+        ASSERT_EQ(FoldedNeedle(needle, GetParam()).Find(text), FindSlowly(text, needle, 0));
+    }
+}
+
 // A search that compares afresh at each place would take 10 to the 10th steps here.
 TEST_P(SubstringSearch, TakesLinearTimeOnTextsThatRepeatThemselves) {
     const std::size_t count = 200'000;

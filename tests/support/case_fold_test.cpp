@@ -142,6 +142,7 @@ TEST(CompareFolded, OrdersEveryShortTextAsItsFoldedCharacters) {
     // The bytes of Ä and ä, a long lead byte, what makes a surrogate, and letters.
     const auto texts = TextsUpTo(3, {"a", "B", "b", "\xC3", "\x84", "\xA4", "\xED", "ж", "Ж"});
     std::vector<std::u32string> folded;
+    folded.reserve(texts.size());
     for (const std::string& text : texts)
         folded.push_back(FoldedCharacters(text));
     for (std::size_t i = 0; i < texts.size(); ++i) {
