@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "store/embedded_files.h"
-#include "support/error.h"
 #include "support/text.h"
 
 namespace snippetarium {
@@ -19,35 +18,31 @@ bool IsSchema(const EmbeddedFile& file) {
     return file.path.find('/') == std::string_view::npos;
 }
 
-std::string Quoted(std::string_view text) {
-    return "'" + DoubleSingleQuotes(text) + "'";
+bool IsSeed(const EmbeddedFile& file) {
+    return file.path.starts_with(kSeedFolder);
 }
 
-void RequireDifferentNames(const std::vector<QueryText>& queries) {
-    for (auto query = queries.begin(); query != queries.end(); ++query) {
-        const auto isNamesake = [&](const QueryText& other) { return other.name == query->name; };
-        if (std::none_of(queries.begin(), query, isNamesake)) continue;
-        throw Error(error_number::kInternal,
-                    "There are two stored queries of the name '" + query->name + "'.");
+template <typename Predicate>
+std::string JoinFiles(Predicate&& belongs) {
+    std::string script;
+    for (const EmbeddedFile& file : EmbeddedFiles()) {
+        if (belongs(file)) script += file.text;
     }
+    return script;
+}
+
+std::string Quoted(std::string_view text) {
+    return "'" + DoubleSingleQuotes(text) + "'";
 }
 
 }  // namespace
 
 std::string SchemaScript() {
-    std::string script;
-    for (const EmbeddedFile& file : EmbeddedFiles()) {
-        if (IsSchema(file)) script += file.text;
-    }
-    return script;
+    return JoinFiles(IsSchema);
 }
 
 std::string SeedScript() {
-    std::string script;
-    for (const EmbeddedFile& file : EmbeddedFiles()) {
-        if (file.path.starts_with(kSeedFolder)) script += file.text;
-    }
-    return script;
+    return JoinFiles(IsSeed);
 }
 
 std::vector<QueryText> StoredQueryTexts() {
@@ -57,7 +52,6 @@ std::vector<QueryText> StoredQueryTexts() {
         std::vector<QueryText> queries = ParseQueryTexts(file.path, file.text);
         std::move(queries.begin(), queries.end(), std::back_inserter(all));
     }
-    RequireDifferentNames(all);
     return all;
 }
 

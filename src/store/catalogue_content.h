@@ -20,11 +20,11 @@ std::string SchemaScript();
 /// The rows that every catalogue is delivered with, stored queries aside.
 std::string SeedScript();
 
-/// Every stored query. Throws Error, naming the file, when one of the files is malformed or two
-/// queries have the same name.
+/// Every stored query. Throws Error, naming the file and the line, when a file is malformed.
 std::vector<QueryText> StoredQueryTexts();
 
-/// Replaces whatever stored queries a file has by those of this program.
+/// Replaces whatever stored queries a file has by those of this program. Two of the same name make
+/// it fail where it is run.
 std::string StoredQueriesScript();
 
 /// A whole new catalogue: all of the above and the version.
