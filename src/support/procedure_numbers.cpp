@@ -70,4 +70,15 @@ std::span<const NumberBlock> NumberBlocks() {
     return kNumberBlocks;
 }
 
+std::string_view ProcedureName(Procedure procedure) {
+    switch (procedure) {
+#define PROCEDURE(module, name, number) \
+    case Procedure::name:               \
+        return #name;
+#include "support/procedures.inc"
+#undef PROCEDURE
+    }
+    return {};
+}
+
 }  // namespace snippetarium

@@ -40,6 +40,9 @@ std::span<const ProcedureRow> Procedures();
 /// and number 998 ends modFSOUtil's as it begins modImport's.
 std::span<const NumberBlock> NumberBlocks();
 
+/// The procedure's name, as the code spells it. A named query's read bears the query's name.
+std::string_view ProcedureName(Procedure procedure);
+
 /// What the user sees and sends in: 10000 + the procedure's number.
 constexpr std::int32_t ErrorCode(Procedure procedure) {
     return 10000 + static_cast<std::int32_t>(procedure);
