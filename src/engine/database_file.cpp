@@ -134,13 +134,14 @@ bool IsFileOpen(const std::string& path) {
 
 void RenameFile(const std::string& from, const std::string& to) {
     std::error_code error;
-    std::filesystem::rename(from, to, error);
+    const std::filesystem::path target = std::filesystem::weakly_canonical(to, error);
+    if (!error) std::filesystem::rename(from, target, error);
     if (error) {
         throw EngineError(
             EngineErrorCode::DiskError,
             "The file '" + from + "' could not be named '" + to + "': " + error.message() + ".");
     }
-    const std::string folder = std::filesystem::path(to).parent_path().string();
+    const std::string folder = target.parent_path().string();
     SyncToDisk(folder.empty() ? "." : folder);
 }
 

@@ -38,7 +38,8 @@ bool HasPendingLog(const std::string& path);
 bool IsFileOpen(const std::string& path);
 
 /// Gives a file another name, in place of a file that has that name, in one step that cannot be cut
-/// in half and that a power cut does not take back. Throws EngineError; nothing has changed then.
+/// in half and that a power cut does not take back. Where that file is a link, the file it leads to
+/// is replaced. Throws EngineError; nothing has changed then.
 void RenameFile(const std::string& from, const std::string& to);
 
 /// Removes a database file and what the engine keeps beside it, as far as they are there and can be

@@ -3,7 +3,9 @@
 #include <string>
 
 #include "engine/compaction.h"
+#include "engine/database_file.h"
 #include "engine/engine_error.h"
+#include "store/backup.h"
 #include "store/database.h"
 #include "support/guard.h"
 #include "support/message_boxes.h"
@@ -62,7 +64,7 @@ void Compact(Database& db) {
     const std::string sourcePath = db.ProgramFolder() + "/" + std::string(kCatalogueFileName);
     const std::string targetPath = db.ProgramFolder() + "/" + std::string(kCompactionFileName);
     // A copy that an earlier attempt left when the program was killed is worth nothing.
-    RemoveFileIfExists(targetPath);
+    RemoveDatabaseFiles(targetPath);
 
     Compaction compaction(ConnectionStringFor(sourcePath));
     {
@@ -71,6 +73,18 @@ void Compact(Database& db) {
                              [&](double share) { progress.Show(share); });
     }
     compaction.ReplaceWithCopy();
+}
+
+/// Whoever compacts trusts that nothing can be lost by it; so without a backup it is not begun.
+void BackUpBefore(Database& db) {
+    try {
+        WriteBackup(db, BackupReason::Compaction);
+    } catch (const Error& error) {
+        throw Error(
+            error.Number(),
+            "The database was not compacted, because the backup that is made before failed: " +
+                error.Description());
+    }
 }
 
 }  // namespace
@@ -90,6 +104,7 @@ void CompactCatalogue(Database& db) {
 
 void RunCompaction(Database& db) {
     Guarded(db.Reporter(), Procedure::RunCompaction, [&] {
+        BackUpBefore(db);
         // Kept meanwhile, so that this program can go on writing afterwards.
         std::optional<FileLock> writing = db.TakeWriting();
         CloseCatalogue(db);

@@ -8,8 +8,9 @@ class Database;
 /// refused because another program has the file open. The pointer is an hourglass meanwhile.
 void CompactCatalogue(Database& db);
 
-/// Closes the catalogue, compacts it and opens it again, whatever became of the compaction. Ends
-/// the program when opening found the database provider missing.
+/// Backs the catalogue up, closes it, compacts it and opens it again, whatever became of the
+/// compaction. Where the backup fails, that is reported and nothing else is done. Ends the program
+/// when opening found the database provider missing.
 void RunCompaction(Database& db);
 
 }  // namespace snippetarium

@@ -12,8 +12,6 @@ namespace snippetarium {
 
 namespace {
 
-constexpr std::string_view kWriterLockName = "QRT_SN.lock";
-
 constexpr std::string_view kProviderMissing =
     "Connection to Snippetarium database failed.\r\n\r\n"
     "MS Access database provider cannot be found.  It may not have been installed or may have been "
@@ -53,7 +51,7 @@ void Database::EndProgram() const {
 void Database::AcquireWriting() {
     mode_ = wantedMode_;
     if (mode_ == AccessMode::Read || writing_) return;
-    writing_ = FileLock::TryAcquire(ToPlatformPath(JoinPath(programFolder_, kWriterLockName)));
+    writing_ = FileLock::TryAcquire(ToPlatformPath(JoinPath(programFolder_, kWriterLockFileName)));
     if (!writing_) mode_ = AccessMode::Read;
 }
 
@@ -65,6 +63,7 @@ void Database::Open() {
     try {
         AcquireWriting();
         connection_.SetMode(mode_);
+        connection_.SetVersions(OpenableVersions());
         connection_.Open();
         BringUpToDate(*this);
     } catch (...) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,8 @@ struct QueryText {
     std::string parameters;
     /// One SELECT of the catalogue's dialect, without its semicolon.
     std::string body;
+
+    auto operator<=>(const QueryText&) const = default;
 };
 
 /// Reads a file of stored queries:

@@ -1,0 +1,105 @@
+#include "store/check_rules.h"
+
+#include <array>
+
+namespace snippetarium {
+
+namespace {
+
+// "NOT IN (SELECT key ...)" and not a join: it looks each ID up in the other table's own tree, or
+// in a list that is made once, so that a missing index lets no check run for hours. A null ID is in
+// nothing and not in nothing: it breaks no rule.
+
+constexpr std::string_view kNoApplication = "appID NOT IN (SELECT appID FROM tblApplication)";
+constexpr std::string_view kNoClass = "classID NOT IN (SELECT classID FROM tblClass)";
+constexpr std::string_view kNoCode = "codeID NOT IN (SELECT codeID FROM tblCode)";
+constexpr std::string_view kNoKeyword = "keywordID NOT IN (SELECT keywordID FROM tblKeyword)";
+constexpr std::string_view kNoSeparator =
+    "separatorID NOT IN (SELECT separatorID FROM tblSeparator)";
+constexpr std::string_view kNoLanguage = "languageID NOT IN (SELECT languageID FROM tblLanguage)";
+constexpr std::string_view kNoAuthor = "authorID NOT IN (SELECT authorID FROM tblAuthor)";
+constexpr std::string_view kNoDate = "dateID NOT IN (SELECT dateID FROM tblDate)";
+constexpr std::string_view kNoOwner =
+    "CASE ownerTableID WHEN 1 THEN ownerID NOT IN (SELECT appID FROM tblApplication) "
+    "WHEN 2 THEN ownerID NOT IN (SELECT classID FROM tblClass) "
+    "WHEN 3 THEN ownerID NOT IN (SELECT codeID FROM tblCode) ELSE 1 END";
+constexpr std::string_view kNoKeywordOrWord =
+    "(keywordID NOT IN (SELECT keywordID FROM tblKeyword) "
+    "OR searchWordID NOT IN (SELECT searchWordID FROM tblSearchWord))";
+constexpr std::string_view kNoPlaceInTree =
+    "(appID NOT IN (SELECT appID FROM tblApplication) "
+    "OR classID NOT IN (SELECT classID FROM tblClass) "
+    "OR codeID NOT IN (SELECT codeID FROM tblCode))";
+constexpr std::string_view kNoLink =
+    "searchWordID NOT IN (SELECT searchWordID FROM tblKeyword_link_searchWord)";
+constexpr std::string_view kNotItsFirstLanguage =
+    "rowid NOT IN (SELECT min(rowid) FROM tblCode_Link_Language GROUP BY codeID)";
+// A day or a time of day that does not exist comes back from date() and time() as another or as
+// none.
+constexpr std::string_view kNoIsoDate =
+    "coalesce(dDate NOT IN (date(substr(dDate, 1, 10)), "
+    "date(substr(dDate, 1, 10)) || ' ' || coalesce(time(substr(dDate, 12)), '')), 1)";
+
+constexpr std::string_view kClassID = "'classID ' || classID";
+constexpr std::string_view kCodeID = "'codeID ' || codeID";
+constexpr std::string_view kOwner = "'ownerID ' || ownerID || ', ownerTableID ' || ownerTableID";
+constexpr std::string_view kWordLink =
+    "'keywordID ' || keywordID || ', searchWordID ' || searchWordID";
+constexpr std::string_view kBookmark =
+    "'appID ' || appID || ', classID ' || classID || coalesce(', codeID ' || codeID, '')";
+
+constexpr std::string_view kHiddenAdvice =
+    "They cannot be seen in the contents tree. Mending moves them to where what belongs to nothing "
+    "is kept.";
+constexpr std::string_view kKeywordAdvice =
+    "Mending lets them have no keywords; give them new ones.";
+constexpr std::string_view kLinkAdvice = "They mean nothing. Mending removes them.";
+
+using enum FindingKind;
+using enum FindingWeight;
+
+// clang-format off
+constexpr std::array kRules = {
+    CheckRule{ClassWithoutApplication, Fault, "tblClass", kNoApplication, kClassID, "classes whose application does not exist", "UPDATE tblClass SET appID = 1", kHiddenAdvice},
+    CheckRule{ProcedureWithoutClass, Fault, "tblCode", kNoClass, kCodeID, "procedures whose class does not exist", "UPDATE tblCode SET classID = 1", kHiddenAdvice},
+    CheckRule{OwnerWithoutItsKeyword, Fault, "tblApplication", kNoKeyword, "'appID ' || appID", "applications whose keyword text does not exist", "UPDATE tblApplication SET keywordID = NULL", kKeywordAdvice},
+    CheckRule{OwnerWithoutItsKeyword, Fault, "tblClass", kNoKeyword, kClassID, "classes whose keyword text does not exist", "UPDATE tblClass SET keywordID = NULL", kKeywordAdvice},
+    CheckRule{OwnerWithoutItsKeyword, Fault, "tblCode", kNoKeyword, kCodeID, "procedures whose keyword text does not exist", "UPDATE tblCode SET keywordID = NULL", kKeywordAdvice},
+    CheckRule{KeywordWithoutSeparator, Fault, "tblKeyword", kNoSeparator, "'keywordID ' || keywordID", "keyword texts whose separator does not exist", "UPDATE tblKeyword SET separatorID = 1", "Mending makes the blank their separator."},
+    CheckRule{KeywordLinkToNothing, Fault, "tblKeyword_link_searchWord", kNoKeywordOrWord, kWordLink, "links of keyword texts to search words of which one does not exist", "DELETE FROM tblKeyword_link_searchWord", kLinkAdvice},
+    CheckRule{UnlinkedSearchWord, Information, "tblSearchWord", kNoLink, "'searchWordID ' || searchWordID", "search words that no keyword text has", "DELETE FROM tblSearchWord", "They find nothing and do no harm. Mending removes them."},
+    CheckRule{AuthorLinkWithoutOwner, Fault, "tbl_Author_Link", kNoOwner, kOwner, "links to authors whose owner does not exist", "DELETE FROM tbl_Author_Link", kLinkAdvice},
+    CheckRule{AuthorLinkWithoutAuthor, Fault, "tbl_Author_Link", kNoAuthor, "'authorID ' || authorID", "links to authors who do not exist", "DELETE FROM tbl_Author_Link", kLinkAdvice},
+    CheckRule{DateLinkWithoutOwner, Fault, "tbl_date_link", kNoOwner, kOwner, "links to dates whose owner does not exist", "DELETE FROM tbl_date_link", kLinkAdvice},
+    CheckRule{DateLinkWithoutDate, Fault, "tbl_date_link", kNoDate, "'dateID ' || dateID", "links to dates that do not exist", "DELETE FROM tbl_date_link", kLinkAdvice},
+    CheckRule{ClassOfUnknownLanguage, Fault, "tblClass", kNoLanguage, kClassID, "classes whose language does not exist", "", "Choose a language for them in the class editor."},
+    CheckRule{LanguageLinkWithoutProcedure, Fault, "tblCode_Link_Language", kNoCode, kCodeID, "languages of procedures that do not exist", "DELETE FROM tblCode_Link_Language", kLinkAdvice},
+    CheckRule{LanguageLinkWithoutLanguage, Fault, "tblCode_Link_Language", kNoLanguage, kCodeID, "procedures whose language does not exist", "DELETE FROM tblCode_Link_Language", "Mending lets them have no language; choose one in the procedure editor."},
+    CheckRule{ProcedureOfSeveralLanguages, Fault, "tblCode_Link_Language", kNotItsFirstLanguage, kCodeID, "second and further languages of one procedure", "DELETE FROM tblCode_Link_Language", "A procedure has one language. Mending leaves it the first."},
+    CheckRule{BookmarkOfNothing, Fault, "tblFavorite", kNoPlaceInTree, kBookmark, "bookmarks of what does not exist", "DELETE FROM tblFavorite", kLinkAdvice},
+    CheckRule{SourceFormWithoutClass, Fault, "tblSourceForm", kNoClass, kClassID, "notes on the source files of classes that do not exist", "DELETE FROM tblSourceForm", kLinkAdvice},
+    CheckRule{OverlongTextWithoutOwner, Fault, "tblOverlong", kNoOwner, kOwner, "cut off ends of texts whose owner does not exist", "DELETE FROM tblOverlong", kLinkAdvice},
+    CheckRule{LeftoverToDelete, Fault, "tblIDsToDelete", "1", "coalesce('ID ' || ID, 'no ID')", "rows that a deletion which was cut short left in its list", "DELETE FROM tblIDsToDelete", kLinkAdvice},
+    CheckRule{DateThatIsNone, Fault, "tblDate", kNoIsoDate, "'dateID ' || dateID", "dates that are no dates", "", "Searches by date miss them. Correct or delete them in the date list of their owners."},
+};
+// clang-format on
+
+std::string Where(std::string_view before, std::string_view condition) {
+    return std::string(before) + " WHERE " + std::string(condition);
+}
+
+}  // namespace
+
+std::string CheckRule::Breaches() const {
+    return Where("FROM " + std::string(table), condition);
+}
+
+std::string CheckRule::MendingScript() const {
+    return mending.empty() ? std::string() : Where(mending, condition);
+}
+
+std::span<const CheckRule> CheckRules() {
+    return kRules;
+}
+
+}  // namespace snippetarium

@@ -1,0 +1,121 @@
+#include "store/restore.h"
+
+#include <filesystem>
+#include <system_error>
+#include <vector>
+
+#include "engine/connection.h"
+#include "engine/engine_error.h"
+#include "engine/inspection.h"
+#include "engine/integrity.h"
+#include "engine/online_copy.h"
+#include "engine/provider.h"
+#include "store/backup.h"
+#include "store/catalogue_content.h"
+#include "store/catalogue_exchange.h"
+#include "store/database.h"
+#include "store/job_progress.h"
+#include "store/migration.h"
+#include "store/permanent_rows.h"
+#include "support/guard.h"
+
+namespace snippetarium {
+
+namespace {
+
+/// Opens a file as a catalogue, for what that throws.
+void RequireCatalogue(const std::string& path) {
+    Connection connection(CatalogueProviders());
+    connection.SetConnectionString("Provider=" + std::string(kCatalogueProvider) +
+                                   ";Data Source=" + path);
+    connection.SetMode(AccessMode::Read);
+    connection.SetVersions(OpenableVersions());
+    connection.Open();
+}
+
+void RequireSound(const std::string& copy, const std::string& backup, const CancelPoll& poll) {
+    const std::vector<std::string> problems = FindIntegrityProblems(copy, &poll);
+    if (problems.empty()) return;
+    throw EngineError(EngineErrorCode::Corrupted,
+                      "The backup '" + backup + "' is damaged (" + problems.front() +
+                          "). The catalogue was left as it was. Choose another backup.");
+}
+
+void RequireOtherFile(const std::string& backup, const std::string& catalogue) {
+    std::error_code error;
+    if (!std::filesystem::equivalent(backup, catalogue, error)) return;
+    throw Error(error_number::kInvalidCall,
+                "The file '" + backup + "' is the catalogue itself. Choose a backup.");
+}
+
+void RequireThisVersion(const std::string& path) {
+    const std::int64_t version = Inspection(path).ReadNumber("PRAGMA user_version");
+    if (version == kCatalogueVersion) return;
+    throw EngineError(EngineErrorCode::UnrecognisedFormat,
+                      "The catalogue '" + path + "' has the file version " +
+                          std::to_string(version) + ", and this program can only recover version " +
+                          std::to_string(kCatalogueVersion) +
+                          ". Recover it with the program that it was last used with.");
+}
+
+SalvagePlan PlanOfSalvage() {
+    SalvagePlan plan;
+    plan.creationScript = CreationScript();
+    plan.deliveredTables = {"tblNamedQuery"};
+    for (const PermanentTable& table : TablesWithPermanentRows()) {
+        plan.tablesWithPermanentRows.emplace_back(table.name);
+    }
+    return plan;
+}
+
+}  // namespace
+
+std::string RestoreCatalogue(const Host& host, const std::string& programFolder,
+                             const std::string& backupPath) {
+    JobProgress progress(host, "Snippetarium is restoring the catalogue, please wait...",
+                         JobProgress::Cancelling::Impossible);
+    CatalogueExchange exchange(host, programFolder);
+    RequireOtherFile(backupPath, exchange.OldPath());
+    RequireCatalogue(backupPath);
+    CopyDatabase(backupPath, exchange.NewPath(), [&](double share) { progress.Show(share); });
+    RequireSound(exchange.NewPath(), backupPath, progress);
+    const std::string kept = exchange.KeepOld(progress);
+    exchange.PutNewInPlace();
+    RemoveOldBackups(programFolder);
+    return kept;
+}
+
+SalvageResult SalvageCatalogue(const Host& host, const std::string& programFolder) {
+    JobProgress progress(host, "Snippetarium is recovering the catalogue, please wait...",
+                         JobProgress::Cancelling::Possible);
+    CatalogueExchange exchange(host, programFolder);
+    RequireThisVersion(exchange.OldPath());
+    SalvageResult result;
+    result.report = SalvageDatabase(
+        exchange.OldPath(), exchange.NewPath(), PlanOfSalvage(),
+        [&](double share) { progress.Show(share); }, &progress);
+    result.keptPath = exchange.SetOldAside(progress);
+    exchange.PutNewInPlace();
+    return result;
+}
+
+bool RunRestore(Database& db, const std::string& backupPath) {
+    const bool isRestored = GuardedStage(db.Reporter(), Procedure::RunRestore, [&] {
+        db.Close();
+        RestoreCatalogue(db.GetHost(), db.ProgramFolder(), backupPath);
+        return true;
+    });
+    OpenCatalogue(db);
+    return isRestored && db.GetConnection().IsOpen();
+}
+
+std::optional<SalvageResult> RunSalvage(Database& db) {
+    std::optional<SalvageResult> result = GuardedStage(db.Reporter(), Procedure::RunSalvage, [&] {
+        db.Close();
+        return std::make_optional(SalvageCatalogue(db.GetHost(), db.ProgramFolder()));
+    });
+    OpenCatalogue(db);
+    return result;
+}
+
+}  // namespace snippetarium
