@@ -1,13 +1,13 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "engine/cancel_poll.h"
 #include "engine/command.h"
+#include "engine/file_version.h"
 #include "engine/recordset.h"
 
 namespace snippetarium {
@@ -20,13 +20,6 @@ enum class WriteMode : std::uint8_t {
     EachStatement,
     /// At the next checkpoint, every few seconds. For imports and large deletions.
     Bulk,
-};
-
-/// The versions of a file that its opener can work with; a file's version is the number that its
-/// header keeps for the program (SQLite's user_version).
-struct FileVersions {
-    std::int32_t oldest = std::numeric_limits<std::int32_t>::min();
-    std::int32_t newest = std::numeric_limits<std::int32_t>::max();
 };
 
 /// What a connection string and the connection's properties say, in one place.

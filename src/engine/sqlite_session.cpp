@@ -64,23 +64,6 @@ std::int32_t ReadVersion(sqlite3* database) {
     return std::stoi(ScalarText(database, "PRAGMA user_version"));
 }
 
-void RequireKnownVersion(sqlite3* database, const std::string& path, const FileVersions& known) {
-    const std::int32_t version = ReadVersion(database);
-    if (version > known.newest) {
-        throw EngineError(
-            EngineErrorCode::UnrecognisedFormat,
-            "The catalogue '" + path + "' was made by a newer Snippetarium (file version " +
-                std::to_string(version) + ", this program knows " + std::to_string(known.newest) +
-                "). Install the newer program to open it.");
-    }
-    if (version < known.oldest) {
-        throw EngineError(EngineErrorCode::UnrecognisedFormat,
-                          "The catalogue '" + path + "' has the file version " +
-                              std::to_string(version) +
-                              ", which this program cannot bring up to date.");
-    }
-}
-
 }  // namespace
 
 SqliteSession::SqliteSession(const SessionOptions& options)
@@ -107,7 +90,7 @@ void SqliteSession::Open(const SessionOptions& options) {
     // A file that is refused must not change, also not by taking in what a crash left in its log.
     KeepLogOnClose(database_.get(), HasPendingLog(path_));
     // Opening reads nothing; this first read also shows damage, locks and missing rights.
-    RequireKnownVersion(database_.get(), path_, options.versions);
+    RequireKnownVersion(path_, ReadVersion(database_.get()), options.versions);
     KeepLogOnClose(database_.get(), false);
     InstallTextComparison(database_.get(), &cancel_);
     sqlite3_progress_handler(database_.get(), kStepsBetweenPolls, PollCancel,

@@ -137,6 +137,7 @@ TableSalvage::TableSalvage(sqlite3* source, sqlite3* target, const TableLayout& 
 
 SalvagedTable TableSalvage::Run(const OnProgress& onProgress) {
     onProgress_ = &onProgress;
+    Report();
     expectedRows_ = TryReadNumber(source_, "SELECT max(rowid) FROM " + layout_.name).value_or(0);
     layout_.hasRowNumbers ? ReadByNumber() : ReadByKey();
     return result_;

@@ -124,7 +124,8 @@ std::string CatalogueExchange::MoveOldAside() const {
 }
 
 void CatalogueExchange::PutNewInPlace() {
-    if (HasPendingLog(oldPath_)) {
+    std::error_code error;
+    if (std::filesystem::exists(oldPath_ + "-wal", error)) {
         throw EngineError(EngineErrorCode::OpenElsewhere,
                           "A program is writing into the catalogue '" + oldPath_ +
                               "'. Close that program and try again.");

@@ -25,8 +25,8 @@ constexpr std::size_t kExamples = 5;
 
 /// A fault of the catalogue that keeps a part of the check from being made.
 bool IsFaultOfTheCatalogue(EngineErrorCode code) {
-    return code == EngineErrorCode::Corrupted || code == EngineErrorCode::NoSuchTable ||
-           code == EngineErrorCode::WrongParameters;
+    return code == EngineErrorCode::Corrupted || code == EngineErrorCode::UnrecognisedFormat ||
+           code == EngineErrorCode::NoSuchTable || code == EngineErrorCode::WrongParameters;
 }
 
 class Check {
@@ -85,6 +85,9 @@ class Check {
         for (std::size_t i = 0; i < rules.size(); ++i) {
             progress_.SetStage(rules[i].what);
             progress_.Show(static_cast<double>(i) / static_cast<double>(rules.size()));
+            if (progress_.IsCancelled()) {
+                throw EngineError(EngineErrorCode::Cancelled, "The check was cancelled.");
+            }
             Attempt(rules[i].what, [&] { CheckByRule(catalogue, rules[i]); });
         }
     }
@@ -128,7 +131,12 @@ CheckReport CheckCatalogue(Database& db) {
     return Guarded(db.Reporter(), Procedure::CheckCatalogue, [&] {
         JobProgress progress(db.GetHost(), "Snippetarium is checking the catalogue, please wait...",
                              JobProgress::Cancelling::Possible);
-        return Check(db.FilePath(), progress).Run();
+        try {
+            return Check(db.FilePath(), progress).Run();
+        } catch (const EngineError& error) {
+            if (error.Code() != EngineErrorCode::Cancelled) throw;
+            return CheckReport();  // as the user wanted
+        }
     });
 }
 

@@ -13,10 +13,12 @@ namespace {
 constexpr std::string_view kNoApplication = "appID NOT IN (SELECT appID FROM tblApplication)";
 constexpr std::string_view kNoClass = "classID NOT IN (SELECT classID FROM tblClass)";
 constexpr std::string_view kNoCode = "codeID NOT IN (SELECT codeID FROM tblCode)";
-constexpr std::string_view kNoKeyword = "keywordID NOT IN (SELECT keywordID FROM tblKeyword)";
+constexpr std::string_view kNoKeyword =
+    "keywordID IS NOT NULL AND keywordID NOT IN (SELECT keywordID FROM tblKeyword)";
 constexpr std::string_view kNoSeparator =
-    "separatorID NOT IN (SELECT separatorID FROM tblSeparator)";
-constexpr std::string_view kNoLanguage = "languageID NOT IN (SELECT languageID FROM tblLanguage)";
+    "separatorID IS NOT NULL AND separatorID NOT IN (SELECT separatorID FROM tblSeparator)";
+constexpr std::string_view kNoLanguage =
+    "languageID IS NOT NULL AND languageID NOT IN (SELECT languageID FROM tblLanguage)";
 constexpr std::string_view kNoAuthor = "authorID NOT IN (SELECT authorID FROM tblAuthor)";
 constexpr std::string_view kNoDate = "dateID NOT IN (SELECT dateID FROM tblDate)";
 constexpr std::string_view kNoOwner =
@@ -29,16 +31,17 @@ constexpr std::string_view kNoKeywordOrWord =
 constexpr std::string_view kNoPlaceInTree =
     "(appID NOT IN (SELECT appID FROM tblApplication) "
     "OR classID NOT IN (SELECT classID FROM tblClass) "
-    "OR codeID NOT IN (SELECT codeID FROM tblCode))";
+    "OR (codeID IS NOT NULL AND codeID NOT IN (SELECT codeID FROM tblCode)))";
 constexpr std::string_view kNoLink =
     "searchWordID NOT IN (SELECT searchWordID FROM tblKeyword_link_searchWord)";
 constexpr std::string_view kNotItsFirstLanguage =
     "rowid NOT IN (SELECT min(rowid) FROM tblCode_Link_Language GROUP BY codeID)";
-// A day or a time of day that does not exist comes back from date() and time() as another or as
-// none.
+// What comes back from date() or time() as another one does not exist; what is no date at all comes
+// back as null, and so does the comparison.
 constexpr std::string_view kNoIsoDate =
-    "coalesce(dDate NOT IN (date(substr(dDate, 1, 10)), "
-    "date(substr(dDate, 1, 10)) || ' ' || coalesce(time(substr(dDate, 12)), '')), 1)";
+    "coalesce(dDate NOT IN (date(substr(dDate, 1, 10), '+0 days'), "
+    "date(substr(dDate, 1, 10), '+0 days') || ' ' || "
+    "coalesce(time(substr(dDate, 12), '+0 seconds'), '')), 1)";
 
 constexpr std::string_view kClassID = "'classID ' || classID";
 constexpr std::string_view kCodeID = "'codeID ' || codeID";

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "engine/session.h"
+#include "engine/file_version.h"
 
 namespace snippetarium {
 

@@ -4,12 +4,12 @@
 #include <system_error>
 #include <vector>
 
-#include "engine/connection.h"
+#include "engine/database_file.h"
 #include "engine/engine_error.h"
+#include "engine/file_version.h"
 #include "engine/inspection.h"
 #include "engine/integrity.h"
 #include "engine/online_copy.h"
-#include "engine/provider.h"
 #include "store/backup.h"
 #include "store/catalogue_content.h"
 #include "store/catalogue_exchange.h"
@@ -23,14 +23,13 @@ namespace snippetarium {
 
 namespace {
 
-/// Opens a file as a catalogue, for what that throws.
+std::int32_t ReadVersion(const std::string& path) {
+    return static_cast<std::int32_t>(Inspection(path).ReadNumber("PRAGMA user_version"));
+}
+
 void RequireCatalogue(const std::string& path) {
-    Connection connection(CatalogueProviders());
-    connection.SetConnectionString("Provider=" + std::string(kCatalogueProvider) +
-                                   ";Data Source=" + path);
-    connection.SetMode(AccessMode::Read);
-    connection.SetVersions(OpenableVersions());
-    connection.Open();
+    CheckDatabaseFile(path, AccessMode::Read);
+    RequireKnownVersion(path, ReadVersion(path), OpenableVersions());
 }
 
 void RequireSound(const std::string& copy, const std::string& backup, const CancelPoll& poll) {
@@ -46,16 +45,6 @@ void RequireOtherFile(const std::string& backup, const std::string& catalogue) {
     if (!std::filesystem::equivalent(backup, catalogue, error)) return;
     throw Error(error_number::kInvalidCall,
                 "The file '" + backup + "' is the catalogue itself. Choose a backup.");
-}
-
-void RequireThisVersion(const std::string& path) {
-    const std::int64_t version = Inspection(path).ReadNumber("PRAGMA user_version");
-    if (version == kCatalogueVersion) return;
-    throw EngineError(EngineErrorCode::UnrecognisedFormat,
-                      "The catalogue '" + path + "' has the file version " +
-                          std::to_string(version) + ", and this program can only recover version " +
-                          std::to_string(kCatalogueVersion) +
-                          ". Recover it with the program that it was last used with.");
 }
 
 SalvagePlan PlanOfSalvage() {
@@ -89,7 +78,8 @@ SalvageResult SalvageCatalogue(const Host& host, const std::string& programFolde
     JobProgress progress(host, "Snippetarium is recovering the catalogue, please wait...",
                          JobProgress::Cancelling::Possible);
     CatalogueExchange exchange(host, programFolder);
-    RequireThisVersion(exchange.OldPath());
+    RequireKnownVersion(exchange.OldPath(), ReadVersion(exchange.OldPath()),
+                        {kCatalogueVersion, kCatalogueVersion});
     SalvageResult result;
     result.report = SalvageDatabase(
         exchange.OldPath(), exchange.NewPath(), PlanOfSalvage(),
@@ -112,7 +102,12 @@ bool RunRestore(Database& db, const std::string& backupPath) {
 std::optional<SalvageResult> RunSalvage(Database& db) {
     std::optional<SalvageResult> result = GuardedStage(db.Reporter(), Procedure::RunSalvage, [&] {
         db.Close();
-        return std::make_optional(SalvageCatalogue(db.GetHost(), db.ProgramFolder()));
+        try {
+            return std::make_optional(SalvageCatalogue(db.GetHost(), db.ProgramFolder()));
+        } catch (const EngineError& error) {
+            if (error.Code() != EngineErrorCode::Cancelled) throw;
+            return std::optional<SalvageResult>();  // as the user wanted
+        }
     });
     OpenCatalogue(db);
     return result;

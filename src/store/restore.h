@@ -37,7 +37,8 @@ SalvageResult SalvageCatalogue(const Host& host, const std::string& programFolde
 /// backup is open now. A failure is reported.
 bool RunRestore(Database& db, const std::string& backupPath);
 
-/// Likewise with SalvageCatalogue. Nothing when that failed and was reported.
+/// Likewise with SalvageCatalogue. Nothing when the user cancelled it, or when it failed and that
+/// was reported.
 std::optional<SalvageResult> RunSalvage(Database& db);
 
 }  // namespace snippetarium

@@ -1,0 +1,207 @@
+#include "store/migration.h"
+
+#include <array>
+#include <filesystem>
+
+#include "engine/engine_error.h"
+#include "engine/inspection.h"
+#include "store/backup.h"
+#include "tests/child_process.h"
+#include "tests/killed_child.h"
+#include "tests/store/catalogue_fixture.h"
+#include "tests/store/watched_session.h"
+
+namespace snippetarium::test {
+namespace {
+
+// Two versions after the first: a table with a row for each step that ran.
+constexpr std::array kSteps = {
+    MigrationStep{1, "CREATE TABLE tblStep(step INTEGER); INSERT INTO tblStep VALUES (1); -- done"},
+    MigrationStep{2, "INSERT INTO tblStep VALUES (2); ALTER TABLE tblSetting ADD COLUMN note TEXT"},
+};
+
+class MigrationTest : public OpenCatalogueFixture {
+  protected:
+    std::string Steps() const {
+        const Inspection inspection(CataloguePath());
+        if (inspection.ReadNumber("SELECT count(*) FROM sqlite_schema WHERE name = 'tblStep'") == 0)
+            return "none";
+        return inspection.Read("SELECT group_concat(step) FROM tblStep")[std::size_t{0}].Text();
+    }
+    std::int64_t Version() const {
+        return Inspection(CataloguePath()).ReadNumber("PRAGMA user_version");
+    }
+    static std::string TextOf(const std::function<void()>& action) {
+        try {
+            action();
+        } catch (const Error& error) {
+            return error.Description();
+        }
+        return {};
+    }
+    /// Database::Open itself would refuse files that this program does not know.
+    void OpenAsAProgramOfVersion3() {
+        Database db(host_.host, CatalogueProviders(), folder_.Path());
+        db.GetConnection().SetConnectionString("Provider=" + std::string(kCatalogueProvider) +
+                                               ";Data Source=" + CataloguePath());
+        db.GetConnection().Open();
+        BringUpToDate(db, 3, kSteps);
+    }
+    bool HasBackups() const { return !ListBackups(folder_.Path()).empty(); }
+};
+
+TEST_F(MigrationTest, RunsEachStepOnceAfterABackup) {
+    for (int time = 0; time < 2; ++time) {
+        BringUpToDate(db_, 3, kSteps);
+        EXPECT_EQ(Version(), 3);
+        EXPECT_EQ(Steps(), "1,2");
+    }
+    const std::vector<Backup> backups = ListBackups(folder_.Path());
+    ASSERT_EQ(backups.size(), 1U);
+    EXPECT_EQ(backups.front().name.reason, BackupReason::Migration);
+    EXPECT_EQ(Inspection(backups.front().path).ReadNumber("PRAGMA user_version"), 1);
+}
+
+TEST_F(MigrationTest, GoesOnFromTheVersionInBetween) {
+    BringUpToDate(db_, 2, kSteps);
+    EXPECT_EQ(Steps(), "1");
+    BringUpToDate(db_, 3, kSteps);
+    EXPECT_EQ(Steps(), "1,2");
+}
+
+TEST_F(MigrationTest, OfANewFileDoesNothing) {
+    int scripts = 0;
+    db_.Close();
+    Database db(host_.host, WatchedProviders([&] { ++scripts; }), folder_.Path());
+    OpenCatalogue(db);
+    EXPECT_EQ(scripts, 0);
+    EXPECT_FALSE(HasBackups());
+}
+
+TEST_F(MigrationTest, PutsTheProgramsQueriesBackInOneScriptAndOnlyWhenTheyDiffer) {
+    for (const std::string_view change :
+         {"DELETE FROM tblNamedQuery WHERE name = 'qryLanguage'",
+          "UPDATE tblNamedQuery SET body = body || ' ' WHERE name = 'qryLanguage'",
+          "UPDATE tblNamedQuery SET parameters = 'x I' WHERE name = 'qryLanguage'",
+          "INSERT INTO tblNamedQuery VALUES ('qryOther', '', 'SELECT 1')"}) {
+        db_.GetConnection().RunScript(change);
+        db_.Close();
+        int scripts = 0;
+        {
+            Database db(host_.host, WatchedProviders([&] { ++scripts; }), folder_.Path());
+            OpenCatalogue(db);
+            OpenCatalogue(db_ /* beside it, for reading only */);
+            TakeBox();
+            EXPECT_EQ(scripts, 1) << change;
+            const Inspection delivered = Inspection::OfScript(CreationScript());
+            const char* const all =
+                "SELECT group_concat(name || parameters || body) FROM (SELECT * "
+                "FROM tblNamedQuery ORDER BY name)";
+            EXPECT_EQ(Inspection(CataloguePath()).Read(all)[std::size_t{0}].Text(),
+                      delivered.Read(all)[std::size_t{0}].Text());
+            db_.Close();
+        }
+        OpenCatalogue(db_);
+        EXPECT_FALSE(db_.IsReadOnly());
+    }
+    EXPECT_FALSE(HasBackups()) << "the tables are the same, so nothing can be lost";
+}
+
+TEST_F(MigrationTest, TakesAFailedStepBackAndTellsWhereTheBackupIs) {
+    for (std::size_t bad = 0; bad < kSteps.size(); ++bad) {
+        auto steps = kSteps;
+        steps[bad].script = "DELETE FROM tblCommonWord; INSERT INTO tblNoSuch VALUES (1)";
+        const std::string text = TextOf([&] { BringUpToDate(db_, 3, steps); });
+        const std::string backup = ListBackups(folder_.Path()).front().path;
+        EXPECT_NE(text.find(backup), std::string::npos) << text;
+        EXPECT_EQ(Version(), static_cast<int>(bad) + 1);
+        EXPECT_EQ(Steps(), bad == 0 ? "none" : "1");
+        EXPECT_GT(Inspection(CataloguePath()).ReadNumber("SELECT count(*) FROM tblCommonWord"),
+                  100);
+        EXPECT_EQ(Inspection(backup).ReadNumber("PRAGMA user_version"), 1);
+    }
+}
+
+TEST_F(MigrationTest, IsNotBegunWithoutItsBackupOrAllItsSteps) {
+    WriteBytes(folder_.File("backups"), "a file in the way");
+    EXPECT_NE(TextOf([&] { BringUpToDate(db_, 3, kSteps); }).find("backup"), std::string::npos);
+    EXPECT_EQ(Version(), 1);
+    std::filesystem::remove(folder_.File("backups"));
+
+    EXPECT_THROW(BringUpToDate(db_, 4, kSteps), EngineError);
+    EXPECT_EQ(Version(), 1);
+    EXPECT_FALSE(HasBackups());
+}
+
+TEST_F(MigrationTest, OfAFileOpenForReadingIsRefused) {
+    db_.Close();
+    db_.SetMode(AccessMode::Read);
+    OpenCatalogue(db_);
+    const std::string before = ReadBytes(CataloguePath());
+    const std::string text = TextOf([&] { BringUpToDate(db_, 3, kSteps); });
+    EXPECT_NE(text.find("opened for writing once"), std::string::npos) << text;
+    db_.Close();
+    EXPECT_TRUE(ReadBytes(CataloguePath()) == before);
+    EXPECT_FALSE(HasBackups());
+}
+
+TEST_F(MigrationTest, OfANewerFileIsRefusedAndTheFileStays) {
+    BringUpToDate(db_, 3, kSteps);
+    db_.Close();
+    const std::string before = ReadBytes(CataloguePath());
+    for (const AccessMode mode : {AccessMode::ReadWrite, AccessMode::Read}) {
+        db_.SetMode(mode);
+        OpenCatalogue(db_);
+        EXPECT_NE(
+            TakeBox().text.find("was made by a newer Snippetarium (file version 3, this program "
+                                "knows 1). Install the newer program to open it."),
+            std::string::npos);
+        EXPECT_FALSE(db_.GetConnection().IsOpen());
+        EXPECT_TRUE(ReadBytes(CataloguePath()) == before);
+    }
+}
+
+TEST_F(MigrationTest, KilledBetweenAnyTwoStepsGoesOnAtTheNextOpening) {
+    db_.Close();
+    const std::string before = ReadBytes(CataloguePath());
+    // Before each of the two steps, and before the stored queries, of which one differs.
+    for (int deadly = 1; deadly <= 3; ++deadly) {
+        WriteBytes(CataloguePath(), before);
+        RunUntilItDies([&] {
+            int scripts = -1;  // the deletion below
+            Database db(host_.host, WatchedProviders([&] {
+                            if (++scripts == deadly) DieHere();
+                        }),
+                        folder_.Path());
+            db.Open();
+            db.GetConnection().RunScript("DELETE FROM tblNamedQuery WHERE name = 'qryLanguage'");
+            BringUpToDate(db, 3, kSteps);
+        });
+        EXPECT_EQ(Version(), deadly);
+        EXPECT_EQ(Steps(), deadly == 1 ? "none" : deadly == 2 ? "1" : "1,2");
+
+        OpenAsAProgramOfVersion3();
+        EXPECT_EQ(Version(), 3);
+        EXPECT_EQ(Steps(), "1,2") << "killed before script " << deadly;
+        EXPECT_EQ(Inspection(CataloguePath())
+                      .ReadNumber("SELECT count(*) FROM tblNamedQuery WHERE name = 'qryLanguage'"),
+                  1);
+    }
+}
+
+TEST_F(MigrationTest, KilledDuringItsBackupHasChangedNothing) {
+    db_.Close();
+    RunUntilItDies([&] {
+        db_.Open();
+        host_.events.At(1, DieHere);
+        BringUpToDate(db_, 3, kSteps);
+    });
+    EXPECT_FALSE(HasBackups());
+    OpenCatalogue(db_);
+    BringUpToDate(db_, 3, kSteps);
+    EXPECT_EQ(Steps(), "1,2");
+    EXPECT_EQ(ListBackups(folder_.Path()).size(), 1U);
+}
+
+}  // namespace
+}  // namespace snippetarium::test
