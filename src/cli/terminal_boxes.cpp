@@ -54,6 +54,7 @@ void TerminalBoxes::Warning(std::string_view message, std::string_view title) {
 }
 
 void TerminalBoxes::Error(std::string_view message, std::string_view title) {
+    if (!firstError_) firstError_ = message;
     Print(message, title);
 }
 

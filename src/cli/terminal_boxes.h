@@ -1,6 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "cli/console.h"
@@ -29,6 +31,8 @@ class TerminalBoxes final : public MessageBoxes {
     SeriesAnswer Series(std::string_view question) override;
 
     bool WasRefused() const { return wasRefused_; }
+    /// The text of the first error box that was shown, if any was.
+    const std::optional<std::string>& FirstError() const { return firstError_; }
 
     /// Runs the handler of a pressed Cancel. The handler asks whether to stop; where that question
     /// cannot be put to a person, the press itself is the answer: yes.
@@ -48,6 +52,7 @@ class TerminalBoxes final : public MessageBoxes {
     Console& console_;
     QuestionPolicy policy_;
     bool wasRefused_ = false;
+    std::optional<std::string> firstError_;
 };
 
 }  // namespace snippetarium

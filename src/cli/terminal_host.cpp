@@ -12,4 +12,11 @@ void TerminalEvents::Yield() {
     boxes_.AnswerCancelPress(handler);
 }
 
+std::optional<ErrorDetails> TerminalHost::FirstFailure() const {
+    if (const auto& reported = reporter_.FirstReported()) return reported;
+    if (const auto& text = boxes_.FirstError()) return ErrorDetails{0, *text};
+    if (boxes_.WasRefused()) return ErrorDetails{0, "A question could not be put to anybody."};
+    return std::nullopt;
+}
+
 }  // namespace snippetarium

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "cli/console.h"
@@ -50,8 +51,10 @@ class TerminalHost {
 
     Host Interfaces() { return {boxes_, progress_, events_, clock_, help_, reporter_}; }
 
-    /// Whether a question was asked that nobody could answer. The program then ends with a failure.
-    bool WasRefused() const { return boxes_.WasRefused(); }
+    /// The first thing that went wrong in this run, as the person at the terminal was told it: a
+    /// failure of an operation, another error box, or a question that nobody could answer. The last
+    /// two have no number. The program then ends with a failure.
+    std::optional<ErrorDetails> FirstFailure() const;
 
   private:
     SystemClock clock_;

@@ -89,30 +89,33 @@ void BackUpBefore(Database& db) {
 
 }  // namespace
 
-void CompactCatalogue(Database& db) {
-    GuardedStage(db.Reporter(), Procedure::CompactCatalogue, [&] {
+bool CompactCatalogue(Database& db) {
+    return GuardedStage(db.Reporter(), Procedure::CompactCatalogue, [&] {
         try {
             Compact(db);
         } catch (const EngineError& error) {
             if (error.Code() != EngineErrorCode::OpenElsewhere) throw;
             ShowInformation(db.GetHost().messages, kOpenElsewhere, kInformationTitle);
-            return;
+            return false;
         }
         ShowInformation(db.GetHost().messages, kDone, kInformationTitle);
+        return true;
     });
 }
 
-void RunCompaction(Database& db) {
-    Guarded(db.Reporter(), Procedure::RunCompaction, [&] {
+bool RunCompaction(Database& db) {
+    const bool isDone = Guarded(db.Reporter(), Procedure::RunCompaction, [&] {
         BackUpBefore(db);
         // Kept meanwhile, so that this program can go on writing afterwards.
         std::optional<FileLock> writing = db.TakeWriting();
         CloseCatalogue(db);
-        CompactCatalogue(db);
+        const bool isCompacted = CompactCatalogue(db);
         db.PutWriting(std::move(writing));
         OpenCatalogue(db);
+        return isCompacted;
     });
     if (db.IsShuttingDown()) db.EndProgram();
+    return isDone;
 }
 
 }  // namespace snippetarium

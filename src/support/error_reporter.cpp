@@ -55,6 +55,7 @@ void ErrorReporter::ReportCurrent(Procedure procedure) noexcept {
     } catch (...) {
         try {
             const EventScope events(*this);
+            if (!firstReported_) firstReported_ = CurrentError();
             ReportError(messages_, procedure);
         } catch (...) {
             // A second box would fail like this one, and an exception would end the program.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -80,11 +81,15 @@ class ErrorReporter {
     /// For a catch block, after ReportCurrent: throws the failure on as a ReportedError.
     [[noreturn]] static void ThrowReported();
 
+    /// The first failure that was reported in this run of the program, if any was.
+    const std::optional<ErrorDetails>& FirstReported() const { return firstReported_; }
+
     MessageBoxes& Messages() { return messages_; }
 
   private:
     MessageBoxes& messages_;
     int depth_ = 0;
+    std::optional<ErrorDetails> firstReported_;
 };
 
 }  // namespace snippetarium

@@ -148,7 +148,7 @@ TEST_F(TerminalHostTest, CtrlCAnswersItsOwnQuestionWhereNobodyIsAsked) {
         std::raise(SIGINT);
         t.host.events.Yield();
         EXPECT_EQ(answer, expected) << "typed: " << typed;
-        EXPECT_FALSE(t.terminal.WasRefused());
+        EXPECT_FALSE(t.terminal.FirstFailure());
     }
 }
 
@@ -176,11 +176,31 @@ TEST_F(TerminalHostTest, AFailureInTheCancelHandlerDoesNotThrowIntoTheJob) {
               0U);
 }
 
-TEST_F(TerminalHostTest, ARefusedQuestionIsRemembered) {
-    Terminal t;
-    EXPECT_FALSE(t.terminal.WasRefused());
-    t.host.messages.Series("Overwrite?");
-    EXPECT_TRUE(t.terminal.WasRefused());
+TEST_F(TerminalHostTest, TheFirstFailureIsRememberedHoweverItWasTold) {
+    const auto report = [](const Host& host, int number, const std::string& text) {
+        Guarded(host.reporter, Procedure::RunCompaction, [&] { throw Error(number, text); });
+    };
+    Terminal reported;
+    EXPECT_FALSE(reported.terminal.FirstFailure());
+    reported.host.messages.Information("Done.", "Title");
+    EXPECT_FALSE(reported.terminal.FirstFailure());
+    report(reported.host, 61, "Disk full");
+    report(reported.host, 70, "Permission denied");
+    ASSERT_TRUE(reported.terminal.FirstFailure());
+    EXPECT_EQ(reported.terminal.FirstFailure()->number, 61);
+    EXPECT_EQ(reported.terminal.FirstFailure()->description, "Disk full");
+
+    Terminal boxed;
+    boxed.host.messages.Error("The name is too long.", "Title");
+    boxed.host.messages.Error("And empty.", "Title");
+    ASSERT_TRUE(boxed.terminal.FirstFailure());
+    EXPECT_EQ(boxed.terminal.FirstFailure()->number, 0);
+    EXPECT_EQ(boxed.terminal.FirstFailure()->description, "The name is too long.");
+
+    Terminal refused;
+    refused.host.messages.Series("Overwrite?");
+    ASSERT_TRUE(refused.terminal.FirstFailure());
+    EXPECT_EQ(refused.terminal.FirstFailure()->number, 0);
 }
 
 TEST_F(TerminalHostTest, HelpIsAnAddress) {
