@@ -27,7 +27,7 @@ void RequireCatalogue(const std::string& folder, const std::string& file) {
                           " --folder '" + folder + "' new");
 }
 
-/// A command that only reads must not keep the desktop program from writing, so it leaves the right
+/// A command that only reads must not keep another program from writing, so it leaves the right
 /// to write alone. Only a catalogue of an older version cannot be read like that: it has to be
 /// brought up to date first.
 void OpenForReading(Database& db) {
@@ -53,7 +53,8 @@ void OpenForChanging(Database& db) {
 }  // namespace
 
 void CommandContext::SetDocument(const Json& document) {
-    // Sources come from anywhere; a byte that is no UTF-8 must not keep the rest from being printed.
+    // Sources come from anywhere; a byte that is no UTF-8 must not keep the rest from being
+    // printed.
     document_ = document.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
