@@ -8,7 +8,7 @@
 #include "cli/command_context.h"
 #include "cli/text_layout.h"
 #include "cli/text_table.h"
-#include "support/error.h"
+#include "engine/engine_error.h"
 
 namespace snippetarium {
 
@@ -62,14 +62,26 @@ CheckReport Mend(CommandContext& context, CheckReport report) {
         std::any_of(report.findings.begin(), report.findings.end(),
                     [](const CheckFinding& finding) { return !finding.mendingScript.empty(); });
     if (!canMend) return report;
+    context.CloseCatalogue();
     Database& db = context.Catalogue(CatalogueUse::Change);
     MendCatalogue(db, report);
     context.CloseCatalogue();
     return CheckCatalogue(context.ClosedCatalogue());
 }
 
+/// A damaged catalogue cannot be opened and is to be checked all the same. But of a file that is no
+/// catalogue, or a newer program's, a check can say nothing.
+Database& OpenIfPossible(CommandContext& context) {
+    try {
+        return context.Catalogue(CatalogueUse::Read);
+    } catch (const EngineError& error) {
+        if (error.Code() != EngineErrorCode::Corrupted) throw;
+    }
+    return context.ClosedCatalogue();
+}
+
 void Run(CommandContext& context) {
-    Database& db = context.ClosedCatalogue();
+    Database& db = OpenIfPossible(context);
     const std::string file = db.FilePath();
     CheckReport report = CheckCatalogue(db);
     if (report.isComplete && context.Given().Has(kMend)) report = Mend(context, std::move(report));
