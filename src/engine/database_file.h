@@ -26,9 +26,13 @@ void CheckDatabaseFile(const std::string& path, AccessMode mode);
 /// as it is, also where the system would let this user write, as it lets an administrator.
 bool IsWritableFile(const std::string& path);
 
-/// Removes the side files that a refused opening left beside a file, unless a program has it open.
-/// For files that had none before.
+/// Removes the side files that a refused opening left beside a file. Where it cannot be made sure
+/// that no program has the file open, they stay. For files that had none before.
 void RemoveEmptySideFiles(const std::string& path);
+
+/// Where the engine keeps the write-ahead log of a database: beside the file itself, also when the
+/// path is a link to it.
+std::string LogPath(const std::string& path);
 
 /// True when the database has changes beside the file that are not in it yet, after a crash.
 bool HasPendingLog(const std::string& path);

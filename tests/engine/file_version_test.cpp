@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "engine/database_file.h"
 #include "tests/engine/test_catalogue.h"
 #include "tests/killed_child.h"
@@ -60,12 +62,19 @@ TEST_F(FileVersionTest, IsReadFromTheLogOfACrashWhichThenStays) {
                       "PRAGMA user_version = 6");
         DieHere();
     });
-    ASSERT_TRUE(HasPendingLog(catalogue_.Path()));
+    const std::string link = catalogue_.folder.File("link.mde");
+    std::filesystem::create_symlink(catalogue_.Path(), link);
     const std::string before = ReadBytes(catalogue_.Path());
     const std::string log = ReadBytes(catalogue_.Path() + "-wal");
-    EXPECT_EQ(Open(AccessMode::ReadWrite), 3343);
-    EXPECT_TRUE(ReadBytes(catalogue_.Path()) == before);
-    EXPECT_TRUE(ReadBytes(catalogue_.Path() + "-wal") == log);
+    for (const std::string& path : {catalogue_.Path(), link}) {
+        ASSERT_TRUE(HasPendingLog(path));
+        catalogue_.connection.SetConnectionString(ConnectionStringOf(path));
+        for (const AccessMode mode : {AccessMode::Read, AccessMode::ReadWrite}) {
+            EXPECT_EQ(Open(mode), 3343) << path;
+            EXPECT_TRUE(ReadBytes(catalogue_.Path()) == before) << path;
+            EXPECT_TRUE(ReadBytes(catalogue_.Path() + "-wal") == log) << path;
+        }
+    }
 }
 
 }  // namespace
