@@ -201,11 +201,13 @@ std::int32_t SqliteSession::UserVersion() {
 
 void SqliteSession::SetWriteMode(WriteMode mode) {
     const StatementGuard::Scope scope(guard_, StatementPurpose::Internal);
-    if (writeMode_ == WriteMode::Bulk && mode == WriteMode::EachStatement) Checkpoint();
+    const WriteMode previous = std::exchange(writeMode_, mode);
     RunStatements(database_.get(), mode == WriteMode::Bulk ? "PRAGMA synchronous = NORMAL"
                                                            : "PRAGMA synchronous = FULL");
-    writeMode_ = mode;
     lastCheckpoint_ = std::chrono::steady_clock::now();
+    // Last, so that the mode holds even if this fails: the next single edit makes the whole log
+    // safe with it.
+    if (previous == WriteMode::Bulk && mode == WriteMode::EachStatement) Checkpoint();
 }
 
 void SqliteSession::Checkpoint() {
