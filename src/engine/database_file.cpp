@@ -25,6 +25,7 @@ constexpr std::string_view kMagic("SQLite format 3\0", 16);
 constexpr std::size_t kPageSizeAt = 16;
 constexpr std::size_t kChangeCounterAt = 24;
 constexpr std::size_t kPageCountAt = 28;
+constexpr std::size_t kVersionAt = 60;
 constexpr std::size_t kApplicationIdAt = 68;
 constexpr std::size_t kPageCountValidForAt = 92;
 
@@ -140,7 +141,15 @@ std::string LogPath(const std::string& path) {
 }
 
 bool HasPendingLog(const std::string& path) {
-    return IsNonEmptyFile(LogPath(path)) || IsNonEmptyFile(SideFile(path, "-journal"));
+    return IsNonEmptyFile(LogPath(path)) || HasPendingJournal(path);
+}
+
+bool HasPendingJournal(const std::string& path) {
+    return IsNonEmptyFile(SideFile(path, "-journal"));
+}
+
+std::int32_t VersionInHeader(const std::string& path) {
+    return static_cast<std::int32_t>(Number32(ReadHeader(path), kVersionAt));
 }
 
 void CheckDatabaseFile(const std::string& path, AccessMode mode) {

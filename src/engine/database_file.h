@@ -37,6 +37,13 @@ std::string LogPath(const std::string& path);
 /// True when the database has changes beside the file that are not in it yet, after a crash.
 bool HasPendingLog(const std::string& path);
 
+/// True when a crash left a change half made in the file itself: whoever reads it next through the
+/// engine undoes that first, which writes into the file.
+bool HasPendingJournal(const std::string& path);
+
+/// The file's version (session.h) as its header has it, without what waits beside the file.
+std::int32_t VersionInHeader(const std::string& path);
+
 /// True when a program, this one included, has the file open, even when it is not doing anything
 /// with it. Where the platform cannot tell, false: the locks of the engine must do then.
 bool IsFileOpen(const std::string& path);

@@ -75,6 +75,10 @@ std::int32_t ReadVersion(sqlite3* database) {
 SqliteSession::SqliteSession(const SessionOptions& options)
     : path_(ToPlatformPath(options.dataSource)), statements_(kCachedStatements) {
     CheckDatabaseFile(path_, options.mode);
+    // The first read would already undo what a crash left half made.
+    if (HasPendingJournal(path_)) {
+        RequireKnownVersion(path_, VersionInHeader(path_), options.versions);
+    }
     try {
         Open(options);
     } catch (...) {

@@ -77,5 +77,30 @@ TEST_F(FileVersionTest, IsReadFromTheLogOfACrashWhichThenStays) {
     }
 }
 
+TEST_F(FileVersionTest, IsCheckedBeforeAChangeThatACrashLeftHalfMadeIsUndone) {
+    catalogue_.connection.Close();
+    const std::string path = catalogue_.Path();
+    RunStatements(OpenDatabase(path, OpenFlag::ReadWrite).get(),
+                  "PRAGMA journal_mode = DELETE; PRAGMA user_version = 6");
+    RunUntilItDies([&] {
+        // With so little memory the change goes to the disk before it is whole.
+        RunStatements(
+            OpenDatabase(path, OpenFlag::ReadWrite).release(),
+            "PRAGMA cache_size = 2; BEGIN; UPDATE tblCode SET code = hex(zeroblob(90000))");
+        DieHere();
+    });
+    const std::string before = ReadBytes(path);
+    const std::string journal = ReadBytes(path + "-journal");
+    ASSERT_FALSE(journal.empty());
+    for (const AccessMode mode : {AccessMode::Read, AccessMode::ReadWrite}) {
+        EXPECT_EQ(Open(mode), 3343);
+        EXPECT_TRUE(ReadBytes(path) == before);
+        EXPECT_TRUE(ReadBytes(path + "-journal") == journal);
+    }
+    catalogue_.connection.SetVersions({6, 6});
+    catalogue_.connection.Open();
+    EXPECT_EQ(catalogue_.Scalar("SELECT code FROM tblCode WHERE codeID = 1"), "Sub Draw()");
+}
+
 }  // namespace
 }  // namespace snippetarium::test
