@@ -58,9 +58,9 @@ Json DocumentOf(const std::string& file, const CheckReport& report) {
 
 /// Mends if there is anything to mend and says what is then still wrong.
 CheckReport Mend(CommandContext& context, CheckReport report) {
-    const bool canMend = std::any_of(
-        report.findings.begin(), report.findings.end(),
-        [](const CheckFinding& finding) { return !finding.mendingScript.empty(); });
+    const bool canMend =
+        std::any_of(report.findings.begin(), report.findings.end(),
+                    [](const CheckFinding& finding) { return !finding.mendingScript.empty(); });
     if (!canMend) return report;
     Database& db = context.Catalogue(CatalogueUse::Change);
     MendCatalogue(db, report);

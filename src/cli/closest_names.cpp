@@ -21,7 +21,8 @@ std::string SmallLetters(std::string_view text) {
 
 /// How many letters must be changed, added or removed to make one text of the other.
 std::size_t EditDistance(std::string_view left, std::string_view right) {
-    // One row of the usual table: row[j] is the distance of the left text so far to right's first j.
+    // One row of the usual table: row[j] is the distance of the left text so far to right's first
+    // j.
     std::vector<std::size_t> row(right.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
     for (std::size_t i = 0; i < left.size(); ++i) {
@@ -49,12 +50,12 @@ std::vector<std::string> ClosestNames(std::string_view typed,
         const bool isPart = wanted.size() >= 3 && candidate.find(wanted) != std::string::npos;
         if (distance <= tolerance || isPart) close.emplace_back(distance, name);
     }
-    std::stable_sort(close.begin(), close.end(), [](const auto& left, const auto& right) {
-        return left.first < right.first;
-    });
+    std::stable_sort(close.begin(), close.end(),
+                     [](const auto& left, const auto& right) { return left.first < right.first; });
     close.resize(std::min(close.size(), limit));
     std::vector<std::string> result;
-    for (auto& [distance, name] : close) result.push_back(std::move(name));
+    for (auto& [distance, name] : close)
+        result.push_back(std::move(name));
     return result;
 }
 

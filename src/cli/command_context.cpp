@@ -53,7 +53,8 @@ void OpenForChanging(Database& db) {
 }  // namespace
 
 void CommandContext::SetDocument(const Json& document) {
-    // Sources come from anywhere; a byte that is no UTF-8 must not keep the rest from being printed.
+    // Sources come from anywhere; a byte that is no UTF-8 must not keep the rest from being
+    // printed.
     document_ = document.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 

@@ -30,7 +30,8 @@ void AddArgument(CLI::App& app, Arguments& arguments, const CommandArgument& arg
     if (argument.occurs == Occurs::AnyNumber) {
         app.add_option_function<std::vector<std::string>>(
             name, [&arguments, name](const std::vector<std::string>& values) {
-                for (const std::string& value : values) arguments.Add(name, value);
+                for (const std::string& value : values)
+                    arguments.Add(name, value);
             });
     } else {
         app.add_option_function<std::string>(
@@ -38,8 +39,8 @@ void AddArgument(CLI::App& app, Arguments& arguments, const CommandArgument& arg
     }
 }
 
-/// The parser's description of a command. What is required is checked afterwards: a request for help
-/// must not fail because of an argument that is missing.
+/// The parser's description of a command. What is required is checked afterwards: a request for
+/// help must not fail because of an argument that is missing.
 CLI::App* AddCommand(CLI::App& app, CommandLine& line, const CliCommand& command) {
     CLI::App* const parser = app.add_subcommand(std::string(command.name));
     parser->set_help_flag();
@@ -55,7 +56,8 @@ CLI::App* AddCommand(CLI::App& app, CommandLine& line, const CliCommand& command
 
 std::vector<std::string_view> CommandNames() {
     std::vector<std::string_view> names;
-    for (const CliCommand* command : Commands()) names.push_back(command->name);
+    for (const CliCommand* command : Commands())
+        names.push_back(command->name);
     return names;
 }
 
@@ -107,8 +109,10 @@ CommandLine ParseCommandLine(std::span<const std::string> arguments) {
     app.set_help_flag();
     app.allow_extras();
     app.require_subcommand(0, 1);
-    for (const CommandOption& option : GlobalOptions()) AddOption(app, global, option);
-    for (const CliCommand* command : Commands()) AddCommand(app, line, *command);
+    for (const CommandOption& option : GlobalOptions())
+        AddOption(app, global, option);
+    for (const CliCommand* command : Commands())
+        AddCommand(app, line, *command);
     try {
         // The parser takes its arguments from the end of the list.
         app.parse(std::vector<std::string>(std::make_reverse_iterator(arguments.end()),

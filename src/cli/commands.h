@@ -11,8 +11,8 @@ class CommandContext;
 // The table of commands. The parser, the help and the manual are made from it, so a command says
 // here, once, what it is called, what it takes and what it does.
 //
-// To add a command, write a file that defines its CliCommand (tree_command.cpp is one) and give it a
-// row in commands.inc.
+// To add a command, write a file that defines its CliCommand (tree_command.cpp is one) and give it
+// a row in commands.inc.
 
 enum class Occurs { Once, AtMostOnce, AnyNumber };
 

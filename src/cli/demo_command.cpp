@@ -30,7 +30,8 @@ constexpr std::string_view kSearch =
     "cls.classID = cd.classID WHERE cd.Code LIKE '%mod 400%' OR cls.classDI LIKE '%mod 400%';";
 
 std::string MakeTemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "snippetarium-demo-XXXXXX").string();
+    std::string name =
+        (std::filesystem::temp_directory_path() / "snippetarium-demo-XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr) {
         throw Error(error_number::kPermissionDenied,
                     "No folder for the sample can be made like '" + name + "'.");
@@ -70,7 +71,8 @@ class Demonstration {
   private:
     void RunCommand(const std::vector<std::string>& words) {
         std::string line(kProgramName);
-        for (const std::string& word : words) line += " " + word;
+        for (const std::string& word : words)
+            line += " " + word;
         commands_.push_back(line);
         output_ << "$ " << line << "\n" << std::flush;
         std::vector<std::string> arguments = {std::string(global_option::kFolder), folder_};

@@ -106,18 +106,19 @@ std::string ManualPage() {
     page += ".SH SYNOPSIS\n.B " + program + "\n[\\fIOPTION\\fR...] \\fICOMMAND\\fR " +
             "[\\fIARGUMENT\\fR...]\n";
     page += ".SH DESCRIPTION\n" + Paragraphs(kDescription) + Paragraphs(kJsonDescription);
-    page += ".SH OPTIONS\nThese may stand before or behind any command.\n" +
-            Options(GlobalOptions());
+    page +=
+        ".SH OPTIONS\nThese may stand before or behind any command.\n" + Options(GlobalOptions());
     page += ".SH COMMANDS\n";
-    for (const CliCommand* command : Commands()) page += CommandSection(*command);
+    for (const CliCommand* command : Commands())
+        page += CommandSection(*command);
     page += ".SH EXIT STATUS\n" + Definition("0", "The command was done") +
             Definition("1", "It was refused or failed; the standard error says why") +
             Definition("2", "The command line is wrong");
-    page += ".SH ENVIRONMENT\n" +
-            Definition("SNIPPETARIUM_FOLDER",
-                       "The folder of the catalogue, where --folder does not name one") +
-            Definition("XDG_DATA_HOME",
-                       "The user's data, ~/.local/share unless it is set; see below");
+    page +=
+        ".SH ENVIRONMENT\n" +
+        Definition("SNIPPETARIUM_FOLDER",
+                   "The folder of the catalogue, where --folder does not name one") +
+        Definition("XDG_DATA_HOME", "The user's data, ~/.local/share unless it is set; see below");
     page += ".SH FILES\n" +
             Definition("QRT_SN.mde",
                        "The catalogue. It lies in the folder that --folder or SNIPPETARIUM_FOLDER "

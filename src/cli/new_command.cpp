@@ -26,10 +26,9 @@ constexpr CommandExample kExamples[] = {
 /// Where the catalogue belongs. Only the folder among the user's data, of which the user need not
 /// know, is made.
 std::string FolderForNew(const std::string& option) {
-    const ProgramFolder folder =
-        ChooseProgramFolder(FindProgramFolderSources(option), [](const std::string& path) {
-            return access(path.c_str(), W_OK) == 0;
-        });
+    const ProgramFolder folder = ChooseProgramFolder(
+        FindProgramFolderSources(option),
+        [](const std::string& path) { return access(path.c_str(), W_OK) == 0; });
     std::error_code error;
     if (folder.isUserData) std::filesystem::create_directories(folder.path, error);
     if (std::filesystem::is_directory(folder.path, error)) return folder.path;

@@ -50,7 +50,8 @@ std::string ParameterNames(const StoredQuery& query) {
 const StoredQuery& FindQuery(const std::string& name) {
     if (const StoredQuery* query = FindStoredQuery(name)) return *query;
     std::vector<std::string_view> names;
-    for (const StoredQuery& query : StoredQueries()) names.push_back(query.name);
+    for (const StoredQuery& query : StoredQueries())
+        names.push_back(query.name);
     throw UsageError("There is no stored query '" + name + "'." + ClosestNamesHint(name, names));
 }
 

@@ -33,11 +33,13 @@ Json DocumentOf(const Value& value) {
 
 void PrintRows(std::ostream& output, Recordset rows) {
     std::vector<std::string> headings;
-    for (std::size_t i = 0; i < rows.ColumnCount(); ++i) headings.push_back(rows.ColumnName(i));
+    for (std::size_t i = 0; i < rows.ColumnCount(); ++i)
+        headings.push_back(rows.ColumnName(i));
     TextTable table(headings);
     for (; !rows.EndOfFile(); rows.MoveNext()) {
         std::vector<TextTable::Cell> cells;
-        for (std::size_t i = 0; i < rows.ColumnCount(); ++i) cells.push_back(CellOf(rows[i]));
+        for (std::size_t i = 0; i < rows.ColumnCount(); ++i)
+            cells.push_back(CellOf(rows[i]));
         table.AddRow(std::move(cells));
     }
     table.Print(output);

@@ -39,7 +39,7 @@ void Run(CommandContext& context) {
     const std::string folder = context.Folder();
     const std::string backup = FindBackup(folder, *context.Given().Value("BACKUP"));
     context.RequireConsent("Put the file '" + backup + "' in the place of the catalogue in '" +
-                                folder + "'? The catalogue that is there now is kept.");
+                           folder + "'? The catalogue that is there now is kept.");
     const std::string kept = RestoreCatalogue(context.GetHost(), folder, backup);
     if (context.WantsJson()) {
         context.SetDocument({{"restored", backup}, {"kept", kept.empty() ? Json() : Json(kept)}});

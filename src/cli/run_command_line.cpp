@@ -33,8 +33,8 @@ int RefuseUsage(const Streams& streams, bool wantsJson, const CommandLine* line,
     return kWrongUsage;
 }
 
-/// Runs the command to its end, its catalogue closed again. Returns the first thing that went wrong,
-/// if anything did; the user has then been told.
+/// Runs the command to its end, its catalogue closed again. Returns the first thing that went
+/// wrong, if anything did; the user has then been told.
 std::optional<ErrorDetails> Execute(CommandContext& context, const TerminalHost& terminal) {
     try {
         const ErrorReporter::GuardScope guard(context.GetHost().reporter);

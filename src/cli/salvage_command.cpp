@@ -48,7 +48,7 @@ Json DocumentOf(const SalvageResult& result) {
 void Run(CommandContext& context) {
     const std::string folder = context.ClosedCatalogue().ProgramFolder();
     context.RequireConsent("Recover what can be read of the catalogue in '" + folder +
-                                "' into a new file? The file that is there now is kept.");
+                           "' into a new file? The file that is there now is kept.");
     const SalvageResult result = SalvageCatalogue(context.GetHost(), folder);
     if (context.WantsJson()) {
         context.SetDocument(DocumentOf(result));

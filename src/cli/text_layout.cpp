@@ -12,8 +12,7 @@ void AppendWrapped(std::string& result, std::string_view text, std::size_t inden
                    std::size_t column) {
     bool startsLine = true;
     for (std::size_t start = text.find_first_not_of(" \n"); start != std::string_view::npos;) {
-        const std::string_view word =
-            text.substr(start, text.find_first_of(" \n", start) - start);
+        const std::string_view word = text.substr(start, text.find_first_of(" \n", start) - start);
         if (!startsLine && column + 1 + word.size() > kLineWidth) {
             result += "\n" + std::string(indent, ' ');
             column = indent;

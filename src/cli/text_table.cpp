@@ -42,7 +42,8 @@ std::string OneLine(std::string_view text) {
 
 TextTable::TextTable(const std::vector<std::string>& headings) : widths_(headings.size()) {
     std::vector<Cell> row;
-    for (const std::string& heading : headings) row.push_back({heading});
+    for (const std::string& heading : headings)
+        row.push_back({heading});
     AddRow(std::move(row));
 }
 
@@ -73,7 +74,8 @@ void TextTable::Print(std::ostream& output) const {
         rule += std::string(width, '-');
     }
     output << rule << '\n';
-    for (auto row = rows_.begin() + 1; row != rows_.end(); ++row) PrintRow(output, *row);
+    for (auto row = rows_.begin() + 1; row != rows_.end(); ++row)
+        PrintRow(output, *row);
 }
 
 }  // namespace snippetarium

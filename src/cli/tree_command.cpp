@@ -89,7 +89,8 @@ class TreeDocument {
 };
 
 void Run(CommandContext& context) {
-    const std::int32_t levels = context.Given().Number("--depth", 1, kAllLevels).value_or(kAllLevels);
+    const std::int32_t levels =
+        context.Given().Number("--depth", 1, kAllLevels).value_or(kAllLevels);
     const std::optional<std::string> key = context.Given().Value("KEY");
     const NodeIDs top = key ? ReadNodeKey(*key) : NodeIDs{};
     Database& db = context.Catalogue(CatalogueUse::Read);

@@ -36,7 +36,8 @@ TEST_F(CareCommandsTest, CompactShrinksTheFile) {
     Change([](Database& db) {
         const std::string code(60000, 'x');
         for (int i = 0; i < 20; ++i)
-            ExecuteSQL(db, "INSERT INTO tblCode(codeName, code, classID) VALUES ('Big', '" + code + "', 2)");
+            ExecuteSQL(db, "INSERT INTO tblCode(codeName, code, classID) VALUES ('Big', '" + code +
+                               "', 2)");
         ExecuteSQL(db, "DELETE FROM tblCode WHERE codeName = 'Big'");
     });
     const std::string tree = Run({"tree"}).output;

@@ -25,7 +25,8 @@ std::string Understood(const Words& words) {
     if (line.questions == QuestionPolicy::No) text += "no ";
     text += line.command == nullptr ? "-" : std::string(line.command->name);
     for (const std::string name : {"KEY", "NAME", "VALUE", "--depth"}) {
-        for (const std::string& value : line.arguments.All(name)) text += " " + name + "=" + value;
+        for (const std::string& value : line.arguments.All(name))
+            text += " " + name + "=" + value;
     }
     return text;
 }
@@ -130,7 +131,8 @@ TEST(CommandLine, IsRefusedInJsonToo) {
         EXPECT_EQ(error["code"], 5);
         EXPECT_NE(result.error.find(error["text"].get<std::string>()), std::string::npos);
     }
-    EXPECT_NE(RunProgram({"--json", "tree", "caf\xe9"}).output.find("'caf\ufffd'"), std::string::npos);
+    EXPECT_NE(RunProgram({"--json", "tree", "caf\xe9"}).output.find("'caf\ufffd'"),
+              std::string::npos);
     EXPECT_FALSE(AsksForJson(Words{"query", "qryX", "--", "--json"}));
 }
 

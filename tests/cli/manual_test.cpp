@@ -39,7 +39,8 @@ TEST(Manual, HasASectionForEachCommandOfTheTable) {
     const CommandResult result = RunProgram({"manual"});
     EXPECT_EQ(result.status, kDone);
     std::vector<std::string> names;
-    for (const CliCommand* command : Commands()) names.emplace_back(command->name);
+    for (const CliCommand* command : Commands())
+        names.emplace_back(command->name);
     EXPECT_EQ(HeadingsOf(result.output, ".SS"), names);
     const std::vector<std::string> sections = {"NAME",     "SYNOPSIS",    "DESCRIPTION", "OPTIONS",
                                                "COMMANDS", "EXIT STATUS", "ENVIRONMENT", "FILES"};
@@ -71,7 +72,8 @@ TEST(Help, NamesEveryCommandWithWhatItTakes) {
             EXPECT_NE(help.output.find("\n  " + OptionSynopsis(option)), std::string::npos);
         }
         std::istringstream lines(help.output);
-        for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 80U) << line;
+        for (std::string line; std::getline(lines, line);)
+            EXPECT_LE(line.size(), 80U) << line;
     }
 }
 

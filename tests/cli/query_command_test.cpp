@@ -40,7 +40,8 @@ TEST_F(QueryCommandTest, CutsLongTextsForPeopleAndNotInJson) {
         "    DayOfYear = someDay - DateSerial(Year(someDay), 1, 1) + 1\r\n"
         "End Function";
     const CommandResult text = Run({"query", "qryCodeByID", "3"});
-    EXPECT_NE(text.output.find("Public Function DayOfYear(ByVal someDay\u2026  "), std::string::npos)
+    EXPECT_NE(text.output.find("Public Function DayOfYear(ByVal someDay\u2026  "),
+              std::string::npos)
         << text.output;
     EXPECT_EQ(text.output.find("End Function"), std::string::npos);
 

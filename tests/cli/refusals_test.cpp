@@ -106,9 +106,9 @@ TEST(Refusals, OfACheckTellWhatIsWrong) {
 TEST(Refusals, OfAFolderNameIt) {
     const TemporaryFolder folder;
     WriteBytes(folder.File("file"), "");
-    const Words commands[] = {{"new"},    {"tree"},           {"query", "qryAppNameRS"},
-                              {"check"},  {"compact"},        {"backup"},
-                              {"backup", "list"}, {"restore", "x"}, {"salvage"}};
+    const Words commands[] = {{"new"},     {"tree"},   {"query", "qryAppNameRS"}, {"check"},
+                              {"compact"}, {"backup"}, {"backup", "list"},        {"restore", "x"},
+                              {"salvage"}};
     for (const std::string& missing : {folder.File("missing"), folder.File("file")}) {
         for (Words words : commands) {
             SCOPED_TRACE(words.front() + " " + missing);

@@ -14,8 +14,8 @@ namespace snippetarium {
 namespace {
 
 TEST(ClosestNames, ComeNearestFirst) {
-    constexpr std::string_view kNames[] = {"backup",          "check",          "compact",
-                                           "restore",         "qryAppNameRS",   "qryAppNameByID",
+    constexpr std::string_view kNames[] = {"backup",           "check",          "compact",
+                                           "restore",          "qryAppNameRS",   "qryAppNameByID",
                                            "qryClassIDByName", "qryCodeNameByID"};
     using Names = std::vector<std::string>;
     const struct {
@@ -61,7 +61,8 @@ TEST(ReadNumber, TakesWholeNumbersOf32BitsOnly) {
         {"0x10", std::nullopt},
         {std::string_view("1\0", 2), std::nullopt},
     };
-    for (const auto& [text, expected] : cases) EXPECT_EQ(ReadNumber(text), expected) << text;
+    for (const auto& [text, expected] : cases)
+        EXPECT_EQ(ReadNumber(text), expected) << text;
 }
 
 TEST(OneLine, ShowsWhatBreaksALineAndHidesWhatSteersATerminal) {
@@ -99,7 +100,8 @@ TEST(TextLayout, BreaksAtBlanksAndKeepsEveryWord) {
     // Whatever the words' lengths are, lines are as full as 80 columns allow.
     for (std::size_t length = 1; length < 80; ++length) {
         std::string text;
-        for (int i = 0; i < 30; ++i) text += std::string(length, 'w') + " ";
+        for (int i = 0; i < 30; ++i)
+            text += std::string(length, 'w') + " ";
         std::istringstream lines(WrapParagraphs(text, 0));
         const std::size_t wordsInLine = 81 / (length + 1);
         std::string line;

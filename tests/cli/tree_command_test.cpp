@@ -88,14 +88,15 @@ TEST_F(TreeCommandTest, NestsTheNodesInJson) {
                     {"key": "a2f2c3", "kind": "procedure", "name": "DayOfYear"},
                     {"key": "a2f2c2", "kind": "procedure", "name": "DaysInMonth"},
                     {"key": "a2f2c1", "kind": "procedure", "name": "IsLeapYear"}]}]}]})json")
-                                                               .dump());
-    EXPECT_EQ(DocumentOf(Run({"--json", "tree", "a2f2", "--depth", "1"})).dump(),
-              R"json({"nodes":[{"key":"a2f2","kind":"class","name":"modCalendar","count":3}]})json");
+                                                              .dump());
+    EXPECT_EQ(
+        DocumentOf(Run({"--json", "tree", "a2f2", "--depth", "1"})).dump(),
+        R"json({"nodes":[{"key":"a2f2","kind":"class","name":"modCalendar","count":3}]})json");
 }
 
 TEST_F(TreeCommandTest, RefusesANodeThatIsNotThere) {
-    for (const std::string key : {"a3", "a2147483647", "a2f1", "a1f2", "a2f4", "a2f3c1", "a1f2c1",
-                                  "a2f2c9"}) {
+    for (const std::string key :
+         {"a3", "a2147483647", "a2f1", "a1f2", "a2f4", "a2f3c1", "a1f2c1", "a2f2c9"}) {
         const CommandResult result = Run({"tree", key});
         EXPECT_EQ(result.status, kFailed) << key;
         EXPECT_EQ(result.output, "");
