@@ -32,8 +32,7 @@ BulkWriting::~BulkWriting() {
         connection_.SetWriteMode(WriteMode::EachStatement);
     } catch (const EngineError&) {
         // The job that used this object is failing already, and a destructor cannot tell of a
-        // second failure. The mode stays wanted: the session sets it again before its next
-        // statement.
+        // second failure. The mode for single edits holds all the same (SetWriteMode).
     }
 }
 

@@ -62,8 +62,8 @@ class Connection {
 };
 
 /// Bulk writing on a connection. Finish makes safe what was written and goes back to the mode for
-/// single edits. An object that dies unfinished, because the job failed, tries the same; what fails
-/// then fails again, and is told, at the next statement.
+/// single edits. An object that dies unfinished, because the job failed, does the same but tells of
+/// no failure: what could not be made safe then is so with the next single edit.
 class BulkWriting {
   public:
     explicit BulkWriting(Connection& connection);

@@ -1,7 +1,12 @@
 #include "engine/create_database.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <system_error>
 
@@ -11,12 +16,30 @@
 
 namespace snippetarium {
 
-void CreateDatabase(const std::string& path, std::string_view script) {
-    std::error_code error;
-    if (std::filesystem::exists(path, error)) {
+namespace {
+
+/// Takes the name in one step, so that a file which another program makes meanwhile is never filled
+/// or removed here.
+void MakeEmptyFile(const std::string& path) {
+    constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
+    const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
+    if (file >= 0) {
+        close(file);
+        return;
+    }
+    if (errno == EEXIST) {
         throw EngineError(EngineErrorCode::CannotOpen,
                           "There is a file '" + path + "' already; it was left as it is.");
     }
+    throw EngineError(EngineErrorCode::CannotOpen,
+                      "The file '" + path + "' cannot be made: " + std::strerror(errno) +
+                          ". Check that its folder exists and that you may write there.");
+}
+
+}  // namespace
+
+void CreateDatabase(const std::string& path, std::string_view script) {
+    MakeEmptyFile(path);
     try {
         const DatabaseHandle database = OpenDatabase(path, OpenFlag::Create);
         RunStatements(
@@ -25,7 +48,8 @@ void CreateDatabase(const std::string& path, std::string_view script) {
                 std::to_string(kCatalogueApplicationId));
         RunStatements(database.get(), "BEGIN; " + std::string(script) + "; COMMIT");
     } catch (...) {
-        std::filesystem::remove(path, error);
+        std::error_code ignored;  // the failure being reported says it all
+        std::filesystem::remove(path, ignored);
         throw;
     }
     SyncToDisk(path);

@@ -1,6 +1,7 @@
 #include "engine/database_file.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -24,6 +25,7 @@ constexpr std::string_view kMagic("SQLite format 3\0", 16);
 constexpr std::size_t kPageSizeAt = 16;
 constexpr std::size_t kChangeCounterAt = 24;
 constexpr std::size_t kPageCountAt = 28;
+constexpr std::size_t kVersionAt = 60;
 constexpr std::size_t kApplicationIdAt = 68;
 constexpr std::size_t kPageCountValidForAt = 92;
 
@@ -49,6 +51,13 @@ bool IsNonEmptyFile(const std::string& path) {
     return !ignored && size > 0;
 }
 
+/// The engine keeps its side files beside the file itself, not beside a link that leads to it.
+std::string SideFile(const std::string& path, std::string_view suffix) {
+    std::error_code error;
+    const std::filesystem::path itself = std::filesystem::weakly_canonical(path, error);
+    return (error ? path : itself.string()) + std::string(suffix);
+}
+
 [[noreturn]] void Refuse(EngineErrorCode code, const std::string& path, const std::string& why) {
     throw EngineError(code, "The file '" + path + "' " + why);
 }
@@ -71,6 +80,44 @@ Header ReadHeader(const std::string& path) {
     return header;
 }
 
+/// The right to be told when anybody opens a file. The system grants it only on a file that nobody
+/// has open; who opens the file meanwhile waits until the lease has ended.
+class FileLease {
+  public:
+#ifdef F_SETLEASE
+    explicit FileLease(const std::string& path) : file_(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+        if (file_ < 0) return;
+        // The system tells by a signal. Its own choice, SIGIO, would end this program, just because
+        // another one opened the file at this moment; this one is ignored.
+        fcntl(file_, F_SETSIG, SIGURG);
+        isGranted_ = fcntl(file_, F_SETLEASE, F_WRLCK) == 0;
+        isRefused_ = !isGranted_ && errno == EAGAIN;
+    }
+    ~FileLease() {
+        if (isGranted_) fcntl(file_, F_SETLEASE, F_UNLCK);
+        if (file_ >= 0) close(file_);
+    }
+#else
+    explicit FileLease(const std::string& /*path*/) {}
+#endif
+    FileLease(const FileLease&) = delete;
+    FileLease& operator=(const FileLease&) = delete;
+
+    bool IsGranted() const {
+        return isGranted_;
+    }
+    /// Because a program has the file open. Where the platform has no leases, or none for this
+    /// user, one is neither granted nor refused.
+    bool IsRefused() const {
+        return isRefused_;
+    }
+
+  private:
+    int file_ = -1;
+    bool isGranted_ = false;
+    bool isRefused_ = false;
+};
+
 }  // namespace
 
 bool IsWritableFile(const std::string& path) {
@@ -80,19 +127,38 @@ bool IsWritableFile(const std::string& path) {
 }
 
 void RemoveEmptySideFiles(const std::string& path) {
-    if (HasPendingLog(path) || IsFileOpen(path)) return;
+    // Held until the files are gone: a program that opened the database in between would go on
+    // writing into a log that no other program can see any more.
+    const FileLease lease(path);
+    if (!lease.IsGranted() || HasPendingLog(path)) return;
     std::error_code ignored;  // one that stays is empty and does no harm
-    std::filesystem::remove(path + "-wal", ignored);
-    std::filesystem::remove(path + "-shm", ignored);
+    std::filesystem::remove(LogPath(path), ignored);
+    std::filesystem::remove(SideFile(path, "-shm"), ignored);
+}
+
+std::string LogPath(const std::string& path) {
+    return SideFile(path, "-wal");
 }
 
 bool HasPendingLog(const std::string& path) {
-    return IsNonEmptyFile(path + "-wal") || IsNonEmptyFile(path + "-journal");
+    return IsNonEmptyFile(LogPath(path)) || HasPendingJournal(path);
+}
+
+bool HasPendingJournal(const std::string& path) {
+    return IsNonEmptyFile(SideFile(path, "-journal"));
+}
+
+std::int32_t VersionInHeader(const std::string& path) {
+    return static_cast<std::int32_t>(Number32(ReadHeader(path), kVersionAt));
 }
 
 void CheckDatabaseFile(const std::string& path, AccessMode mode) {
     struct stat status {};
     if (stat(path.c_str(), &status) != 0) {
+        if (errno == EACCES) {
+            Refuse(EngineErrorCode::CannotOpen, path,
+                   "cannot be looked at: check your rights to its folder.");
+        }
         Refuse(EngineErrorCode::FileNotFound, path, "could not be found.");
     }
     if (!S_ISREG(status.st_mode)) Refuse(EngineErrorCode::CannotOpen, path, "is not a file.");
@@ -118,18 +184,7 @@ void CheckDatabaseFile(const std::string& path, AccessMode mode) {
 }
 
 bool IsFileOpen(const std::string& path) {
-#ifdef F_SETLEASE
-    // The system grants a write lease only on a file that nobody else has open.
-    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (file < 0) return false;
-    const bool isRefused = fcntl(file, F_SETLEASE, F_WRLCK) != 0 && errno == EAGAIN;
-    if (!isRefused) fcntl(file, F_SETLEASE, F_UNLCK);
-    close(file);
-    return isRefused;
-#else
-    static_cast<void>(path);
-    return false;
-#endif
+    return FileLease(path).IsRefused();
 }
 
 void RenameFile(const std::string& from, const std::string& to) {

@@ -26,12 +26,23 @@ void CheckDatabaseFile(const std::string& path, AccessMode mode);
 /// as it is, also where the system would let this user write, as it lets an administrator.
 bool IsWritableFile(const std::string& path);
 
-/// Removes the side files that a refused opening left beside a file, unless a program has it open.
-/// For files that had none before.
+/// Removes the side files that a refused opening left beside a file. Where it cannot be made sure
+/// that no program has the file open, they stay. For files that had none before.
 void RemoveEmptySideFiles(const std::string& path);
+
+/// Where the engine keeps the write-ahead log of a database: beside the file itself, also when the
+/// path is a link to it.
+std::string LogPath(const std::string& path);
 
 /// True when the database has changes beside the file that are not in it yet, after a crash.
 bool HasPendingLog(const std::string& path);
+
+/// True when a crash left a change half made in the file itself: whoever reads it next through the
+/// engine undoes that first, which writes into the file.
+bool HasPendingJournal(const std::string& path);
+
+/// The file's version (session.h) as its header has it, without what waits beside the file.
+std::int32_t VersionInHeader(const std::string& path);
 
 /// True when a program, this one included, has the file open, even when it is not doing anything
 /// with it. Where the platform cannot tell, false: the locks of the engine must do then.

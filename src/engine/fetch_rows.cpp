@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/engine_error.h"
 #include "engine/sqlite_handle.h"
 
 namespace snippetarium {
@@ -50,13 +51,18 @@ StatementRun::~StatementRun() {
     sqlite3_clear_bindings(statement_);
 }
 
-Recordset FetchRows(sqlite3* database, sqlite3_stmt* statement) {
+Recordset FetchRows(sqlite3* database, sqlite3_stmt* statement, std::size_t mostBytes) {
     const StatementRun run(statement);
     int result = sqlite3_step(statement);
     // Only now: the first step prepares the statement anew where the schema has changed.
     RecordsetBuilder rows(ColumnNames(statement));
-    for (; result == SQLITE_ROW; result = sqlite3_step(statement))
+    for (; result == SQLITE_ROW; result = sqlite3_step(statement)) {
         AddRow(statement, rows);
+        if (rows.Size() > mostBytes) {
+            throw EngineError(EngineErrorCode::QueryTooComplex,
+                              "The statement finds more than can be shown. Make it find less.");
+        }
+    }
     if (result != SQLITE_DONE) ThrowEngineError(database, result);
     return rows.Take();
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <limits>
+
 #include "engine/recordset.h"
 
 struct sqlite3;
@@ -19,7 +22,9 @@ class StatementRun {
     sqlite3_stmt* statement_;
 };
 
-/// Runs a statement whose values are bound and returns all its rows. Throws EngineError.
-Recordset FetchRows(sqlite3* database, sqlite3_stmt* statement);
+/// Runs a statement whose values are bound and returns all its rows. Throws EngineError; where the
+/// rows take more than `mostBytes` of memory, QueryTooComplex.
+Recordset FetchRows(sqlite3* database, sqlite3_stmt* statement,
+                    std::size_t mostBytes = std::numeric_limits<std::size_t>::max());
 
 }  // namespace snippetarium

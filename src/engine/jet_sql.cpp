@@ -203,6 +203,9 @@ void Translator::ReadToken(const SqlToken& token) {
 void Translator::ReadWord(const SqlToken& token) {
     if (token.IsWord("SELECT")) return ReadSelect(token);
     if (IsSetOperator(token)) return ReadSetOperator(token);
+    // The engine below copies the text of such a table each time it is named: a few dozen of them,
+    // each naming the one before it twice, would keep it busy for ever, out of Cancel's reach.
+    if (token.IsWord("WITH")) ThrowSyntaxError(token.offset, "WITH is not possible here");
     // ORDER BY 2 names a column; CAST(x AS TEXT(9)) a width.
     if (token.IsWord("ORDER") || token.IsWord("GROUP") || token.IsWord("CAST")) {
         areNumbersValues_ = false;

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <filesystem>
+#include <system_error>
 
 #include "engine/database_file.h"
 
@@ -16,7 +17,8 @@ namespace {
 /// changes it; whoever does has a log beside it.
 OpenFlag ChooseFlag(const std::string& path) {
     if (IsWritableFile(path)) return OpenFlag::ReadWrite;
-    const bool isChanging = std::filesystem::exists(path + "-wal");
+    std::error_code cannotTell;
+    const bool isChanging = std::filesystem::exists(LogPath(path), cannotTell);
     return isChanging ? OpenFlag::Read : OpenFlag::ReadUnchanging;
 }
 

@@ -7,8 +7,9 @@
 namespace snippetarium {
 
 /// Opens a database file for reading: nothing can be written through the handle, and what a crash
-/// left in the file's log is read but stays there. Nothing has been read yet when it returns.
-/// Throws EngineError.
+/// left in the file's log is read but stays there. Only a change that a crash left half made in the
+/// file itself is undone with the first read. Nothing has been read yet when it returns. Throws
+/// EngineError.
 DatabaseHandle OpenForReading(const std::string& path);
 
 /// Closing the last handle on a file takes its log into the file. This decides whether a handle

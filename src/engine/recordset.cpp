@@ -94,6 +94,10 @@ void RecordsetBuilder::AddText(std::string_view text) {
     recordset_.text_.append(text);
 }
 
+std::size_t RecordsetBuilder::Size() const {
+    return recordset_.cells_.size() * sizeof(Recordset::Cell) + recordset_.text_.size();
+}
+
 Recordset RecordsetBuilder::Take() {
     const std::size_t columns = recordset_.columns_.size();
     recordset_.rowCount_ = columns == 0 ? 0 : recordset_.cells_.size() / columns;

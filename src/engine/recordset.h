@@ -69,6 +69,8 @@ class RecordsetBuilder {
     void AddInteger(std::int64_t integer);
     void AddReal(double real);
     void AddText(std::string_view text);
+    /// The bytes that the fields take so far.
+    std::size_t Size() const;
     /// The finished recordset, at its first row. The builder is empty afterwards.
     Recordset Take();
 

@@ -52,6 +52,8 @@ class Session {
     /// The file's version.
     virtual std::int32_t UserVersion() = 0;
 
+    /// Going back to EachStatement also makes safe what was written so far. Where that fails, the
+    /// mode is set all the same.
     virtual void SetWriteMode(WriteMode mode) = 0;
     /// Makes everything written so far safe, and the file at hand the only one that matters.
     virtual void Checkpoint() = 0;

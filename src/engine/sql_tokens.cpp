@@ -33,7 +33,7 @@ constexpr ForeignSyntax kForeignSyntax[] = {
 constexpr std::string_view kJoinWords[] = {
     "JOIN", "INNER", "LEFT", "RIGHT", "FULL", "OUTER", "CROSS", "NATURAL",
 };
-constexpr std::string_view kWordsOfSubSelects[] = {"SELECT", "VALUES", "WITH"};
+constexpr std::string_view kWordsOfSubSelects[] = {"SELECT", "VALUES"};
 constexpr std::string_view kWordsBehindFrom[] = {
     "WHERE", "GROUP", "HAVING", "ORDER", "LIMIT", "UNION", "INTERSECT", "EXCEPT",
 };

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "engine/collation.h"
@@ -10,6 +11,7 @@
 #include "engine/engine_error.h"
 #include "engine/fetch_rows.h"
 #include "engine/jet_sql.h"
+#include "engine/memory_limit.h"
 #include "engine/open_for_reading.h"
 #include "support/paths.h"
 
@@ -23,6 +25,10 @@ constexpr std::size_t kCachedStatements = 128;
 constexpr int kStepsBetweenPolls = 2000;
 /// At most this much of an import depends on the power.
 constexpr std::chrono::seconds kBulkCheckpointInterval{3};
+/// What a typed text may make the engine take, so that it ends the search and not the program.
+constexpr std::int64_t kMostSearchMemory = std::int64_t{512} << 20U;
+/// Some millions of topics.
+constexpr std::size_t kMostBytesFound = std::size_t{256} << 20U;
 
 bool IsIdentifier(std::string_view text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), [](char character) {
@@ -69,6 +75,10 @@ std::int32_t ReadVersion(sqlite3* database) {
 SqliteSession::SqliteSession(const SessionOptions& options)
     : path_(ToPlatformPath(options.dataSource)), statements_(kCachedStatements) {
     CheckDatabaseFile(path_, options.mode);
+    // The first read would already undo what a crash left half made.
+    if (HasPendingJournal(path_)) {
+        RequireKnownVersion(path_, VersionInHeader(path_), options.versions);
+    }
     try {
         Open(options);
     } catch (...) {
@@ -116,11 +126,11 @@ sqlite3_stmt* SqliteSession::PrepareCached(std::string_view sql, StatementPurpos
     return statements_.Get(database_.get(), sql);
 }
 
-Recordset SqliteSession::ReadRows(sqlite3_stmt* statement) {
+Recordset SqliteSession::ReadRows(sqlite3_stmt* statement, std::size_t mostBytes) {
     if (sqlite3_stmt_readonly(statement) == 0) {
         throw EngineError(EngineErrorCode::NotAllowed, "A read must not change the catalogue.");
     }
-    return FetchRows(database_.get(), statement);
+    return FetchRows(database_.get(), statement, mostBytes);
 }
 
 Recordset SqliteSession::Query(std::string_view text) {
@@ -137,15 +147,25 @@ Recordset SqliteSession::NamedQuery(std::string_view name, std::span<const Param
 Recordset SqliteSession::Search(std::string_view text) {
     const Translation translation = Translate(text, {});
     RequireVerb(translation, false);
+    const MemoryLimit limit(kMostSearchMemory);
+    try {
+        return RunSearch(translation.sql);
+    } catch (const std::bad_alloc&) {
+        throw EngineError(EngineErrorCode::QueryTooComplex,
+                          "The search takes too much memory. Make it shorter or narrower.");
+    }
+}
+
+Recordset SqliteSession::RunSearch(std::string_view sql) {
     const StatementGuard::Scope scope(guard_, StatementPurpose::Search);
     // Not cached: a search text hardly comes twice, and would only push out what does.
-    const StatementHandle statement = PrepareStatement(database_.get(), translation.sql);
+    const StatementHandle statement = PrepareStatement(database_.get(), sql);
     struct Searching {
         explicit Searching(SearchCancel& poll) : cancel(poll) { cancel.isSearching = true; }
         ~Searching() { cancel.isSearching = false; }
         SearchCancel& cancel;
     } searching(cancel_);
-    return ReadRows(statement.get());
+    return ReadRows(statement.get(), kMostBytesFound);
 }
 
 std::int64_t SqliteSession::Act(std::string_view text) {
@@ -201,11 +221,13 @@ std::int32_t SqliteSession::UserVersion() {
 
 void SqliteSession::SetWriteMode(WriteMode mode) {
     const StatementGuard::Scope scope(guard_, StatementPurpose::Internal);
-    if (writeMode_ == WriteMode::Bulk && mode == WriteMode::EachStatement) Checkpoint();
+    const WriteMode previous = std::exchange(writeMode_, mode);
     RunStatements(database_.get(), mode == WriteMode::Bulk ? "PRAGMA synchronous = NORMAL"
                                                            : "PRAGMA synchronous = FULL");
-    writeMode_ = mode;
     lastCheckpoint_ = std::chrono::steady_clock::now();
+    // Last, so that the mode holds even if this fails: the next single edit makes the whole log
+    // safe with it.
+    if (previous == WriteMode::Bulk && mode == WriteMode::EachStatement) Checkpoint();
 }
 
 void SqliteSession::Checkpoint() {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <string>
 #include <string_view>
@@ -44,7 +46,9 @@ class SqliteSession final : public Session {
     void Open(const SessionOptions& options);
     void PrepareForWriting();
     sqlite3_stmt* PrepareCached(std::string_view sql, StatementPurpose purpose);
-    Recordset ReadRows(sqlite3_stmt* statement);
+    Recordset ReadRows(sqlite3_stmt* statement,
+                       std::size_t mostBytes = std::numeric_limits<std::size_t>::max());
+    Recordset RunSearch(std::string_view sql);
     std::int64_t RunAction(sqlite3_stmt* statement);
     void CheckpointFromTimeToTime();
 

@@ -65,7 +65,9 @@ FileLock::~FileLock() {
 
 void FileLock::Release() {
     if (file_ < 0) return;
-    unlink(path_.c_str());  // first, so that nobody takes a file that is about to go
+    // First, so that nobody takes a file that is about to go. A file that somebody removed
+    // meanwhile may have been followed by another program's, which must stay.
+    if (IsStillAtPath(file_, path_)) unlink(path_.c_str());
     close(std::exchange(file_, -1));
 }
 

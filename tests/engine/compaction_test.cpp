@@ -5,8 +5,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <functional>
+#include <thread>
 
 #include "engine/database_file.h"
 #include "tests/child_process.h"
@@ -146,6 +149,27 @@ TEST(DatabaseFile, KnowsWhetherAnybodyHasItOpen) {
     EXPECT_TRUE(IsFileOpen(catalogue.Path()));
     catalogue.connection.Close();
     EXPECT_FALSE(IsFileOpen(catalogue.Path()));
+}
+
+TEST(DatabaseFile, CanBeAskedAboutWhileItIsBeingOpened) {
+    const TemporaryFolder folder;
+    const std::string path = folder.File("QRT_SN.mde");
+    WriteBytes(path, "x");
+    std::atomic<bool> isOver = false;
+    std::thread opener([&] {
+        while (!isOver)
+            ReadBytes(path);
+    });
+    // The system tells whoever asks of each opening by a signal, which must not end this program.
+    bool wasOpen = false;
+    bool wasClosed = false;
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(300);
+    while (std::chrono::steady_clock::now() < end) {
+        (IsFileOpen(path) ? wasOpen : wasClosed) = true;
+    }
+    isOver = true;
+    opener.join();
+    EXPECT_TRUE(wasOpen && wasClosed);
 }
 
 }  // namespace

@@ -152,6 +152,35 @@ TEST(Connection, RefusesAFileThatAnotherProgramHasLocked) {
     EXPECT_TRUE(ReadBytes(catalogue.Path()) == before);
 }
 
+TEST(Connection, IsNeverMadeOverSomethingThatIsThere) {
+    const TemporaryFolder folder;
+    const std::string link = folder.File("link.mde");
+    std::filesystem::create_symlink(folder.File("nowhere.mde"), link);
+    EXPECT_EQ(ErrorNumberOf([&] { CreateDatabase(link, kTestSchema); }), 3051);
+    EXPECT_FALSE(std::filesystem::exists(folder.File("nowhere.mde")));
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_NE(ErrorNumberOf([&] { CreateDatabase(folder.File("new.mde"), "CREATE"); }), 0);
+    EXPECT_FALSE(std::filesystem::exists(folder.File("new.mde")));
+}
+
+TEST(Connection, EmptiesItsLogWhenBulkWritingEndsHoweverItEnds) {
+    TestCatalogue catalogue;
+    const auto logSize = [&] { return std::filesystem::file_size(catalogue.Path() + "-wal"); };
+    const std::string insert = "INSERT INTO tblCode (codeName) VALUES ('bulk')";
+    {
+        BulkWriting bulk(catalogue.connection);
+        catalogue.connection.ExecuteAction(insert);
+        EXPECT_GT(logSize(), 0U);
+        bulk.Finish();
+        EXPECT_EQ(logSize(), 0U);
+    }
+    {
+        const BulkWriting bulk(catalogue.connection);
+        catalogue.connection.ExecuteAction(insert);
+    }
+    EXPECT_EQ(logSize(), 0U);
+}
+
 TEST(Connection, KilledAtAnyMomentKeepsEveryFinishedStatement) {
     for (const WriteMode mode : {WriteMode::EachStatement, WriteMode::Bulk}) {
         TestCatalogue catalogue;

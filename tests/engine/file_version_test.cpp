@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "engine/database_file.h"
 #include "tests/engine/test_catalogue.h"
 #include "tests/killed_child.h"
@@ -60,12 +62,44 @@ TEST_F(FileVersionTest, IsReadFromTheLogOfACrashWhichThenStays) {
                       "PRAGMA user_version = 6");
         DieHere();
     });
-    ASSERT_TRUE(HasPendingLog(catalogue_.Path()));
+    const std::string link = catalogue_.folder.File("link.mde");
+    std::filesystem::create_symlink(catalogue_.Path(), link);
     const std::string before = ReadBytes(catalogue_.Path());
     const std::string log = ReadBytes(catalogue_.Path() + "-wal");
-    EXPECT_EQ(Open(AccessMode::ReadWrite), 3343);
-    EXPECT_TRUE(ReadBytes(catalogue_.Path()) == before);
-    EXPECT_TRUE(ReadBytes(catalogue_.Path() + "-wal") == log);
+    for (const std::string& path : {catalogue_.Path(), link}) {
+        ASSERT_TRUE(HasPendingLog(path));
+        catalogue_.connection.SetConnectionString(ConnectionStringOf(path));
+        for (const AccessMode mode : {AccessMode::Read, AccessMode::ReadWrite}) {
+            EXPECT_EQ(Open(mode), 3343) << path;
+            EXPECT_TRUE(ReadBytes(catalogue_.Path()) == before) << path;
+            EXPECT_TRUE(ReadBytes(catalogue_.Path() + "-wal") == log) << path;
+        }
+    }
+}
+
+TEST_F(FileVersionTest, IsCheckedBeforeAChangeThatACrashLeftHalfMadeIsUndone) {
+    catalogue_.connection.Close();
+    const std::string path = catalogue_.Path();
+    RunStatements(OpenDatabase(path, OpenFlag::ReadWrite).get(),
+                  "PRAGMA journal_mode = DELETE; PRAGMA user_version = 6");
+    RunUntilItDies([&] {
+        // With so little memory the change goes to the disk before it is whole.
+        RunStatements(
+            OpenDatabase(path, OpenFlag::ReadWrite).release(),
+            "PRAGMA cache_size = 2; BEGIN; UPDATE tblCode SET code = hex(zeroblob(90000))");
+        DieHere();
+    });
+    const std::string before = ReadBytes(path);
+    const std::string journal = ReadBytes(path + "-journal");
+    ASSERT_FALSE(journal.empty());
+    for (const AccessMode mode : {AccessMode::Read, AccessMode::ReadWrite}) {
+        EXPECT_EQ(Open(mode), 3343);
+        EXPECT_TRUE(ReadBytes(path) == before);
+        EXPECT_TRUE(ReadBytes(path + "-journal") == journal);
+    }
+    catalogue_.connection.SetVersions({6, 6});
+    catalogue_.connection.Open();
+    EXPECT_EQ(catalogue_.Scalar("SELECT code FROM tblCode WHERE codeID = 1"), "Sub Draw()");
 }
 
 }  // namespace

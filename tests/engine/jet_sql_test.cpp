@@ -147,6 +147,7 @@ TEST(JetSql, RefusesWhatIsNoSingleStatementOfTheDialect) {
         {"SELECT :a",                               Syntax},
         {"SELECT a & b",                            Syntax},
         {"SELECT \v 1",                             Syntax},
+        {"SELECT (WITH a AS (SELECT 1) SELECT 1)",  Syntax},
         {"SELECT x'41'",                            Syntax},
         {"SELECT 'a'#3/14/2001#",                   Syntax},
         {"SELECT #3/14/2001#'a'",                   Syntax},

@@ -231,6 +231,29 @@ TEST(SearchStatements, CannotReachBeyondTheCatalogueWhateverIsTyped) {
               3129);
 }
 
+TEST(SearchStatements, ThatTakeTooMuchAreRefusedBeforeTheMemoryIsGone) {
+    TestCatalogue catalogue;
+    Connection& connection = catalogue.connection;
+    connection.ExecuteAction("UPDATE tblCode SET code = '" + std::string(64000, 'x') + "'");
+    std::string large = "(SELECT code t FROM tblCode WHERE codeID = 1)";
+    for (int doublings = 0; doublings < 11; ++doublings)
+        large = "(SELECT t || t t FROM " + large + ")";
+    std::string list = "1";
+    for (int i = 0; i < 250000; ++i)
+        list += ",1";
+    const std::string terms[] = {
+        "x' UNION ALL SELECT t, 1 FROM " + large + ", tblCode WHERE ''='",
+        "x' OR (SELECT count(*) FROM (SELECT DISTINCT t || c.codeID || d.codeID FROM " + large +
+            ", tblCode c, tblCode d)) OR ''='",
+        "x' OR a.appID IN (" + list + ") OR ''='",
+    };
+    for (const std::string& term : terms) {
+        EXPECT_EQ(ErrorNumberOf([&] { connection.ExecuteSearch(SearchFor(term)); }), 3360)
+            << term.substr(0, 80);
+    }
+    EXPECT_EQ(connection.ExecuteSearch(SearchFor("grid")).RowCount(), 1U);
+}
+
 struct CancelAfter : CancelPoll {
     explicit CancelAfter(int polls) : left(polls) {}
     bool IsCancelled() const override { return --left < 0; }
