@@ -264,7 +264,10 @@ void TableSalvage::Save(sqlite3_stmt* row) {
         return;
     }
     ++result_.savedRows;
-    if (IsSuspect(row) && result_.suspect.size() < kListedSuspects) {
+    if (!IsSuspect(row)) return;
+    if (!layout_.hasRowNumbers) {
+        result_.hasUncountedLoss = true;
+    } else if (result_.suspect.size() < kListedSuspects) {
         result_.suspect.push_back(number);
     }
 }

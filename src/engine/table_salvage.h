@@ -28,8 +28,8 @@ struct SalvagedTable {
     /// Rows that were saved although they hold a text that is none: damage that cannot be told from
     /// content. At most the first hundred.
     std::vector<std::int64_t> suspect;
-    /// True for a table without row numbers that could not be read to its end, so that nobody knows
-    /// how many rows are lost.
+    /// True when nobody knows how many rows are lost: the table is missing, or it has no row
+    /// numbers and could not be read to its end or holds suspect rows.
     bool hasUncountedLoss = false;
 
     std::int64_t UnreadableCount() const;

@@ -90,7 +90,8 @@ bool CatalogueExchange::IsOldSound(const CancelPoll& poll) const {
     try {
         CheckDatabaseFile(oldPath_, AccessMode::Read);
         return FindIntegrityProblems(oldPath_, &poll).empty();
-    } catch (const EngineError&) {
+    } catch (const EngineError& error) {
+        if (error.Code() == EngineErrorCode::Cancelled) throw;
         return false;  // whatever it is, it cannot be opened, and so not be backed up
     }
 }
@@ -117,8 +118,13 @@ std::string CatalogueExchange::MoveOldAside() const {
     std::error_code error;
     const bool isThere = std::filesystem::exists(oldPath_, error);
     if (isThere) NameAside(oldPath_, aside);
-    MoveIfThere(oldPath_ + "-wal", aside + "-wal");
-    MoveIfThere(oldPath_ + "-journal", aside + "-journal");
+    try {
+        MoveIfThere(oldPath_ + "-wal", aside + "-wal");
+        MoveIfThere(oldPath_ + "-journal", aside + "-journal");
+    } catch (...) {
+        std::filesystem::rename(aside, oldPath_, error);  // a second name merely stays
+        throw;
+    }
     std::filesystem::remove(oldPath_ + "-shm", error);  // only says what is in the log
     return isThere ? aside : std::string();
 }

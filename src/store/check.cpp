@@ -118,6 +118,14 @@ class Check {
     CheckReport report_;
 };
 
+/// What seems to lead nowhere may only be unreadable.
+[[noreturn]] void ThrowDamaged(const Database& db) {
+    throw EngineError(EngineErrorCode::Corrupted,
+                      "The file '" + db.FilePath() +
+                          "' is damaged, so nothing was mended. Restore a backup or recover the "
+                          "catalogue first, then check again.");
+}
+
 }  // namespace
 
 bool CheckReport::IsSound() const {
@@ -144,8 +152,10 @@ bool MendCatalogue(Database& db, const CheckReport& report) {
     return Guarded(db.Reporter(), Procedure::MendCatalogue, [&] {
         std::string script;
         for (const CheckFinding& finding : report.findings) {
+            if (finding.kind == FindingKind::DamagedFile) ThrowDamaged(db);
             if (!finding.mendingScript.empty()) script += finding.mendingScript + ";\n";
         }
+        if (script.empty()) return true;
         WriteBackup(db, BackupReason::User);
         db.GetConnection().RunScript(script);
         return true;

@@ -73,7 +73,8 @@ struct CheckReport {
 CheckReport CheckCatalogue(Database& db);
 
 /// Mends what a check found and can be mended, all or nothing, after a backup. Nothing that can be
-/// reached is lost by it. Returns whether that was done; a failure is reported.
+/// reached is lost by it. A damaged file is refused. Returns whether that was done; a failure is
+/// reported.
 bool MendCatalogue(Database& db, const CheckReport& report);
 
 }  // namespace snippetarium

@@ -7,8 +7,8 @@ namespace snippetarium {
 namespace {
 
 // "NOT IN (SELECT key ...)" and not a join: it looks each ID up in the other table's own tree, or
-// in a list that is made once, so that a missing index lets no check run for hours. A null ID is in
-// nothing and not in nothing: it breaks no rule.
+// in a list that is made once, so that a missing index lets no check run for hours. IDs that may be
+// null are asked for it first, since a null is "NOT IN" an empty table. A language of 0 is none.
 
 constexpr std::string_view kNoApplication = "appID NOT IN (SELECT appID FROM tblApplication)";
 constexpr std::string_view kNoClass = "classID NOT IN (SELECT classID FROM tblClass)";
@@ -18,7 +18,7 @@ constexpr std::string_view kNoKeyword =
 constexpr std::string_view kNoSeparator =
     "separatorID IS NOT NULL AND separatorID NOT IN (SELECT separatorID FROM tblSeparator)";
 constexpr std::string_view kNoLanguage =
-    "languageID IS NOT NULL AND languageID NOT IN (SELECT languageID FROM tblLanguage)";
+    "languageID <> 0 AND languageID NOT IN (SELECT languageID FROM tblLanguage)";
 constexpr std::string_view kNoAuthor = "authorID NOT IN (SELECT authorID FROM tblAuthor)";
 constexpr std::string_view kNoDate = "dateID NOT IN (SELECT dateID FROM tblDate)";
 constexpr std::string_view kNoOwner =

@@ -165,6 +165,8 @@ TEST_F(CheckTest, NamesDamageAndLooksAtWhatIsLeft) {
     EXPECT_FALSE(damage->examples.empty());
     EXPECT_NE(FindKind(report, LeftoverToDelete), nullptr) << Describe(report);
     EXPECT_TRUE(report.isComplete);
+    EXPECT_FALSE(MendCatalogue(db_, report));
+    EXPECT_NE(TakeBox().text.find("is damaged, so nothing was mended"), std::string::npos);
     EXPECT_TRUE(ReadBytes(CataloguePath()) == bytes);
 
     for (const std::string& hopeless :
@@ -207,6 +209,8 @@ TEST_F(CheckTest, MendingIsAllOrNothingAfterABackup) {
     TakeBox();
     EXPECT_GT(ScalarLong(db_, "SELECT count(*) FROM tblCommonWord"), 100);
     EXPECT_EQ(ListBackups(folder_.Path()).size(), 1U);
+    EXPECT_TRUE(MendCatalogue(db_, CheckCatalogue(db_)));
+    EXPECT_EQ(ListBackups(folder_.Path()).size(), 1U) << "there is nothing to mend";
 }
 
 }  // namespace
