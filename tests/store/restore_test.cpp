@@ -7,6 +7,7 @@
 #include "engine/database_file.h"
 #include "engine/engine_error.h"
 #include "engine/inspection.h"
+#include "engine/integrity.h"
 #include "store/backup.h"
 #include "store/catalogue_exchange.h"
 #include "store/check.h"
@@ -272,6 +273,18 @@ TEST_F(RestoreTest, RecoveryPutsWhatCanBeReadInPlaceAndKeepsTheDamagedFile) {
         EXPECT_NE(finding.kind, FindingKind::MissingSchemaObject);
         EXPECT_NE(finding.kind, FindingKind::ChangedStatistics);
     }
+}
+
+TEST_F(RestoreTest, RecoversAFileWhoseEndIsMissing) {
+    const std::string damaged = ReadBytes(CataloguePath());
+    WriteBytes(CataloguePath(), damaged.substr(0, damaged.size() / 2 + 100));
+    const SalvageResult result = SalvageCatalogue(host_.host, folder_.Path());
+    EXPECT_FALSE(result.report.IsComplete());
+    EXPECT_EQ(ReadBytes(result.keptPath).size(), damaged.size() / 2 + 100);
+    OpenCatalogue(db_);
+    EXPECT_EQ(AppNameByID(db_, 1), "new");
+    EXPECT_GT(ScalarLong(db_, "SELECT count(*) FROM tblCode"), 50);
+    EXPECT_TRUE(FindIntegrityProblems(CataloguePath(), nullptr).empty());
 }
 
 TEST_F(RestoreTest, RecoveryOfASoundCatalogueGivesTheSame) {
