@@ -1,0 +1,201 @@
+#include "export/markers.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace snippetarium {
+namespace {
+
+constexpr MarkerFamily kFamilies[] = {MarkerFamily::VisualBasic, MarkerFamily::C,
+                                      MarkerFamily::Page};
+
+/// What markers are made of, and what therefore makes a name hostile.
+std::vector<std::string> PiecesOf(MarkerFamily family) {
+    const std::string marker = MarkerText(family, "|");
+    const std::size_t name = marker.find('|');
+    return {"a", "*", "\r\n", marker.substr(0, name), marker.substr(name + 1)};
+}
+
+/// Every row of at most `count` pieces, put together.
+std::vector<std::string> Combinations(const std::vector<std::string>& pieces, int count) {
+    std::vector<std::string> all = {""};
+    for (std::size_t begin = 0; count > 0; --count) {
+        const std::size_t end = all.size();
+        for (; begin < end; ++begin) {
+            for (const std::string& piece : pieces)
+                all.push_back(all[begin] + piece);
+        }
+    }
+    return all;
+}
+
+/// The markers of a text by the slowest and plainest means: at each place try every name.
+std::vector<MarkerPlace> ReferencePlaces(const std::string& text,
+                                         const MarkedProcedures& procedures) {
+    std::vector<MarkerPlace> places;
+    for (std::size_t at = 0; at < text.size();) {
+        MarkerPlace best;
+        for (std::size_t i = 0; i < procedures.codeNames.size(); ++i) {
+            const std::string& name = procedures.codeNames[i];
+            const std::string line = MarkerLine(procedures.family, name);
+            const std::string bare = MarkerText(procedures.family, name);
+            const std::string rest = text.substr(at);
+            const std::size_t length = rest.starts_with(line) ? line.size()
+                                       : rest == bare         ? bare.size()
+                                                              : 0;
+            if (length > best.length) best = {at + 1, length, i};
+        }
+        if (best.length > 0) places.push_back(best);
+        at += std::max(best.length, std::size_t{1});
+    }
+    return places;
+}
+
+TEST(Markers, LookAsTheLanguageWantsThem) {
+    const struct {
+        std::int32_t languageID;
+        std::string_view line;
+    } cases[] = {
+        {1, "'***Procedure f(x)***\r\n"},     {2, "/***Procedure f(x)***/"},
+        {3, "'***Procedure f(x)***\r\n"},     {4, "/***Procedure f(x)***/"},
+        {5, "/***Procedure f(x)***/"},        {6, "<!--**Procedure f(x)**-->\r\n"},
+        {7, "/***Procedure f(x)***/"},        {8, "'***Procedure f(x)***\r\n"},
+        {9, "<!--**Procedure f(x)**-->\r\n"}, {10, "'***Procedure f(x)***\r\n"},
+        {0, "'***Procedure f(x)***\r\n"},     {32767, "'***Procedure f(x)***\r\n"},
+    };
+    for (const auto& test : cases) {
+        EXPECT_EQ(MarkerLine(MarkerFamilyOf(test.languageID), "f(x)"), test.line)
+            << test.languageID;
+    }
+}
+
+TEST(Markers, AreFoundWithTheirLineBreak) {
+    const MarkedProcedures basic{MarkerFamily::VisualBasic, {"Draw()", "Clear()"}};
+    const std::string text =
+        "Option Explicit\r\n'***Procedure Clear()***\r\n\r\n'***Procedure Draw()***";
+    EXPECT_EQ(FindMarkers(text, basic), (std::vector<MarkerPlace>{{18, 26, 1}, {46, 23, 0}}))
+        << "the last one ends the text, which a stored text may leave without its break";
+    EXPECT_TRUE(FindMarkers("'***Procedure Draw()*** x", basic).empty());
+    EXPECT_TRUE(FindMarkers("'***Procedure draw()***\r\n", basic).empty()) << "case counts";
+    EXPECT_TRUE(FindMarkers("'***Procedure Other()***\r\n", basic).empty());
+
+    const MarkedProcedures c{MarkerFamily::C, {"f", "g"}};
+    EXPECT_EQ(FindMarkers("static /***Procedure f***//***Procedure g***/;", c),
+              (std::vector<MarkerPlace>{{8, 19, 0}, {27, 19, 1}}));
+}
+
+TEST(Markers, AreTheSameAsTryingEveryNameAtEveryPlaceFinds) {
+    for (const MarkerFamily family : kFamilies) {
+        const std::vector<std::string> pieces = PiecesOf(family);
+        const std::string& beginning = pieces[3];
+        const std::string& end = pieces[4];
+        const std::vector<std::vector<std::string>> nameSets = {
+            {"a"},
+            {"a", "a" + end},
+            {"a" + end + "\r\n", "a", ""},
+            {"a" + end + beginning, "*", "a*", "aa"},
+            {beginning + "a" + end + "\r\n" + "a", "a"},
+        };
+        for (const auto& names : nameSets) {
+            const MarkedProcedures procedures{family, names};
+            for (const std::string& tail : Combinations(pieces, 4)) {
+                const std::string text = beginning + tail;
+                ASSERT_EQ(FindMarkers(text, procedures), ReferencePlaces(text, procedures))
+                    << text << "\nnames: " << ::testing::PrintToString(names);
+            }
+        }
+    }
+}
+
+TEST(Markers, OfOneProcedureAreRemovedAndRenamedAndEveryOtherStays) {
+    for (const MarkerFamily family : kFamilies) {
+        std::vector<std::string> names = Combinations(PiecesOf(family), 3);
+        names.erase(names.begin());  // a procedure has a name
+        std::ranges::sort(names);
+        names.erase(std::ranges::unique(names).begin(), names.end());
+        for (const std::string& gone : names) {
+            for (const std::string& kept : names) {
+                if (gone == kept) continue;
+                const MarkedProcedures procedures{family, {kept, gone}};
+                const auto text = [&](const std::string& first, const std::string& second) {
+                    return "|" + first + "|" + second + "|" + MarkerLine(family, kept) +
+                           MarkerText(family, "|");
+                };
+                const std::string before = text(MarkerLine(family, kept), MarkerLine(family, gone));
+                ASSERT_EQ(RemoveMarker(before, procedures, gone),
+                          text(MarkerLine(family, kept), ""))
+                    << "removed '" << gone << "', kept '" << kept << "'";
+                ASSERT_EQ(RenameMarker(before, procedures, gone, "new"),
+                          text(MarkerLine(family, kept), MarkerLine(family, "new")))
+                    << "renamed '" << gone << "', kept '" << kept << "'";
+            }
+        }
+    }
+}
+
+TEST(Markers, AreFoundForAProcedureThatIsNoLongerListed) {
+    const MarkedProcedures others{MarkerFamily::C, {"f***/"}};
+    const std::string text = "/***Procedure f***/***/\r\n/***Procedure f***/\r\n";
+    EXPECT_TRUE(HasMarker(text, others, "f"));
+    EXPECT_EQ(RemoveMarker(text, others, "f"), "/***Procedure f***/***/\r\n\r\n");
+    EXPECT_FALSE(HasMarker(text, others, "F"));
+    EXPECT_EQ(RemoveMarker(text, others, "F"), text);
+}
+
+TEST(Markers, KeepTheBreakTheyHadWhenRenamed) {
+    const MarkedProcedures none{MarkerFamily::Page, {}};
+    EXPECT_EQ(RenameMarker("<!--**Procedure a**-->\r\n<!--**Procedure a**-->", none, "a", "long"),
+              "<!--**Procedure long**-->\r\n<!--**Procedure long**-->");
+}
+
+TEST(Markers, AreAppendedOnceOnALineOfTheirOwn) {
+    const struct {
+        MarkerFamily family;
+        std::string_view text;
+        std::string_view expected;
+    } cases[] = {
+        {MarkerFamily::VisualBasic, "", "'***Procedure f***\r\n"},
+        {MarkerFamily::VisualBasic, "x", "x\r\n'***Procedure f***\r\n"},
+        {MarkerFamily::VisualBasic, "x\r\n", "x\r\n'***Procedure f***\r\n"},
+        {MarkerFamily::VisualBasic, "'***Procedure f***", "'***Procedure f***"},
+        {MarkerFamily::VisualBasic, "'***Procedure f***\r\nx", "'***Procedure f***\r\nx"},
+        {MarkerFamily::C, "x", "x\r\n/***Procedure f***/"},
+        {MarkerFamily::C, "int /***Procedure f***/;", "int /***Procedure f***/;"},
+        {MarkerFamily::C, "/***Procedure f***/***/",
+         "/***Procedure f***/***/\r\n/***Procedure f***/"},
+        {MarkerFamily::Page, "<html>", "<html>\r\n<!--**Procedure f**-->\r\n"},
+    };
+    for (const auto& test : cases) {
+        const MarkedProcedures procedures{test.family, {"f", "f***/"}};
+        EXPECT_EQ(AppendMarker(test.text, procedures, "f"), test.expected) << test.text;
+    }
+}
+
+TEST(Markers, DoNotPileUpBlankLinesWhenOneIsAppendedAndRemovedAgainAndAgain) {
+    for (const MarkerFamily family : kFamilies) {
+        const MarkedProcedures procedures{family, {"f"}};
+        const std::string once = AppendMarker("x", procedures, "f");
+        const std::string removed = RemoveMarker(once, procedures, "f");
+        EXPECT_EQ(removed, "x\r\n");
+        EXPECT_EQ(AppendMarker(removed, procedures, "f"), once);
+    }
+}
+
+TEST(Markers, AreFoundInALongTextWithManyProcedures) {
+    MarkedProcedures procedures{MarkerFamily::VisualBasic, {}};
+    std::string text;
+    for (int i = 0; i < 20'000; ++i) {
+        procedures.codeNames.push_back("Procedure" + std::to_string(i) + "(ByVal x As Long)");
+        text += MarkerLine(MarkerFamily::VisualBasic, procedures.codeNames.back());
+    }
+    const std::vector<MarkerPlace> places = FindMarkers(text, procedures);
+    ASSERT_EQ(places.size(), procedures.codeNames.size());
+    for (std::size_t i = 0; i < places.size(); ++i)
+        ASSERT_EQ(places[i].procedure, i);
+}
+
+}  // namespace
+}  // namespace snippetarium
