@@ -27,6 +27,16 @@ std::int32_t ReadVersion(const std::string& path) {
     return static_cast<std::int32_t>(Inspection(path).ReadNumber("PRAGMA user_version"));
 }
 
+/// A file whose end is missing cannot be opened, but most of its rows can be read all the same.
+std::int32_t ReadVersionOfDamaged(const std::string& path) {
+    try {
+        return ReadVersion(path);
+    } catch (const EngineError& error) {
+        if (error.Code() != EngineErrorCode::Corrupted) throw;
+        return VersionInHeader(path);
+    }
+}
+
 void RequireCatalogue(const std::string& path) {
     CheckDatabaseFile(path, AccessMode::Read);
     RequireKnownVersion(path, ReadVersion(path), OpenableVersions());
@@ -78,7 +88,7 @@ SalvageResult SalvageCatalogue(const Host& host, const std::string& programFolde
     JobProgress progress(host, "Snippetarium is recovering the catalogue, please wait...",
                          JobProgress::Cancelling::Possible);
     CatalogueExchange exchange(host, programFolder);
-    RequireKnownVersion(exchange.OldPath(), ReadVersion(exchange.OldPath()),
+    RequireKnownVersion(exchange.OldPath(), ReadVersionOfDamaged(exchange.OldPath()),
                         {kCatalogueVersion, kCatalogueVersion});
     SalvageResult result;
     result.report = SalvageDatabase(
