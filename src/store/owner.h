@@ -14,4 +14,19 @@ struct Owner {
     std::int32_t id = 0;
 };
 
+/// The rows of every catalogue that take in classes without an application and procedures without a
+/// class.
+inline constexpr std::int32_t kUndefinedApplicationID = 1;
+inline constexpr std::int32_t kUndefinedClassID = 1;
+
+/// Where a class goes that names this application; 0 is none.
+constexpr std::int32_t ApplicationOrUndefined(std::int32_t appID) {
+    return appID == 0 ? kUndefinedApplicationID : appID;
+}
+
+/// Where a procedure goes that names this class; 0 is none.
+constexpr std::int32_t ClassOrUndefined(std::int32_t classID) {
+    return classID == 0 ? kUndefinedClassID : classID;
+}
+
 }  // namespace snippetarium

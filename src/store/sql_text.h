@@ -6,6 +6,8 @@
 #include <string_view>
 #include <type_traits>
 
+#include "support/calendar.h"
+
 namespace snippetarium {
 
 // The pieces of which the statements that change the catalogue are built.
@@ -22,6 +24,10 @@ std::string SqlText(std::string_view text);
 std::string SqlText255(std::string_view text);
 /// The same of the first 50 characters.
 std::string SqlText50(std::string_view text);
+/// What follows the "=" of an optional column: the literal, or " null" for the empty text.
+std::string SqlTextOrNull(std::string_view text);
+/// "#2001-03-14#".
+std::string SqlDate(const DateTime& date);
 
 /// A number or a text that stands in a statement as it is. An enumeration stands for its number.
 template <typename Piece>
@@ -45,5 +51,23 @@ std::string Sql(const Pieces&... pieces) {
     (append(sql, pieces), ...);
     return sql;
 }
+
+/// The columns of an INSERT and their values, in the same order. It starts with those that every
+/// row has; of the others, those without a value are left out.
+class InsertLists {
+  public:
+    InsertLists(std::string columns, std::string values);
+    /// Nothing for the empty text.
+    void AddText(std::string_view column, std::string_view text);
+    /// Nothing for an ID below 1.
+    void AddID(std::string_view column, std::int32_t id);
+
+    const std::string& Columns() const { return columns_; }
+    const std::string& Values() const { return values_; }
+
+  private:
+    std::string columns_;
+    std::string values_;
+};
 
 }  // namespace snippetarium
