@@ -22,9 +22,9 @@ namespace {
 class BareTables {
   public:
     explicit BareTables(sqlite3* database) : database_(database) {
-        hasStatistics_ = ScalarText(database_,
-                                    "SELECT name FROM sqlite_schema WHERE name = "
-                                    "'sqlite_stat1'") != "";
+        hasStatistics_ =
+            !ScalarText(database_, "SELECT name FROM sqlite_schema WHERE name = 'sqlite_stat1'")
+                 .empty();
         if (hasStatistics_) {
             RunStatements(database_, "CREATE TEMP TABLE statistics AS SELECT * FROM sqlite_stat1");
         }

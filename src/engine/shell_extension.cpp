@@ -11,7 +11,7 @@ SQLITE_EXTENSION_INIT1
 
 #include <exception>
 
-#include "engine/collation.cpp"
+#include "engine/collation.cpp"  // NOLINT(bugprone-suspicious-include)
 
 /// The loading program derives this name from the file's name.
 extern "C" __attribute__((visibility("default"))) int sqlite3_catnc_init(

@@ -128,7 +128,7 @@ void RemoveOldBackups(const std::string& programFolder) {
 }
 
 std::string WriteBackup(Database& db, BackupReason reason) {
-    const std::string path = NewBackupPath(db.GetHost(), db.ProgramFolder(), reason);
+    std::string path = NewBackupPath(db.GetHost(), db.ProgramFolder(), reason);
     JobProgress progress(db.GetHost(), "Snippetarium is backing up the catalogue, please wait...",
                          JobProgress::Cancelling::Impossible);
     CopyDatabase(db.FilePath(), path, [&](double share) { progress.Show(share); });

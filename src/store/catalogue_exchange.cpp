@@ -98,7 +98,7 @@ bool CatalogueExchange::IsOldSound(const CancelPoll& poll) const {
 
 std::string CatalogueExchange::BackUpOld() {
     claim_ = ClaimDatabase(oldPath_);
-    const std::string backup = NewBackupPath(host_, programFolder_, BackupReason::Restore);
+    std::string backup = NewBackupPath(host_, programFolder_, BackupReason::Restore);
     CopyDatabase(claim_.get(), backup, nullptr);
     return backup;
 }

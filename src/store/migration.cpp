@@ -76,8 +76,8 @@ bool HasThisProgramsQueries(Connection& connection) {
         stored.push_back({row["name"].Text(), row["parameters"].Text(), row["body"].Text()});
     }
     std::vector<QueryText> queries = StoredQueryTexts();
-    std::sort(stored.begin(), stored.end());
-    std::sort(queries.begin(), queries.end());
+    std::ranges::sort(stored, {}, &QueryText::name);
+    std::ranges::sort(queries, {}, &QueryText::name);
     return stored == queries;
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <compare>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,7 +14,7 @@ struct QueryText {
     /// One SELECT of the catalogue's dialect, without its semicolon.
     std::string body;
 
-    auto operator<=>(const QueryText&) const = default;
+    bool operator==(const QueryText&) const = default;
 };
 
 /// Reads a file of stored queries:

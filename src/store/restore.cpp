@@ -78,7 +78,7 @@ std::string RestoreCatalogue(const Host& host, const std::string& programFolder,
     RequireCatalogue(backupPath);
     CopyDatabase(backupPath, exchange.NewPath(), [&](double share) { progress.Show(share); });
     RequireSound(exchange.NewPath(), backupPath, progress);
-    const std::string kept = exchange.KeepOld(progress);
+    std::string kept = exchange.KeepOld(progress);
     exchange.PutNewInPlace();
     RemoveOldBackups(programFolder);
     return kept;
