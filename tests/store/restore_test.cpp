@@ -277,10 +277,10 @@ TEST_F(RestoreTest, RecoveryPutsWhatCanBeReadInPlaceAndKeepsTheDamagedFile) {
 
 TEST_F(RestoreTest, RecoversAFileWhoseEndIsMissing) {
     const std::string damaged = ReadBytes(CataloguePath());
-    WriteBytes(CataloguePath(), damaged.substr(0, damaged.size() / 2 + 100));
+    WriteBytes(CataloguePath(), damaged.substr(0, damaged.size() - 5 * kPageSize + 100));
     const SalvageResult result = SalvageCatalogue(host_.host, folder_.Path());
     EXPECT_FALSE(result.report.IsComplete());
-    EXPECT_EQ(ReadBytes(result.keptPath).size(), damaged.size() / 2 + 100);
+    EXPECT_EQ(ReadBytes(result.keptPath).size(), damaged.size() - 5 * kPageSize + 100);
     OpenCatalogue(db_);
     EXPECT_EQ(AppNameByID(db_, 1), "new");
     EXPECT_GT(ScalarLong(db_, "SELECT count(*) FROM tblCode"), 50);
