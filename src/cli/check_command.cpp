@@ -106,7 +106,7 @@ constexpr CliCommand kCheckCommand = {
     .description =
         "Checks the catalogue through and through: the build of its file, its tables and stored "
         "queries, and its rows against each other. Each finding comes with advice. The command "
-        "fails if there is a fault. Ctrl+C ends a check.",
+        "prints what it found and fails if there is a fault. Ctrl+C ends a check.",
     .arguments = {},
     .options = kOptions,
     .examples = kExamples,

@@ -1,10 +1,11 @@
 #include "cli/closest_names.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstddef>
 #include <numeric>
 #include <utility>
+
+#include "support/case_fold.h"
 
 namespace snippetarium {
 
@@ -15,7 +16,7 @@ constexpr std::size_t kHintLimit = 5;
 std::string SmallLetters(std::string_view text) {
     std::string small(text);
     std::transform(small.begin(), small.end(), small.begin(),
-                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+                   [](char letter) { return AsciiLower(letter); });
     return small;
 }
 

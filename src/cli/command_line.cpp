@@ -41,7 +41,7 @@ void AddArgument(CLI::App& app, Arguments& arguments, const CommandArgument& arg
 
 /// The parser's description of a command. What is required is checked afterwards: a request for
 /// help must not fail because of an argument that is missing.
-CLI::App* AddCommand(CLI::App& app, CommandLine& line, const CliCommand& command) {
+void AddCommand(CLI::App& app, CommandLine& line, const CliCommand& command) {
     CLI::App* const parser = app.add_subcommand(std::string(command.name));
     parser->set_help_flag();
     parser->fallthrough();
@@ -51,7 +51,6 @@ CLI::App* AddCommand(CLI::App& app, CommandLine& line, const CliCommand& command
     for (const CommandOption& option : command.options)
         AddOption(*parser, line.arguments, option);
     parser->callback([&line, &command] { line.command = &command; });
-    return parser;
 }
 
 std::vector<std::string_view> CommandNames() {

@@ -96,6 +96,7 @@ class Demonstration {
 
     void Search() {
         Database db(context_.GetHost(), CatalogueProviders(), folder_);
+        db.SetMode(AccessMode::Read);
         db.Open();
         output_ << "A search of the code for 'mod 400' runs this statement:\n" << kSearch << "\n\n";
         Recordset topics = db.GetConnection().ExecuteSearch(kSearch);

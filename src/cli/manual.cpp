@@ -90,7 +90,9 @@ constexpr std::string_view kDescription =
     "the command fails.";
 
 constexpr std::string_view kJsonDescription =
-    "With --json the standard output is exactly one document in UTF-8. A command that fails prints "
+    "With --json the standard output is exactly one document in UTF-8. A command that fails and "
+    "has "
+    "no result prints "
     "{\"error\": {\"code\": N, \"text\": \"...\"}}, where N is the number of the failure, or 0 "
     "for a failure without one.";
 

@@ -74,10 +74,14 @@ Parameter Bind(const QueryParameter& parameter, const std::string& value) {
 std::vector<Parameter> BindAll(const StoredQuery& query, std::span<const std::string> values) {
     const std::vector<QueryParameter> parameters = ParseQueryParameters(query.parameters);
     if (parameters.size() != values.size()) {
-        std::string message = "'" + std::string(query.name) + "' takes ";
-        message += parameters.empty() ? "no values" : std::to_string(parameters.size());
-        if (!parameters.empty()) message += " (" + ParameterNames(query) + ")";
-        throw UsageError(message + ", not " + std::to_string(values.size()) + ".");
+        std::string wanted = "no values";
+        if (!parameters.empty()) {
+            wanted = std::to_string(parameters.size()) +
+                     (parameters.size() == 1 ? " value (" : " values (") + ParameterNames(query) +
+                     ")";
+        }
+        throw UsageError("'" + std::string(query.name) + "' takes " + wanted + ", not " +
+                         std::to_string(values.size()) + ".");
     }
     std::vector<Parameter> bound;
     for (std::size_t i = 0; i < parameters.size(); ++i)

@@ -1,10 +1,9 @@
 #include "cli/run_command_line.h"
 
-#include <cstdint>
-#include <exception>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <ostream>
+#include <string>
 
 #include "cli/command_context.h"
 #include "cli/command_line.h"
