@@ -80,7 +80,7 @@ TEST(CommentHeader, LeavesAloneWhatIsFramedOrEmpty) {
 }
 
 TEST(CommentHeader, OfAnyTextIsOneCommentAndFramingItAgainChangesNothing) {
-    ForEveryText("a/*' \n", 6, [](const std::string& comment) {
+    ForEveryText("a/*' \n", 5, [](const std::string& comment) {
         const std::string basic = FormatVbCommentHeader(comment);
         ASSERT_EQ(FormatVbCommentHeader(basic), basic);
         if (!basic.empty() && basic != comment) {
