@@ -12,6 +12,8 @@ namespace snippetarium {
 namespace {
 
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+/// Names are cut when they are stored; a longer path would only take memory.
+constexpr std::size_t kLongestPath = 1000;
 
 // clang-format off
 /// Words whose brackets hold no parameters.
@@ -206,7 +208,7 @@ class DefinitionScanner {
 
     std::size_t Enter(std::size_t brace, const std::string& name) {
         std::string path = scopes_.empty() ? std::string() : scopes_.back();
-        if (!name.empty()) path += name + "::";
+        if (!name.empty() && path.size() < kLongestPath) path += name + "::";
         scopes_.push_back(std::move(path));
         return NextHead(brace + 1);
     }

@@ -4,13 +4,14 @@ namespace snippetarium {
 
 namespace {
 
-/// The tokens from `first` to `last`, with one blank where the text has any gap. A gap before an
-/// opening bracket says nothing.
+/// The tokens from `first` to `last`, with one blank where the text has any gap, but for that in
+/// "operator ()".
 std::string OneLine(const CLiveTokens& live, std::size_t first, std::size_t last) {
     std::string line;
     for (std::size_t i = first; i <= last; ++i) {
         const bool hasGap = i > first && live[i].begin > live[i - 1].end;
-        if (hasGap && !live.Is(i, '(')) line += ' ';
+        const bool isSymbolOfOperator = live.IsWord(i - 1, "operator") && !live.IsWord(i);
+        if (hasGap && !isSymbolOfOperator) line += ' ';
         line += live.Text(i);
     }
     return line;
