@@ -52,8 +52,9 @@ LineEnd Other(LineEnd end) {
     return end == LineEnd::CrLf ? LineEnd::Lf : LineEnd::CrLf;
 }
 
-std::string_view WithoutLastEnd(std::string_view text) {
-    if (text.ends_with('\n')) text.remove_suffix(text.ends_with(kCrLf) ? 2 : 1);
+std::string_view WithoutLastEnds(std::string_view text) {
+    while (text.ends_with('\n'))
+        text.remove_suffix(text.ends_with(kCrLf) ? 2 : 1);
     return text;
 }
 
@@ -84,10 +85,13 @@ std::string WithLineEnds(std::string_view text, const LineEnds& ends) {
     std::size_t number = 0;
     const auto appendEnd = [&] {
         ++number;
-        AppendEnd(result, ends.others.Contains(number) ? Other(ends.most) : ends.most);
+        // A CR that is data would make one line end of itself and an LF.
+        const bool needsCrLf = result.ends_with('\r');
+        const LineEnd end = ends.others.Contains(number) ? Other(ends.most) : ends.most;
+        AppendEnd(result, needsCrLf ? LineEnd::CrLf : end);
     };
     const bool endsHere = EndsInLineEnd(text);
-    result += ForEachLine(ends.lastLineEnds ? text : WithoutLastEnd(text), [&](const Line& line) {
+    result += ForEachLine(ends.lastLineEnds ? text : WithoutLastEnds(text), [&](const Line& line) {
         result += line.content;
         appendEnd();
     });

@@ -27,8 +27,8 @@ struct LineEnds {
 LineEnds NormaliseLineEnds(std::string& text);
 
 /// The text with the line ends given, NormaliseLineEnds undone. Of a text that was edited since,
-/// `others` still means lines of these numbers, and the end of the last line is added or dropped so
-/// that the file ends as it used to.
+/// `others` still means lines of these numbers, and line ends behind the last line are added or
+/// dropped so that the file ends as it used to: with one or more, or with none.
 std::string WithLineEnds(std::string_view text, const LineEnds& ends);
 
 }  // namespace snippetarium

@@ -61,9 +61,11 @@ TEST(LineEnds, AnEditedTextEndsAsTheFileDid) {
     EXPECT_EQ(WithLineEnds("a\r\nb", ended), "a\nb\r\n");
     EXPECT_EQ(WithLineEnds("a\r\nb\r\nc\r\n", ended), "a\nb\r\nc\n");
     EXPECT_EQ(WithLineEnds("", ended), "");
+    // The return is a character of its line, wherever the line has come to stand.
+    EXPECT_EQ(WithLineEnds("a\r\r\nb\r\nc\r\n", ended), "a\r\r\nb\r\nc\n");
     const LineEnds open{LineEnd::CrLf, {}, false};
     EXPECT_EQ(WithLineEnds("a\r\nb\r\n", open), "a\r\nb");
-    EXPECT_EQ(WithLineEnds("a\r\n\r\n", open), "a\r\n");
+    EXPECT_EQ(WithLineEnds("a\r\n\r\n", open), "a");
     EXPECT_EQ(WithLineEnds("a\r\nb", open), "a\r\nb");
 }
 
