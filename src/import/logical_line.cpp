@@ -1,6 +1,7 @@
 #include "import/logical_line.h"
 
 #include <algorithm>
+#include <bitset>
 #include <utility>
 
 #include "support/text.h"
@@ -31,6 +32,17 @@ constexpr Replacement kKeyPasses[] = {
     {" (", "("},
 };
 // clang-format on
+
+/// Which characters stand next to a blank. The passes that replace blanks next to others have
+/// nothing to do, and most lines are no work at all.
+std::bitset<256> NeighboursOfBlanks(std::string_view text) {
+    std::bitset<256> neighbours;
+    for (std::size_t i = 1; i < text.size(); ++i) {
+        if (text[i] == ' ') neighbours.set(static_cast<unsigned char>(text[i - 1]));
+        if (text[i - 1] == ' ') neighbours.set(static_cast<unsigned char>(text[i]));
+    }
+    return neighbours;
+}
 
 /// One pass from left to right. The replacement must be the shorter of the two.
 void ShortenAll(std::string& text, const Replacement& replacement) {
@@ -76,8 +88,10 @@ LogicalLine ReadLogicalLine(LineReader& reader) {
 }
 
 std::string NormaliseKeyLine(std::string text) {
-    for (const Replacement& pass : kKeyPasses)
-        ShortenAll(text, pass);
+    const std::bitset<256> neighbours = NeighboursOfBlanks(text);
+    for (const Replacement& pass : kKeyPasses) {
+        if (neighbours[static_cast<unsigned char>(pass.with.front())]) ShortenAll(text, pass);
+    }
     text.erase(text.find_last_not_of(' ') + 1);
     text.erase(0, text.find_first_not_of(' '));
     return text;
