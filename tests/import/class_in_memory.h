@@ -9,6 +9,8 @@
 #include "export/markers.h"
 #include "import/cut_file.h"
 #include "support/case_fold.h"
+#include "support/line_ends.h"
+#include "support/utf8.h"
 
 namespace snippetarium::test {
 
@@ -34,16 +36,31 @@ struct ClassInMemory {
     bool operator==(const ClassInMemory&) const = default;
 };
 
-/// A name that no procedure has yet, and whose marker does not stand in the text by chance.
-inline std::string FreeName(const ClassInMemory& stored, std::string_view text, MarkerFamily family,
+/// True when the text stands anywhere in the file.
+inline bool Holds(const CutFile& cut, std::string_view text) {
+    const auto isIn = [text](std::string_view part) {
+        return part.find(text) != std::string_view::npos;
+    };
+    const auto isInProcedure = [&](const CutProcedure& procedure) {
+        return isIn(procedure.comment) || isIn(procedure.code);
+    };
+    return isIn(cut.text) || std::ranges::any_of(cut.procedures, isInProcedure);
+}
+
+/// A name that no procedure has yet, and whose marker does not stand in the file by chance, within
+/// the size of its column.
+inline std::string FreeName(const ClassInMemory& stored, const CutFile& cut, MarkerFamily family,
                             const std::string& wanted) {
     const auto isTaken = [&](const std::string& name) {
         return std::ranges::count(stored.procedures, name, &ProcedureInMemory::name) > 0 ||
-               text.find(MarkerText(family, name)) != std::string_view::npos;
+               Holds(cut, MarkerText(family, name));
     };
-    std::string name = wanted;
-    for (int number = 2; isTaken(name); ++number)
-        name = wanted + " (" + std::to_string(number) + ")";
+    constexpr std::size_t kLongest = 255;
+    std::string name(CutToCharacters(wanted, kLongest));
+    for (int number = 2; isTaken(name); ++number) {
+        const std::string suffix = " (" + std::to_string(number) + ")";
+        name = std::string(CutToCharacters(wanted, kLongest - suffix.size())) + suffix;
+    }
     return name;
 }
 
@@ -52,7 +69,7 @@ inline ClassInMemory Store(const CutFile& cut, MarkerFamily family) {
     std::size_t copied = 0;
     for (const CutProcedure& procedure : cut.procedures) {
         if (procedure.name.empty()) continue;
-        const std::string name = FreeName(stored, cut.text, family, procedure.name);
+        const std::string name = FreeName(stored, cut, family, procedure.name);
         stored.text.append(cut.text, copied, procedure.position - copied);
         stored.text += MarkerText(family, name);
         copied = procedure.position;
@@ -62,31 +79,19 @@ inline ClassInMemory Store(const CutFile& cut, MarkerFamily family) {
     return stored;
 }
 
-/// The class's text with the comment and the code of each procedure in the place of its marker.
+/// The class's text with the comment and the code of each procedure in the place of its marker,
+/// one procedure after the other.
 inline std::string ExpandVbProcedures(const ClassInMemory& stored) {
-    constexpr std::string_view kBeginning = "'***Procedure ";
-    const std::string_view text = stored.text;
-    std::string expanded;
-    for (std::size_t at = 0; at < text.size();) {
-        const ProcedureInMemory* fitting = nullptr;
-        std::size_t length = 0;
-        if (text.substr(at).starts_with(kBeginning)) {
-            for (const ProcedureInMemory& procedure : stored.procedures) {
-                const std::string marker = MarkerLine(MarkerFamily::VisualBasic, procedure.name);
-                if (marker.size() <= length || !text.substr(at).starts_with(marker)) continue;
-                fitting = &procedure;
-                length = marker.size();
-            }
-        }
-        if (fitting == nullptr) {
-            expanded += text[at++];
-            continue;
-        }
-        if (!fitting->comment.empty()) expanded += fitting->comment + "\r\n";
-        expanded += fitting->code + "\r\n";
-        at += length;
+    std::string text = stored.text;
+    for (const ProcedureInMemory& procedure : stored.procedures) {
+        const std::string marker = MarkerLine(MarkerFamily::VisualBasic, procedure.name);
+        const std::string comment = procedure.comment.empty() ? "" : procedure.comment + "\r\n";
+        const std::string inserted = comment + procedure.code + "\r\n";
+        for (std::size_t at = text.find(marker); at != std::string::npos;
+             at = text.find(marker, at + inserted.size()))
+            text.replace(at, marker.size(), inserted);
     }
-    return expanded;
+    return text;
 }
 
 /// The file that export makes of a class of the Visual Basic family.
@@ -114,18 +119,20 @@ inline std::vector<std::string_view> FilledLines(std::string_view text) {
     return lines;
 }
 
-/// What is wrong with the way of a file into the catalogue and out of it; empty when all is well.
-/// `cut` is the cutter: from a text to a CutFile with Visual Basic markers.
+/// What is wrong with the way of a file into the catalogue and out of it, twice; empty when all is
+/// well. `cut` is the cutter: from a text to a CutFile with Visual Basic markers.
 template <typename Cut>
-std::string FaultOfRoundTrip(std::string_view text, Cut cut) {
-    const auto store = [&](std::string_view file) {
-        return Store(cut(file), MarkerFamily::VisualBasic);
-    };
-    const ClassInMemory stored = store(text);
-    const std::string written = WriteVbClass(stored);
-    if (FilledLines(written) != FilledLines(text)) return "other lines are written:\n" + written;
-    const ClassInMemory again = store(written);
+std::string FaultOfRoundTrip(std::string file, Cut cut) {
+    LineEnds ends = NormaliseLineEnds(file);
+    const ClassInMemory stored = Store(cut(file), MarkerFamily::VisualBasic);
+    const std::string written = WithLineEnds(WriteVbClass(stored), ends);
+
+    std::string text = written;
+    ends = NormaliseLineEnds(text);
+    if (FilledLines(text) != FilledLines(file)) return "other lines are written:\n" + text;
+    const ClassInMemory again = Store(cut(text), MarkerFamily::VisualBasic);
     if (again != stored) return "what was written is stored differently:\n" + again.text;
+    if (WithLineEnds(WriteVbClass(again), ends) != written) return "it grows:\n" + written;
     return {};
 }
 

@@ -1,0 +1,4 @@
+' Nothing here,
+
+' and nothing there.
+

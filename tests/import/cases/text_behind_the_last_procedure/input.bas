@@ -1,0 +1,7 @@
+Sub A()
+End Sub
+
+
+
+' Nothing follows.
+

@@ -1,0 +1,66 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/text_file.h"
+#include "tests/import/case_dump.h"
+#include "tests/import/cut_basic.h"
+#include "tests/temporary_folder.h"
+
+namespace snippetarium {
+namespace {
+
+// Each folder under cases/ holds a source file, input.EXTENSION, and in the file "expected" what it
+// becomes (case_dump.h).
+
+struct FileKind {
+    std::string_view extension;
+    test::BasicCut cut;
+    MarkerFamily family;
+};
+
+constexpr FileKind kFileKinds[] = {
+    {".bas", CutVisualBasic, MarkerFamily::VisualBasic},
+    {".cls", CutVisualBasic, MarkerFamily::VisualBasic},
+    {".frm", CutVisualBasic, MarkerFamily::VisualBasic},
+    {".vbs", CutVbScript, MarkerFamily::VisualBasic},
+};
+
+/// The kind of the case's input; nullptr when there is no input.
+const FileKind* FindInput(const std::filesystem::path& folder, std::filesystem::path& input) {
+    for (const FileKind& kind : kFileKinds) {
+        input = folder / ("input" + std::string(kind.extension));
+        if (std::filesystem::exists(input)) return &kind;
+    }
+    return nullptr;
+}
+
+TEST(Cases, AreCutAsExpectedAndWrittenAsTheyWere) {
+    std::vector<std::filesystem::path> folders;
+    for (const auto& entry : std::filesystem::directory_iterator(IMPORT_CASES))
+        folders.push_back(entry.path());
+    ASSERT_FALSE(folders.empty());
+    std::ranges::sort(folders);
+
+    for (const std::filesystem::path& folder : folders) {
+        std::filesystem::path input;
+        const FileKind* kind = FindInput(folder, input);
+        ASSERT_NE(kind, nullptr) << folder << " holds no input of a known kind";
+        const TextFile file = DecodeTextFile(test::ReadBytes(input.string()));
+        const auto cut = [kind](std::string_view text) {
+            return test::CutUndisturbed(text, kind->cut);
+        };
+        EXPECT_EQ(test::DumpOf(cut(file.text), kind->family),
+                  test::ReadBytes((folder / "expected").string()))
+            << folder;
+        EXPECT_EQ(test::FaultOfRoundTrip(WithLineEnds(file.text, file.form.lineEnds), cut), "")
+            << folder;
+    }
+}
+
+}  // namespace
+}  // namespace snippetarium
