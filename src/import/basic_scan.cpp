@@ -10,6 +10,7 @@ namespace snippetarium {
 
 namespace {
 
+constexpr std::size_t kNone = std::string_view::npos;
 constexpr std::string_view kLineBreak = "\r\n";
 constexpr std::string_view kOptionExplicit = "Option Explicit";
 
@@ -30,12 +31,10 @@ std::optional<ProcedureKind> KindOfStart(std::string_view key) {
 
 /// Whether a procedure seems to begin inside another one. Most lines of a body are passed over by
 /// their first letter, before a key is made.
-bool LooksLikeStart(std::string_view line) {
+bool LooksLikeStart(std::string_view visibleLine) {
     constexpr std::string_view kFirstLetters = "sSpPfF";
-    const std::string_view visible = TrimToVisible(line);
-    if (visible.empty() || kFirstLetters.find(visible.front()) == std::string_view::npos)
-        return false;
-    return KindOfStart(NormaliseKeyLine(std::string(visible))).has_value();
+    return !visibleLine.empty() && kFirstLetters.find(visibleLine.front()) != kNone &&
+           KindOfStart(NormaliseKeyLine(std::string(visibleLine)));
 }
 
 /// Finds the line in a body that begins another procedure. The second head of a procedure whose
@@ -49,13 +48,30 @@ bool LooksLikeStart(std::string_view line) {
 class StrayStartSearch {
   public:
     bool IsStrayStart(std::string_view line) {
-        const bool followsElse =
-            std::exchange(followsElse_, StartsWithIgnoringAsciiCase(TrimToVisible(line), "#Else"));
-        return !followsElse && LooksLikeStart(line);
+        const std::string_view visible = TrimToVisible(line);
+        if (visible.starts_with('#')) {
+            FollowDirective(visible);
+            return false;
+        }
+        return !isInAlternative_ && LooksLikeStart(visible);
     }
 
   private:
-    bool followsElse_ = false;
+    void FollowDirective(std::string_view directive) {
+        if (StartsWithIgnoringAsciiCase(directive, "#If")) {
+            ++openConditions_;
+        } else if (StartsWithIgnoringAsciiCase(directive, "#End")) {
+            if (openConditions_ == 0) isInAlternative_ = false;
+            if (openConditions_ > 0) --openConditions_;
+        } else if (StartsWithIgnoringAsciiCase(directive, "#Else")) {
+            if (openConditions_ == 0) isInAlternative_ = true;
+        }
+    }
+
+    /// Those that began inside the procedure.
+    int openConditions_ = 0;
+    /// In another branch of the condition that the procedure's first head depends on.
+    bool isInAlternative_ = false;
 };
 
 }  // namespace

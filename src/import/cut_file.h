@@ -13,7 +13,8 @@ namespace snippetarium {
 /// A procedure cut out of a file. Its texts are stored as they stand here; what is too long is cut
 /// when it is stored.
 struct CutProcedure {
-    /// Empty where none was found. Such a procedure is reported, not stored.
+    /// Empty where none was found. Such a procedure is reported, not stored; the text of its file
+    /// still holds it, with its comment, and no marker is put in.
     std::string name = {};
     /// The comment block that heads it. Empty is none.
     std::string comment = {};
@@ -34,7 +35,8 @@ struct CutFile {
     std::string text = {};
     /// In the order of their positions; several may share one.
     std::vector<CutProcedure> procedures = {};
-    /// Sentences for the report, each without its indent and line break.
+    /// Sentences for the report, each without its indent and line break. They speak of procedures
+    /// and lines and do not name the file.
     std::vector<std::string> problems = {};
 };
 

@@ -51,9 +51,7 @@ TEST(Cases, AreCutAsExpectedAndWrittenAsTheyWere) {
         const FileKind* kind = FindInput(folder, input);
         ASSERT_NE(kind, nullptr) << folder << " holds no input of a known kind";
         const TextFile file = DecodeTextFile(test::ReadBytes(input.string()));
-        const auto cut = [kind](std::string_view text) {
-            return test::CutUndisturbed(text, kind->cut);
-        };
+        test::UndisturbedCut cut(kind->cut);
         EXPECT_EQ(test::DumpOf(cut(file.text), kind->family),
                   test::ReadBytes((folder / "expected").string()))
             << folder;

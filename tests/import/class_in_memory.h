@@ -122,7 +122,7 @@ inline std::vector<std::string_view> FilledLines(std::string_view text) {
 /// What is wrong with the way of a file into the catalogue and out of it, twice; empty when all is
 /// well. `cut` is the cutter: from a text to a CutFile with Visual Basic markers.
 template <typename Cut>
-std::string FaultOfRoundTrip(std::string file, Cut cut) {
+std::string FaultOfRoundTrip(std::string file, Cut&& cut) {
     LineEnds ends = NormaliseLineEnds(file);
     const ClassInMemory stored = Store(cut(file), MarkerFamily::VisualBasic);
     const std::string written = WithLineEnds(WriteVbClass(stored), ends);

@@ -7,15 +7,27 @@
 
 namespace snippetarium::test {
 
-// Cutting with nobody who looks on or cancels.
-
 using BasicCut = CutFile (*)(std::string_view, LineProgress&);
 
+/// Cuts files with nobody who looks on or cancels.
+class UndisturbedCut {
+  public:
+    explicit UndisturbedCut(BasicCut cut) : cut_(cut) {}
+
+    CutFile operator()(std::string_view text) {
+        world_.progress.unitValues.clear();
+        LineProgress progress(world_.host, state_, 0);
+        return cut_(text, progress);
+    }
+
+  private:
+    BasicCut cut_;
+    FakeHost world_;
+    const ImportState state_ = {};
+};
+
 inline CutFile CutUndisturbed(std::string_view text, BasicCut cut) {
-    FakeHost world;
-    const ImportState state;
-    LineProgress progress(world.host, state, 0);
-    return cut(text, progress);
+    return UndisturbedCut(cut)(text);
 }
 
 }  // namespace snippetarium::test

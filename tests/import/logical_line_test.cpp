@@ -117,9 +117,16 @@ TEST(ReadProcedureBody, EndsWithTheEndOfItsKind) {
          "Sub A()\r\nEnd Function\r\nEnd Sub 'a\r\nEnd Sub\r\n", true, 0},
         {"Sub A(): End Sub\r\n\r\nPublic  Function F()\r\nSub B()\r\nEnd Sub\r\n",
          "Sub A(): End Sub\r\n\r\nPublic  Function F()\r\nSub B()\r\nEnd Sub\r\n", true, 3},
-        // Two heads for one body.
+        // Two heads for one body, and a condition inside of one.
         {"Sub A(x)\r\n#Else\r\nSub A(y)\r\n#End If\r\nEnd Sub",
          "Sub A(x)\r\n#Else\r\nSub A(y)\r\n#End If\r\nEnd Sub\r\n", true, 0},
+        {"Sub A(x)\r\ny\r\n#elseif Z\r\n#If W\r\n#Else\r\n#End If\r\nSub A(y)\r\nEnd Sub",
+         "Sub A(x)\r\ny\r\n#elseif Z\r\n#If W\r\n#Else\r\n#End If\r\nSub A(y)\r\nEnd Sub\r\n", true,
+         0},
+        {"Sub A()\r\n#If X\r\n#Else\r\nSub B()\r\nEnd Sub\r\n",
+         "Sub A()\r\n#If X\r\n#Else\r\nSub B()\r\nEnd Sub\r\n", true, 4},
+        {"Sub A()\r\n#Else\r\n#End If\r\nSub B()\r\nEnd Sub\r\n",
+         "Sub A()\r\n#Else\r\n#End If\r\nSub B()\r\nEnd Sub\r\n", true, 4},
         {"Sub A(x)\r\n'Sub B()\r\nSet Sub = F\r\nEnd Sub",
          "Sub A(x)\r\n'Sub B()\r\nSet Sub = F\r\nEnd Sub\r\n", true, 0},
     };
