@@ -67,10 +67,12 @@ void UpdateAuthorName(Database& db, std::int32_t authorID, const AuthorName& nam
     });
 }
 
-void RemoveAuthorLinks(Database& db, OwnerKind kind, std::string_view ownerIDs) {
+bool RemoveAuthorLinks(Database& db, OwnerKind kind, std::string_view ownerIDs) {
     static constexpr SharedRows kAuthors{"tblAuthor", "authorID", "tbl_Author_Link"};
-    GuardedStage(db.Reporter(), Procedure::RemoveAuthorLinks,
-                 [&] { RemoveLinks(db, kAuthors, kind, ownerIDs); });
+    return GuardedStage(db.Reporter(), Procedure::RemoveAuthorLinks, [&] {
+        RemoveLinks(db, kAuthors, kind, ownerIDs);
+        return true;
+    });
 }
 
 void UnlinkAuthor(Database& db, OwnerKind kind, std::string_view ownerIDs, std::int32_t authorID) {

@@ -40,9 +40,8 @@ void RelinkAuthor(Database& db, const Owner& owner, std::int32_t oldAuthorID,
 void UpdateAuthorName(Database& db, std::int32_t authorID, const AuthorName& name);
 
 /// Removes the author links of some owners, and the authors that nobody else is linked to. A stage
-/// of a deletion: a failure is reported, and the caller goes on. `ownerIDs` as in
-/// store/link_removal.h.
-void RemoveAuthorLinks(Database& db, OwnerKind kind, std::string_view ownerIDs);
+/// of a deletion: a failure is reported, and false returned. `ownerIDs` as in store/link_removal.h.
+bool RemoveAuthorLinks(Database& db, OwnerKind kind, std::string_view ownerIDs);
 
 /// Removes the links of some owners to one author. The author stays, also without any link.
 /// `ownerIDs` as in store/link_removal.h.

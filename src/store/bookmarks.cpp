@@ -40,4 +40,16 @@ bool AddBookmark(Database& db, std::string_view nodeKey) {
     });
 }
 
+bool DeleteBookmark(Database& db, std::string_view nodeKey) {
+    return Guarded(db.Reporter(), Procedure::DeleteBookmark, [&] {
+        const NodeKind kind = KindOfNodeKey(nodeKey);
+        const NodeIDs ids = ParseNodeKey(nodeKey);
+        if (kind != NodeKind::Class && kind != NodeKind::Procedure) return false;
+        const std::string procedure =
+            kind == NodeKind::Class ? std::string("IS NULL") : Sql("= ", ids.codeID);
+        return ExecuteSQL(db, Sql("DELETE FROM tblFavorite WHERE appID = ", ids.appID,
+                                  " AND classID = ", ids.classID, " AND codeID ", procedure)) > 0;
+    });
+}
+
 }  // namespace snippetarium

@@ -14,4 +14,8 @@ class Database;
 /// does not.
 bool AddBookmark(Database& db, std::string_view nodeKey);
 
+/// Removes the bookmark of the class or procedure of a contents-tree key; of a class, not those of
+/// its procedures. True when there was one.
+bool DeleteBookmark(Database& db, std::string_view nodeKey);
+
 }  // namespace snippetarium

@@ -41,10 +41,12 @@ std::int32_t FindOrAddDate(Database& db, const DateTime& date) {
     });
 }
 
-void RemoveDateLinks(Database& db, OwnerKind kind, std::string_view ownerIDs) {
+bool RemoveDateLinks(Database& db, OwnerKind kind, std::string_view ownerIDs) {
     static constexpr SharedRows kDates{"tblDate", "dateID", "tbl_date_link"};
-    GuardedStage(db.Reporter(), Procedure::RemoveDateLinks,
-                 [&] { RemoveLinks(db, kDates, kind, ownerIDs); });
+    return GuardedStage(db.Reporter(), Procedure::RemoveDateLinks, [&] {
+        RemoveLinks(db, kDates, kind, ownerIDs);
+        return true;
+    });
 }
 
 }  // namespace snippetarium

@@ -27,7 +27,7 @@ void ReplaceGivenDateLinks(Database& db, const Owner& owner, std::span<const std
 std::int32_t FindOrAddDate(Database& db, const DateTime& date);
 
 /// Removes the date links of some owners, and the dates that nobody else is linked to. A stage of a
-/// deletion: a failure is reported, and the caller goes on. `ownerIDs` as in store/link_removal.h.
-void RemoveDateLinks(Database& db, OwnerKind kind, std::string_view ownerIDs);
+/// deletion: a failure is reported, and false returned. `ownerIDs` as in store/link_removal.h.
+bool RemoveDateLinks(Database& db, OwnerKind kind, std::string_view ownerIDs);
 
 }  // namespace snippetarium

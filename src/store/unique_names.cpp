@@ -1,0 +1,40 @@
+#include "store/unique_names.h"
+
+#include "store/class_markers.h"
+#include "store/database.h"
+#include "store/sql_text.h"
+#include "support/guard.h"
+#include "support/utf8.h"
+
+namespace snippetarium {
+
+namespace {
+
+std::string Numbered(std::string_view name, std::int32_t number) {
+    const std::string ending = Sql(" (", number, ")");
+    return std::string(CutToCharacters(name, kNameLimit - ending.size())).append(ending);
+}
+
+}  // namespace
+
+UniqueNames::UniqueNames(Database& db, std::int32_t classID) {
+    const MarkedProcedures procedures = MarkedProceduresOf(db, classID);
+    names_.insert(procedures.codeNames.begin(), procedures.codeNames.end());
+}
+
+std::string UniqueNames::Add(std::string_view name) {
+    const std::string stored(CutToCharacters(name, kNameLimit));
+    if (names_.insert(stored).second) return stored;
+    std::int32_t& number = lastNumbers_.try_emplace(stored, 1).first->second;
+    for (;;) {
+        std::string numbered = Numbered(stored, ++number);
+        if (names_.insert(numbered).second) return numbered;
+    }
+}
+
+std::string UniqueNameInClass(Database& db, std::int32_t classID, std::string_view name) {
+    return Guarded(db.Reporter(), Procedure::UniqueNameInClass,
+                   [&] { return UniqueNames(db, classID).Add(name); });
+}
+
+}  // namespace snippetarium
