@@ -48,6 +48,7 @@ struct SearchWordChange {
     std::int32_t oldSearchWordID = 0;
     std::int32_t newSearchWordID = 0;
 };
+/// Where the keyword is linked to both, the old link goes.
 void RelinkSearchWord(Database& db, std::int32_t keywordID, SearchWordChange change);
 void DeleteSearchWord(Database& db, std::int32_t searchWordID);
 /// The search words equal to these, links first.
