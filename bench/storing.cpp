@@ -3,7 +3,6 @@
 // same writes through the bare library.
 
 #include <benchmark/benchmark.h>
-#include <sqlite3.h>
 
 #include <array>
 #include <filesystem>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "bench/catalogue_generator.h"
+#include "bench/prepared_write.h"
 #include "engine/sqlite_handle.h"
 #include "keywords/keyword_saving.h"
 #include "keywords/noise_words.h"
@@ -114,32 +114,6 @@ void StoreThroughTheCatalogue(benchmark::State& state) {
     CloseCatalogue(db);
 }
 
-/// One prepared statement that writes.
-class Write {
-  public:
-    Write(sqlite3* database, std::string_view sql) : statement_(PrepareStatement(database, sql)) {}
-
-    Write& Number(std::int32_t number) {
-        sqlite3_bind_int(statement_.get(), ++bound_, number);
-        return *this;
-    }
-    Write& Text(const std::string& text) {
-        sqlite3_bind_text64(statement_.get(), ++bound_, text.data(), text.size(), SQLITE_TRANSIENT,
-                            SQLITE_UTF8);
-        return *this;
-    }
-    void Run() {
-        const int result = sqlite3_step(statement_.get());
-        if (result != SQLITE_DONE) ThrowEngineError(sqlite3_db_handle(statement_.get()), result);
-        sqlite3_reset(statement_.get());
-        bound_ = 0;
-    }
-
-  private:
-    StatementHandle statement_;
-    int bound_ = 0;
-};
-
 /// The same writes to the same file, each by itself and with the same settings, but nothing is read
 /// and every ID is known: prepared once, the values bound.
 void StoreThroughTheLibrary(benchmark::State& state) {
@@ -153,13 +127,13 @@ void StoreThroughTheLibrary(benchmark::State& state) {
     const std::int32_t words =
         std::stoi(ScalarText(handle, "SELECT max(searchWordID) FROM tblSearchWord"));
     const std::int32_t codes = std::stoi(ScalarText(handle, "SELECT max(codeID) FROM tblCode"));
-    Write code(handle, "INSERT INTO tblCode (codeName, code, classID) VALUES (?, ?, ?)");
-    Write comment(handle, "UPDATE tblCode SET codeComment = ? WHERE codeID = ?");
-    Write language(handle, "INSERT INTO tblCode_Link_Language VALUES (?, ?)");
-    Write keyword(handle, "INSERT INTO tblKeyword VALUES (?, ?, 1)");
-    Write word(handle, "INSERT INTO tblSearchWord VALUES (?, ?)");
-    Write link(handle, "INSERT INTO tblKeyword_link_searchWord VALUES (?, ?)");
-    Write owner(handle, "UPDATE tblCode SET keywordID = ? WHERE codeID = ?");
+    PreparedWrite code(handle, "INSERT INTO tblCode (codeName, code, classID) VALUES (?, ?, ?)");
+    PreparedWrite comment(handle, "UPDATE tblCode SET codeComment = ? WHERE codeID = ?");
+    PreparedWrite language(handle, "INSERT INTO tblCode_Link_Language VALUES (?, ?)");
+    PreparedWrite keyword(handle, "INSERT INTO tblKeyword VALUES (?, ?, 1)");
+    PreparedWrite word(handle, "INSERT INTO tblSearchWord VALUES (?, ?)");
+    PreparedWrite link(handle, "INSERT INTO tblKeyword_link_searchWord VALUES (?, ?)");
+    PreparedWrite owner(handle, "UPDATE tblCode SET keywordID = ? WHERE codeID = ?");
     const Procedures procedures({"Grid", "Form", "Table", "Index"});
     std::int32_t newWords = words;
     std::int32_t i = 0;
