@@ -1,12 +1,11 @@
 #include "bench/catalogue_generator.h"
 
-#include <sqlite3.h>
-
 #include <array>
 #include <filesystem>
 #include <random>
 #include <string_view>
 
+#include "bench/prepared_write.h"
 #include "engine/create_database.h"
 #include "engine/sqlite_handle.h"
 #include "store/catalogue_content.h"
@@ -42,59 +41,29 @@ constexpr std::array<std::string_view, 8> kLines = {
     "1\r\n    Loop\r\n",
     "    Debug.Print Format$(Now, \"hh:nn:ss\") & \" \" & message\r\n"};
 
-/// One prepared INSERT.
-class Insert {
-  public:
-    Insert(sqlite3* database, std::string_view sql) : statement_(PrepareStatement(database, sql)) {}
-
-    Insert& Number(std::int64_t number) {
-        sqlite3_bind_int64(statement_.get(), ++bound_, number);
-        return *this;
-    }
-    Insert& NumberOrNull(std::int64_t number) {
-        if (number != 0) return Number(number);
-        sqlite3_bind_null(statement_.get(), ++bound_);
-        return *this;
-    }
-    Insert& Text(const std::string& text) {
-        sqlite3_bind_text64(statement_.get(), ++bound_, text.data(), text.size(), SQLITE_TRANSIENT,
-                            SQLITE_UTF8);
-        return *this;
-    }
-    void Run() {
-        const int result = sqlite3_step(statement_.get());
-        if (result != SQLITE_DONE) ThrowEngineError(sqlite3_db_handle(statement_.get()), result);
-        sqlite3_reset(statement_.get());
-        bound_ = 0;
-    }
-
-  private:
-    StatementHandle statement_;
-    int bound_ = 0;
-};
-
 class Generator {
   public:
     explicit Generator(sqlite3* database) : database_(database) {}
 
     void AddShared() {
-        Insert word(database_, "INSERT INTO tblSearchWord VALUES (?, ?)");
+        PreparedWrite word(database_, "INSERT INTO tblSearchWord VALUES (?, ?)");
         for (std::int32_t i = 1; i <= kSearchWords; ++i)
             word.Number(i).Text(Name() + std::to_string(i)).Run();
-        Insert author(database_, "INSERT INTO tblAuthor VALUES (?, ?, '', ?)");
+        PreparedWrite author(database_, "INSERT INTO tblAuthor VALUES (?, ?, '', ?)");
         for (std::int32_t i = 1; i <= kAuthors; ++i) {
             author.Number(i).Text(Pick(kVerbs)).Text(Pick(kNouns) + std::to_string(i)).Run();
         }
-        Insert date(database_,
-                    "INSERT INTO tblDate VALUES (?, date('1998-01-01', '+' || ? || ' days'))");
+        PreparedWrite date(
+            database_, "INSERT INTO tblDate VALUES (?, date('1998-01-01', '+' || ? || ' days'))");
         for (std::int32_t i = 1; i <= kDates; ++i)
             date.Number(i).Number(i).Run();
     }
 
     void AddProcedures(std::int32_t count) {
-        Insert application(database_,
-                           "INSERT INTO tblApplication VALUES (?, ?, ?, null, null, null)");
-        Insert classRow(database_, "INSERT INTO tblClass VALUES (?, ?, ?, ?, ?, ?, null, null)");
+        PreparedWrite application(database_,
+                                  "INSERT INTO tblApplication VALUES (?, ?, ?, null, null, null)");
+        PreparedWrite classRow(database_,
+                               "INSERT INTO tblClass VALUES (?, ?, ?, ?, ?, ?, null, null)");
         for (std::int32_t i = 0; i < count; ++i) {
             const std::int32_t classID = 2 + i / kProceduresPerClass;
             const std::int32_t appID = 2 + i / (kProceduresPerClass * kClassesPerApplication);
@@ -145,12 +114,12 @@ class Generator {
 
     sqlite3* database_;
     std::minstd_rand random_{7};
-    Insert code_{database_, "INSERT INTO tblCode VALUES (?, ?, ?, ?, ?, ?)"};
-    Insert language_{database_, "INSERT INTO tblCode_Link_Language VALUES (?, ?)"};
-    Insert keyword_{database_, "INSERT INTO tblKeyword VALUES (?, ?, 1)"};
-    Insert link_{database_, "INSERT INTO tblKeyword_link_searchWord VALUES (?, ?)"};
-    Insert author_{database_, "INSERT INTO tbl_Author_Link VALUES (?, ?, 3)"};
-    Insert date_{database_, "INSERT INTO tbl_date_link VALUES (?, ?, 3)"};
+    PreparedWrite code_{database_, "INSERT INTO tblCode VALUES (?, ?, ?, ?, ?, ?)"};
+    PreparedWrite language_{database_, "INSERT INTO tblCode_Link_Language VALUES (?, ?)"};
+    PreparedWrite keyword_{database_, "INSERT INTO tblKeyword VALUES (?, ?, 1)"};
+    PreparedWrite link_{database_, "INSERT INTO tblKeyword_link_searchWord VALUES (?, ?)"};
+    PreparedWrite author_{database_, "INSERT INTO tbl_Author_Link VALUES (?, ?, 3)"};
+    PreparedWrite date_{database_, "INSERT INTO tbl_date_link VALUES (?, ?, 3)"};
 };
 
 }  // namespace

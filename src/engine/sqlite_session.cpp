@@ -23,8 +23,6 @@ constexpr std::size_t kCachedStatements = 128;
 /// How many steps of the engine lie between two looks at the cancel poll: some tens of
 /// microseconds.
 constexpr int kStepsBetweenPolls = 2000;
-/// At most this much of an import depends on the power.
-constexpr std::chrono::seconds kBulkCheckpointInterval{3};
 /// What a typed text may make the engine take, so that it ends the search and not the program.
 constexpr std::int64_t kMostSearchMemory = std::int64_t{512} << 20U;
 /// Some millions of topics.
@@ -175,6 +173,7 @@ std::int64_t SqliteSession::Act(std::string_view text) {
         const StatementGuard::Scope scope(guard_, StatementPurpose::Alter);
         return RunAction(PrepareStatement(database_.get(), translation.sql).get());
     }
+    bulkLog_.HoldPlace();
     sqlite3_stmt* statement = PrepareCached(translation.sql, StatementPurpose::Action);
     // A schema that changed makes the first step prepare anew, under the same guard.
     const StatementGuard::Scope scope(guard_, StatementPurpose::Action);
@@ -184,17 +183,18 @@ std::int64_t SqliteSession::Act(std::string_view text) {
 }
 
 std::int64_t SqliteSession::RunAction(sqlite3_stmt* statement) {
-    const int result = sqlite3_step(statement);
+    int result = sqlite3_step(statement);
+    // With a place held in the log the library waits for no other program's lock, and refuses where
+    // that has written.
+    if ((result & 0xFF) == SQLITE_BUSY && bulkLog_.LetGo()) {
+        sqlite3_reset(statement);
+        result = sqlite3_step(statement);
+    }
     if (result != SQLITE_DONE) ThrowEngineError(database_.get(), result);
     const std::int64_t changed = sqlite3_changes64(database_.get());
     sqlite3_reset(statement);  // ends the statement's transaction, so that a checkpoint can run
-    CheckpointFromTimeToTime();
+    bulkLog_.CheckpointWhenDue();
     return changed;
-}
-
-void SqliteSession::CheckpointFromTimeToTime() {
-    if (writeMode_ != WriteMode::Bulk) return;
-    if (std::chrono::steady_clock::now() - lastCheckpoint_ >= kBulkCheckpointInterval) Checkpoint();
 }
 
 void SqliteSession::RunScript(std::string_view script) {
@@ -202,6 +202,7 @@ void SqliteSession::RunScript(std::string_view script) {
     // What was prepared before belongs to the old schema.
     namedQueries_.Clear();
     statements_.Clear();
+    bulkLog_.LetGo();
     RunStatements(database_.get(), "BEGIN IMMEDIATE");
     try {
         RunStatements(database_.get(), std::string(script));
@@ -222,15 +223,17 @@ std::int32_t SqliteSession::UserVersion() {
 void SqliteSession::SetWriteMode(WriteMode mode) {
     const StatementGuard::Scope scope(guard_, StatementPurpose::Internal);
     const WriteMode previous = std::exchange(writeMode_, mode);
+    bulkLog_.End();
     RunStatements(database_.get(), mode == WriteMode::Bulk ? "PRAGMA synchronous = NORMAL"
                                                            : "PRAGMA synchronous = FULL");
-    lastCheckpoint_ = std::chrono::steady_clock::now();
+    if (mode == WriteMode::Bulk) bulkLog_.Begin(database_.get());
     // Last, so that the mode holds even if this fails: the next single edit makes the whole log
     // safe with it.
     if (previous == WriteMode::Bulk && mode == WriteMode::EachStatement) Checkpoint();
 }
 
 void SqliteSession::Checkpoint() {
+    bulkLog_.LetGo();
     const int result = sqlite3_wal_checkpoint_v2(database_.get(), nullptr,
                                                  SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
     // A reader in another program keeps the log from being emptied; what it holds is safe all the
@@ -238,7 +241,6 @@ void SqliteSession::Checkpoint() {
     if (result != SQLITE_OK && (result & 0xFF) != SQLITE_BUSY) {
         ThrowEngineError(database_.get(), result);
     }
-    lastCheckpoint_ = std::chrono::steady_clock::now();
 }
 
 }  // namespace snippetarium

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -8,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "engine/bulk_log.h"
 #include "engine/named_queries.h"
 #include "engine/session.h"
 #include "engine/sqlite_handle.h"
@@ -50,7 +50,6 @@ class SqliteSession final : public Session {
                        std::size_t mostBytes = std::numeric_limits<std::size_t>::max());
     Recordset RunSearch(std::string_view sql);
     std::int64_t RunAction(sqlite3_stmt* statement);
-    void CheckpointFromTimeToTime();
 
     std::string path_;
     SearchCancel cancel_;
@@ -58,8 +57,8 @@ class SqliteSession final : public Session {
     DatabaseHandle database_;  // behind what it calls back, before what is prepared on it
     StatementCache statements_;
     NamedQueries namedQueries_;
+    BulkLog bulkLog_;
     WriteMode writeMode_ = WriteMode::EachStatement;
-    std::chrono::steady_clock::time_point lastCheckpoint_;
 };
 
 }  // namespace snippetarium

@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "export/markers.h"
+#include "support/text.h"
 #include "support/utf8.h"
 
 namespace snippetarium {
@@ -16,18 +17,6 @@ constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kLineBreak = "\r\n";
 
 enum class CommentStyle { VisualBasic, C };
-
-/// The text with each occurrence replaced, from the left, in one pass.
-std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with) {
-    std::string replaced;
-    std::size_t copied = 0;
-    for (std::size_t at = text.find(what); at != std::string_view::npos;
-         at = text.find(what, copied)) {
-        replaced.append(text, copied, at - copied).append(with);
-        copied = at + what.size();
-    }
-    return replaced.append(text, copied);
-}
 
 /// Takes the first line off the text, and with it the line break.
 std::string_view TakeLine(std::string_view& text) {

@@ -14,6 +14,7 @@ namespace {
 /// The separator of keyword strings that the program derives: a blank.
 constexpr std::int32_t kDerivedSeparatorID = 1;
 
+constexpr std::string_view kWhiteSpace = " \t\r\n";
 constexpr std::string_view kEnterNewWord = "Please enter a new word.";
 
 }  // namespace
@@ -46,7 +47,7 @@ StandardAnswer AskForKeywords(MessageBoxes& messages, std::string_view ownerKind
 }
 
 bool AcceptNewWord(MessageBoxes& messages, std::string_view entry) {
-    if (!TrimBlanks(entry).empty()) return true;
+    if (entry.find_first_not_of(kWhiteSpace) != std::string_view::npos) return true;
     ShowInformation(messages, kEnterNewWord, kInformationTitle);
     return false;
 }

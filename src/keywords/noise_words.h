@@ -36,11 +36,12 @@ NoiseWords LoadNoiseWords(Database& db);
 /// Makes every word of the entry a noise word: in the catalogue and in `noise`. Search words equal
 /// to them go, with their links, and they are taken out of the stored keyword strings
 /// (word_removal.h says how). Returns how many words the entry has; punctuation alone has none, and
-/// nothing is done.
+/// nothing is done. 0 on a failure too; what was done before it stays, and adding the words again
+/// does the rest.
 std::size_t AddNoiseWord(Database& db, NoiseWords& noise, std::string_view entry);
 
 /// The word is no noise word any more. Keyword strings saved while it was one keep lacking the
-/// search word.
+/// search word. A failure is reported, and the word stays one.
 void DeleteNoiseWord(Database& db, NoiseWords& noise, std::string_view word);
 
 }  // namespace snippetarium

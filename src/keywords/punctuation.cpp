@@ -3,6 +3,8 @@
 #include <array>
 #include <cstddef>
 
+#include "support/text.h"
+
 namespace snippetarium {
 
 namespace {
@@ -66,11 +68,9 @@ std::span<const std::string_view> Punctuation() {
 std::string ReplacePunctuation(std::string_view doubledText, BlankWidth width) {
     std::string text(doubledText);
     for (const std::string_view entry : kPunctuation) {
-        const std::string_view blanks =
-            kBlanks.substr(0, width == BlankWidth::One ? 1 : entry.size());
-        for (std::size_t at = text.find(entry); at != std::string::npos;
-             at = text.find(entry, at + blanks.size()))
-            text.replace(at, entry.size(), blanks);
+        if (text.find(entry) == std::string::npos) continue;  // most do not occur: spare the copy
+        text =
+            ReplaceAll(text, entry, kBlanks.substr(0, width == BlankWidth::One ? 1 : entry.size()));
     }
     return text;
 }

@@ -18,13 +18,6 @@ bool IsDigit(char character) {
     return character >= '0' && character <= '9';
 }
 
-/// Replaces each occurrence in one pass from the left.
-void ReplaceEach(std::string& text, std::string_view what, std::string_view with) {
-    for (std::size_t at = text.find(what); at != std::string::npos;
-         at = text.find(what, at + with.size()))
-        text.replace(at, what.size(), with);
-}
-
 /// Takes off the text the digits that it begins with; returns how many.
 std::size_t TakeDigits(std::string_view& text) {
     std::size_t count = 0;
@@ -51,9 +44,7 @@ std::string_view TrimBlanks(std::string_view text) {
 }
 
 std::string UndoubleSingleQuotes(std::string_view doubledText) {
-    std::string text(doubledText);
-    ReplaceEach(text, kDoubledQuote, "'");
-    return text;
+    return ReplaceAll(doubledText, kDoubledQuote, "'");
 }
 
 std::vector<std::string_view> SplitWords(std::string_view words) {
@@ -68,8 +59,8 @@ std::vector<std::string_view> SplitWords(std::string_view words) {
 
 std::string NormaliseWords(std::string_view doubledText) {
     std::string text = ReplacePunctuation(TrimBlanks(doubledText), BlankWidth::One);
-    ReplaceEach(text, "   ", " ");
-    ReplaceEach(text, "  ", " ");
+    text = ReplaceAll(text, "   ", " ");
+    text = ReplaceAll(text, "  ", " ");
     if (text.starts_with(kDoubledQuote)) text.erase(0, kDoubledQuote.size());
     return text;
 }

@@ -13,6 +13,9 @@ class Database;
 
 // Authors and their links to owners. One author row serves all who name the same person; it is
 // found and used again, and goes when a deletion removes its last link.
+//
+// A failure is reported, and what was written before it stays. Whether an owner or an author of an
+// ID exists is not looked at.
 
 /// A part that is absent is the empty text. Each counts by its first 50 characters, and letter case
 /// does not count.

@@ -14,6 +14,9 @@ class Database;
 
 // Dates and their links to owners. One date row serves all who name the same day; it is found and
 // used again, and goes when a deletion removes its last link.
+//
+// A failure is reported, and what was written before it stays: links that were removed to be
+// replaced are then gone. Whether the owner exists is not looked at.
 
 /// Gives the owner these dates in place of those it has; an empty list removes all. An entry that
 /// is no date (support/date_text.h) is skipped. Date rows that lost their last link here stay.

@@ -134,9 +134,15 @@ void RenameSearchWord(Database& db, std::int32_t searchWordID, std::string_view 
 
 void RelinkSearchWord(Database& db, std::int32_t keywordID, SearchWordChange change) {
     Guarded(db.Reporter(), Procedure::RelinkSearchWord, [&] {
-        ExecuteSQL(db, Sql("UPDATE tblKeyword_link_searchWord SET searchWordID = ",
-                           change.newSearchWordID, " WHERE searchWordID = ", change.oldSearchWordID,
-                           " AND keywordID = ", keywordID, ";"));
+        const auto& [oldID, newID] = change;
+        if (oldID == newID) return;
+        const std::string oldLink =
+            Sql(" WHERE searchWordID = ", oldID, " AND keywordID = ", keywordID, ";");
+        const bool isLinked = SearchWordIDByKeywordIDSearchWordID(db, keywordID, newID) != 0;
+        ExecuteSQL(
+            db, isLinked
+                    ? Sql("DELETE FROM tblKeyword_link_searchWord", oldLink)
+                    : Sql("UPDATE tblKeyword_link_searchWord SET searchWordID = ", newID, oldLink));
     });
 }
 

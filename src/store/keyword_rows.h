@@ -19,6 +19,9 @@ class Database;
 // Texts come as they were typed; their quotes are doubled here. A search word is at most 50
 // characters long: a longer one is cut, and so finds the row it was stored in. An empty one is
 // refused. IDs of keywords and search words are the maximum plus one.
+//
+// A failure is reported; what gives an ID then gives 0, what gives rows a closed recordset, and
+// what was written before it stays.
 
 /// Returns the new keywordID.
 std::int32_t AddKeyword(Database& db, std::string_view keyword, std::int32_t separatorID);
@@ -41,6 +44,8 @@ std::int32_t FindSearchWord(Database& db, std::string_view word);
 std::int32_t AddSearchWord(Database& db, std::string_view word);
 /// Does nothing where the link is there already.
 void LinkSearchWord(Database& db, std::int32_t keywordID, std::int32_t searchWordID);
+/// Whether another row has that word already is for the caller to ask (FindSearchWord): two rows of
+/// one word would both stand in the index.
 void RenameSearchWord(Database& db, std::int32_t searchWordID, std::string_view word);
 
 /// The two search words of a link that is moved from one to the other.
@@ -48,6 +53,7 @@ struct SearchWordChange {
     std::int32_t oldSearchWordID = 0;
     std::int32_t newSearchWordID = 0;
 };
+/// Where the keyword is linked to both, the old link goes.
 void RelinkSearchWord(Database& db, std::int32_t keywordID, SearchWordChange change);
 void DeleteSearchWord(Database& db, std::int32_t searchWordID);
 /// The search words equal to these, links first.

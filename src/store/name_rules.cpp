@@ -29,10 +29,20 @@ constexpr std::string_view kCodeTaken =
     "A procedure with the name you specified already exists in this class. Specify a different "
     "procedure name.";
 constexpr std::string_view kCannotRename = "Cannot rename: ";
+constexpr std::string_view kNoApplication =
+    "The application does not exist any more. Choose another one.";
+constexpr std::string_view kNoClass = "The class does not exist any more. Choose another one.";
+constexpr std::string_view kNoCode = "The procedure does not exist any more. Choose another one.";
+constexpr std::string_view kKeepsName =
+    "What belongs nowhere else is found under this name, so it stays. Specify the old name.";
 
 bool Refuse(Database& db, std::string_view message) {
     ShowInformation(db.GetHost().messages, message, kInformationTitle);
     return false;
+}
+
+bool RefuseRename(Database& db, std::string_view message) {
+    return Refuse(db, Sql(kCannotRename, message));
 }
 
 /// Whether it can be a name at all.
@@ -59,43 +69,51 @@ bool MayAddApplication(Database& db, std::string_view name) {
 bool MayAddClass(Database& db, std::string_view name, std::int32_t appID) {
     return Guarded(db.Reporter(), Procedure::MayAddClass, [&] {
         if (!IsWellFormed(db, name)) return false;
-        return !IsClassNameTaken(db, name, ApplicationOrUndefined(appID)) ||
-               Refuse(db, kClassTaken);
+        const std::int32_t parentID = ApplicationOrUndefined(appID);
+        if (ApplicationRSByID(db, parentID).EndOfFile()) return Refuse(db, kNoApplication);
+        return !IsClassNameTaken(db, name, parentID) || Refuse(db, kClassTaken);
     });
 }
 
 bool MayAddCode(Database& db, std::string_view name, std::int32_t classID) {
     return Guarded(db.Reporter(), Procedure::MayAddCode, [&] {
         if (!IsWellFormed(db, name)) return false;
-        return !IsCodeNameTaken(db, name, ClassOrUndefined(classID)) || Refuse(db, kCodeTaken);
+        const std::int32_t parentID = ClassOrUndefined(classID);
+        if (AppIDByClassID(db, parentID) == 0) return Refuse(db, kNoClass);
+        return !IsCodeNameTaken(db, name, parentID) || Refuse(db, kCodeTaken);
     });
 }
 
 bool MayRenameApplication(Database& db, std::int32_t appID, std::string_view name) {
     return Guarded(db.Reporter(), Procedure::MayRenameApplication, [&] {
         if (!IsWellFormed(db, name)) return false;
-        if (IsSameName(name, AppNameByID(db, appID)) || !IsAppNameTaken(db, name)) return true;
-        return Refuse(db, Sql(kCannotRename, kApplicationTaken));
+        const Recordset application = ApplicationRSByID(db, appID);
+        if (application.EndOfFile()) return RefuseRename(db, kNoApplication);
+        if (IsSameName(name, application["appName"].Text())) return true;
+        if (appID == kUndefinedApplicationID) return RefuseRename(db, kKeepsName);
+        return !IsAppNameTaken(db, name) || RefuseRename(db, kApplicationTaken);
     });
 }
 
 bool MayRenameClass(Database& db, std::int32_t classID, std::string_view name) {
     return Guarded(db.Reporter(), Procedure::MayRenameClass, [&] {
         if (!IsWellFormed(db, name)) return false;
+        const std::int32_t appID = AppIDByClassID(db, classID);
+        if (appID == 0) return RefuseRename(db, kNoClass);
         if (IsSameName(name, ClassNameByID(db, classID))) return true;
-        if (!IsClassNameTaken(db, name, AppIDByClassID(db, classID))) return true;
-        return Refuse(db, Sql(kCannotRename, kClassTaken));
+        if (classID == kUndefinedClassID) return RefuseRename(db, kKeepsName);
+        return !IsClassNameTaken(db, name, appID) || RefuseRename(db, kClassTaken);
     });
 }
 
 bool MayRenameCode(Database& db, std::int32_t codeID, std::string_view name) {
     return Guarded(db.Reporter(), Procedure::MayRenameCode, [&] {
         if (!IsWellFormed(db, name)) return false;
-        if (IsSameName(name, CodeNameByID(db, codeID))) return true;
         const Recordset parents = AppIDClassIDRSByCodeID(db, codeID);
-        const std::int32_t classID = parents.EndOfFile() ? 0 : parents["classID"].Long();
-        if (!IsCodeNameTaken(db, name, classID)) return true;
-        return Refuse(db, Sql(kCannotRename, kCodeTaken));
+        if (parents.EndOfFile()) return RefuseRename(db, kNoCode);
+        if (IsSameName(name, CodeNameByID(db, codeID))) return true;
+        return !IsCodeNameTaken(db, name, parents["classID"].Long()) ||
+               RefuseRename(db, kCodeTaken);
     });
 }
 

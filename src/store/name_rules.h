@@ -12,7 +12,9 @@ class Database;
 // count. Whoever adds or renames asks here first; the writes themselves write what they are given.
 //
 // Each function returns whether the name may be used, and where it may not has told the user why:
-// it is empty or blank, has more than 255 characters, or is taken. False on a failure too.
+// it is empty or blank, has more than 255 characters, or is taken; the parent or the record itself
+// has been deleted in the meantime; or the record is one of the two that take in what has no
+// parent, which keep their names. False on a failure too.
 //
 // A record that keeps its name, or changes only its letter case, may do so whoever else has that
 // name: an import puts classes of one name and different paths into one application. A record that

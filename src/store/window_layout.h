@@ -7,7 +7,8 @@ namespace snippetarium {
 
 class Database;
 
-// The window layout, one row of the catalogue. Lengths are in twips (1440 to an inch).
+// The window layout, one row of the catalogue. Lengths are in twips (1440 to an inch). A failure is
+// reported, and the row stays as it was.
 
 struct WindowSize {
     /// Size and place of the main window. The columns hold 16 bits: what is beyond is written as

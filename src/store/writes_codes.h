@@ -36,7 +36,8 @@ bool RenameCode(Database& db, std::int32_t codeID, std::string_view name);
 /// False where there is no such procedure, and on a failure.
 bool SetCodeComment(Database& db, std::int32_t codeID, std::string_view comment);
 
-/// Gives a procedure its language, in place of the one it has.
+/// Gives a procedure its language, in place of the one it has. A failure is reported, and the
+/// language stays as it was.
 void SetCodeLanguage(Database& db, std::int32_t codeID, std::int32_t languageID);
 /// For a procedure just added, which has no language yet.
 void AddCodeLanguage(Database& db, std::int32_t codeID, std::int32_t languageID);

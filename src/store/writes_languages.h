@@ -14,7 +14,7 @@ class Database;
 std::int32_t SaveLanguage(Database& db, std::string_view language, std::int32_t languageID);
 
 /// Deletes the language unless a class or a procedure uses it. False where one does, and on a
-/// failure.
+/// failure; true also where there is no such language.
 bool DeleteLanguage(Database& db, std::string_view language);
 
 /// The Status flag of a language; false where there is no such language.

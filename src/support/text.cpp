@@ -31,6 +31,19 @@ std::string DoubleSingleQuotes(std::string_view text) {
     return doubled;
 }
 
+std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with) {
+    std::string replaced;
+    std::size_t copied = 0;
+    if (!what.empty()) {
+        for (std::size_t at = text.find(what); at != std::string_view::npos;
+             at = text.find(what, copied)) {
+            replaced.append(text, copied, at - copied).append(with);
+            copied = at + what.size();
+        }
+    }
+    return replaced.append(text, copied);
+}
+
 std::string_view StripOuterQuotes(std::string_view text) {
     if (!text.empty() && IsQuote(text.front())) text.remove_prefix(1);
     if (!text.empty() && IsQuote(text.back())) text.remove_suffix(1);

@@ -22,6 +22,10 @@ namespace snippetarium {
 /// SQL literal: "it's" gives "it''s".
 std::string DoubleSingleQuotes(std::string_view text);
 
+/// The text with each occurrence replaced, found from the left in one pass, so that what a
+/// replacement brings in is not looked at again. An empty `what` occurs nowhere.
+std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with);
+
 /// The text without a quote at its start and then without one at its end. Single and double quotes
 /// count alike, and the two ends need not match: "\"abc'" gives "abc", and so does "abc'".
 std::string_view StripOuterQuotes(std::string_view text);

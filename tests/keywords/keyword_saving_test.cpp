@@ -116,7 +116,7 @@ TEST_F(KeywordSavingTest, AsksForKeywordsByTheOwnersKind) {
 }
 
 TEST_F(KeywordSavingTest, RefusesAnEmptyWord) {
-    for (const std::string_view entry : {"", "   "}) {
+    for (const std::string_view entry : {"", "   ", "\t", "\r\n "}) {
         EXPECT_FALSE(AcceptNewWord(host_.messages, entry));
         EXPECT_EQ(TakeBox(), (ShownBox{BoxKind::Information, "Snippetarium Information",
                                        "Please enter a new word."}));

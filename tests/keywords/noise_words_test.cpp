@@ -98,6 +98,19 @@ TEST_F(NoiseWordsTest, OfPunctuationAloneChangeNothing) {
     EXPECT_TRUE(log.Take().empty());
 }
 
+TEST_F(NoiseWordsTest, ThatCouldNotBeTakenOutOfAStringAreWhenTheyAreAddedAgain) {
+    const std::int32_t keywordID = SaveKeyword(db_, noise_, "grid form", 1);
+    db_.GetConnection().RunScript(
+        "CREATE TRIGGER refuse BEFORE UPDATE ON tblKeyword BEGIN SELECT RAISE(ABORT, 'no'); END;");
+    EXPECT_EQ(AddNoiseWord(db_, noise_, "grid"), 0U);
+    TakeBox();
+    EXPECT_TRUE(noise_.IsNoiseWord("grid")) << "it has its row";
+    EXPECT_EQ(Keyword(keywordID), "grid form");
+    db_.GetConnection().RunScript("DROP TRIGGER refuse;");
+    EXPECT_EQ(AddNoiseWord(db_, noise_, "grid"), 1U);
+    EXPECT_EQ(Keyword(keywordID), "form");
+}
+
 TEST_F(NoiseWordsTest, ThatAreThereAlreadyGetNoSecondRow) {
     EXPECT_EQ(AddNoiseWord(db_, noise_, "The"), 1U);
     EXPECT_EQ(ScalarLong(db_, "SELECT count(*) FROM tblCommonWord WHERE commonWord = 'the'"), 1);

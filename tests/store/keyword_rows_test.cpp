@@ -106,6 +106,17 @@ TEST_F(KeywordRowsTest, OfSearchWordsAreChangedWithTheseStatements) {
     EXPECT_EQ(FindSearchWord(db_, "it's"), 0);
 }
 
+TEST_F(KeywordRowsTest, LinkAKeywordOnceToAWordThatTakesAnothersPlace) {
+    const std::string_view linked[] = {"gird", "grid"};
+    LinkKeywordSearchWords(db_, 5, linked);
+    LinkSearchWord(db_, 6, 1);
+    RelinkSearchWord(db_, 5, {.oldSearchWordID = 2, .newSearchWordID = 2});
+    EXPECT_EQ(Count("tblKeyword_link_searchWord WHERE keywordID = 5"), 2);
+    RelinkSearchWord(db_, 5, {.oldSearchWordID = 1, .newSearchWordID = 2});
+    EXPECT_EQ(Count("tblKeyword_link_searchWord WHERE keywordID = 5 AND searchWordID = 2"), 1);
+    EXPECT_EQ(Count("tblKeyword_link_searchWord"), 2) << "keyword 6 keeps its link";
+}
+
 TEST_F(KeywordRowsTest, OfSearchWordsAreDeletedByTheirTextTogetherWithTheirLinks) {
     const std::string_view linked[] = {"Grid", "don't", "form"};
     LinkKeywordSearchWords(db_, 5, linked);

@@ -158,12 +158,30 @@ TEST_F(NameRules, TakeNoNameForFreeWhenTheReadFails) {
     TakeBox();
 }
 
-TEST_F(NameRules, KnowNothingAgainstTheNameOfARecordThatDoesNotExist) {
+TEST_F(NameRules, RefuseWhatHasBeenDeletedInTheMeantime) {
+    const std::string application = "The application does not exist any more. Choose another one.";
+    const std::string cls = "The class does not exist any more. Choose another one.";
     ExpectAnswers({
-        {RenamingClass(99, "Form1"), kFree},
-        {RenamingCode(99, "Draw"), kFree},
+        {AddingClass("New", 99), application},
+        {AddingCode("New", 99), cls},
+        {AddingCode("New", -1), cls},
+        {RenamingApplication(99, "New"), kCannotRename + application},
+        {RenamingClass(99, "Form1"), kCannotRename + cls},
+        {RenamingCode(99, "Draw"),
+         kCannotRename + "The procedure does not exist any more. Choose another one."},
     });
-    EXPECT_FALSE(RenameClass(db_, 99, "Form1")) << "the write finds no row";
+}
+
+TEST_F(NameRules, LetWhatTakesInTheHomelessKeepItsName) {
+    const std::string keeps =
+        kCannotRename +
+        "What belongs nowhere else is found under this name, so it stays. Specify the old name.";
+    ExpectAnswers({
+        {RenamingApplication(1, "Mine"), keeps},
+        {RenamingApplication(1, "Application Undefined"), kFree},
+        {RenamingClass(1, "Mine"), keeps},
+        {RenamingClass(1, "Class/Module Undefined"), kFree},
+    });
 }
 
 }  // namespace

@@ -36,6 +36,17 @@ TEST(DoubleSingleQuotes, DoublesEachSingleQuoteAndNothingElse) {
     });
 }
 
+TEST(ReplaceAll, LooksAtEachPartOfTheTextOnce) {
+    EXPECT_EQ(ReplaceAll("aaaa", "aaa", "a"), "aa");
+    EXPECT_EQ(ReplaceAll("ab", "b", "bb"), "abb");
+    EXPECT_EQ(ReplaceAll("ab", "", "x"), "ab");
+    EXPECT_EQ(ReplaceAll("", "a", "x"), "");
+    ForEveryText("a'b", 6, [quotes = std::regex("''|ab")](const std::string& text) {
+        ASSERT_EQ(ReplaceAll(ReplaceAll(text, "''", "?"), "ab", "?"),
+                  std::regex_replace(text, quotes, "?"));
+    });
+}
+
 TEST(StripOuterQuotes, DropsOneQuoteOfEitherKindAtEachEnd) {
     const TextCase cases[] = {
         {"\"abc'", "abc"}, {"\"", ""},       {"abc", "abc"},       {"", ""},    {"abc'", "abc"},
