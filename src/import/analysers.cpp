@@ -1,0 +1,9 @@
+#include "import/analysers.h"
+
+namespace snippetarium {
+
+Analysers ProgramAnalysers() {
+    return {};
+}
+
+}  // namespace snippetarium
