@@ -74,6 +74,10 @@ CodeFileKind GetCodeFileKind(std::string_view extension, const ImportState& stat
     return row->kind;
 }
 
+std::string EveryKindPattern() {
+    return std::string(kListPattern) + ";*.htm;*.html;";
+}
+
 bool IsShownInList(std::string_view fileName, std::string_view pattern) {
     const std::string_view extension = FileExtension(fileName);
     return !extension.empty() &&

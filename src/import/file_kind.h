@@ -39,6 +39,9 @@ inline constexpr std::string_view kListPattern =
     "*.frm;*.bas;*.cls;*.dob;*.ctl;*.pag;*.dsr;*.c;*.h;*.cpp;*.hpp;*.odl;*.java;*.js;*.asp;*.inc;"
     "*.cxx;*.hxx;*.vbs;*.vbi;*.cc;*.hh;*.cs";
 
+/// As that pattern, but with every extension that has a kind, for the list and for the walk.
+std::string EveryKindPattern();
+
 /// Does the list of a single folder show this file? True where its extension is one of the
 /// pattern's, in any letter case.
 bool IsShownInList(std::string_view fileName, std::string_view pattern);

@@ -100,7 +100,7 @@ void ListSubfolderFiles(FolderWalk& walk, std::string_view folder, WalkedFiles& 
     });
 }
 
-void ListAllSubfolderFiles(FolderWalk& walk, std::string_view rootFolder, WalkedFiles& target,
+bool ListAllSubfolderFiles(FolderWalk& walk, std::string_view rootFolder, WalkedFiles& target,
                            std::string_view pattern) {
     // The flag belongs to the walk: a cancelled listing must not cancel the next import, however
     // the walk ends.
@@ -108,7 +108,7 @@ void ListAllSubfolderFiles(FolderWalk& walk, std::string_view rootFolder, Walked
         ImportState& state;
         ~ClearFlag() { state.importCancelled = false; }
     };
-    Guarded(walk.GetHost().reporter, Procedure::ListAllSubfolderFiles, [&] {
+    return Guarded(walk.GetHost().reporter, Procedure::ListAllSubfolderFiles, [&] {
         Progress& progress = walk.GetHost().progress;
         const ClearFlag clearFlag{walk.State()};
         const ImportWindow window(walk.GetHost(), walk.State(), kWalkTexts);
@@ -122,9 +122,10 @@ void ListAllSubfolderFiles(FolderWalk& walk, std::string_view rootFolder, Walked
             if (progress.Total() + step < 100) progress.SetTotal(progress.Total() + step);
             ListSubfolderFiles(walk, JoinPath(rootFolder, name), target, pattern, rootFolder);
             walk.GetHost().events.Yield();
-            if (walk.State().importCancelled) return;
+            if (walk.State().importCancelled) return false;
         }
         progress.SetTotal(100);
+        return true;
     });
 }
 

@@ -52,8 +52,8 @@ void ListSubfolderFiles(FolderWalk& walk, std::string_view folder, WalkedFiles& 
 
 /// Adds the files of all subfolders of the root, behind a progress window of its own that can be
 /// cancelled. The files that lie in the root itself are not listed. Afterwards the import is not
-/// cancelled, whether or not the walk was.
-void ListAllSubfolderFiles(FolderWalk& walk, std::string_view rootFolder, WalkedFiles& target,
+/// cancelled, whether or not the walk was: only the result, false, tells. False on a failure too.
+bool ListAllSubfolderFiles(FolderWalk& walk, std::string_view rootFolder, WalkedFiles& target,
                            std::string_view pattern);
 
 /// Removes every entry that contains a backslash.

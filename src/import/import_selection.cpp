@@ -5,7 +5,6 @@
 #include <unordered_set>
 #include <utility>
 
-#include "import/file_kind.h"
 #include "import/folder_walk.h"
 #include "store/database.h"
 #include "store/reads_applications.h"
@@ -75,9 +74,14 @@ std::string LanguageText(std::span<const std::string> entries) {
     return text;
 }
 
+std::string ApplicationNameForPath(Database& db, std::string_view path) {
+    const std::string known = AppNameByAppPath(db, ToCataloguePath(path));
+    return known.empty() ? std::string(FileName(path)) : known;
+}
+
 bool ImportSelection::ChangeFolder(std::string_view folder) {
     return Guarded(db_.Reporter(), Procedure::ChangeImportFolder, [&] {
-        WalkedFiles list = ReadFileList(files_, folder, kListPattern);
+        WalkedFiles list = ReadFileList(files_, folder, pattern_);
         const bool isOther = folder != folder_;
         if (isOther && !MayLoseSelection()) return false;
         fileList_ = std::move(list.entries);
@@ -99,16 +103,18 @@ bool ImportSelection::MayLoseSelection() const {
            AskYesNo(db_.GetHost().messages, kFolderQuestion, kQuestionTitle) == StandardAnswer::Yes;
 }
 
-void ImportSelection::SetIncludeSubfolder(bool include) {
+bool ImportSelection::SetIncludeSubfolder(bool include) {
     includesSubfolder_ = include;
-    Guarded(db_.Reporter(), Procedure::RefreshSourceFiles, [&] { RefreshSourceFiles(); });
+    return Guarded(db_.Reporter(), Procedure::RefreshSourceFiles,
+                   [&] { return RefreshSourceFiles(); });
 }
 
-void ImportSelection::RefreshSourceFiles() {
-    if (folder_.empty() || db_.GetHost().progress.IsOpen()) return;
+bool ImportSelection::RefreshSourceFiles() {
+    if (folder_.empty() || db_.GetHost().progress.IsOpen()) return true;
     problems_ = fileListProblems_;
+    bool isComplete = true;
     if (includesSubfolder_) {
-        ListSubfolders();
+        isComplete = ListSubfolders();
         texts_.applicationPath = folder_;
     } else {
         RemoveSubfolderEntries(sourceFiles_);
@@ -116,14 +122,16 @@ void ImportSelection::RefreshSourceFiles() {
         if (texts_.applicationPath.empty()) texts_.applicationPath = folder_;
     }
     RemoveSelectedFromSource();
+    return isComplete;
 }
 
-void ImportSelection::ListSubfolders() {
+bool ImportSelection::ListSubfolders() {
     WalkedFiles found;
     FolderWalk walk(db_.GetHost(), files_, state_);
-    ListAllSubfolderFiles(walk, folder_, found, kListPattern);
+    const bool isComplete = ListAllSubfolderFiles(walk, folder_, found, pattern_);
     AppendMissing(sourceFiles_, found.entries);
     problems_.insert(problems_.end(), found.problems.begin(), found.problems.end());
+    return isComplete;
 }
 
 void ImportSelection::RemoveSelectedFromSource() {
@@ -137,7 +145,8 @@ void ImportSelection::RemoveSelectedFromSource() {
 void ImportSelection::AddOne(std::span<const std::size_t> chosen) {
     MoveEntries(sourceFiles_, selectedFiles_, chosen);
     texts_.language = LanguageText(selectedFiles_);
-    FillApplicationName();
+    if (texts_.application.empty())
+        texts_.application = ApplicationNameForPath(db_, texts_.applicationPath);
 }
 
 void ImportSelection::AddAll() {
@@ -157,12 +166,6 @@ MoveButtons ImportSelection::EnabledButtons() const {
     const bool canAdd = !sourceFiles_.empty();
     const bool canRemove = !selectedFiles_.empty();
     return {canAdd, canAdd, canRemove, canRemove};
-}
-
-void ImportSelection::FillApplicationName() {
-    if (!texts_.application.empty()) return;
-    texts_.application = AppNameByAppPath(db_, ToCataloguePath(texts_.applicationPath));
-    if (texts_.application.empty()) texts_.application = FileName(texts_.applicationPath);
 }
 
 }  // namespace snippetarium

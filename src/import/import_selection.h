@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "import/file_kind.h"
 #include "import/import_state.h"
 #include "support/file_system.h"
 
@@ -37,13 +38,19 @@ struct MoveButtons {
 /// "C++ Header,". An extension without a name adds its empty one like any other.
 std::string LanguageText(std::span<const std::string> entries);
 
+/// What an application from this path is called: as in the catalogue, where it knows the path, else
+/// as the last folder.
+std::string ApplicationNameForPath(Database& db, std::string_view path);
+
 /// What the user has chosen in the import dialog: a folder, the files in it, and the texts. The
 /// dialog shows it and passes on what is clicked.
 class ImportSelection {
   public:
-    /// All three must outlive this. Nothing is taken yet.
-    ImportSelection(Database& db, const FileSystem& files, ImportState& state)
-        : db_(db), files_(files), state_(state) {}
+    /// The first three must outlive this. Nothing is taken yet. The pattern says which files are
+    /// listed.
+    ImportSelection(Database& db, const FileSystem& files, ImportState& state,
+                    std::string_view pattern = kListPattern)
+        : db_(db), files_(files), state_(state), pattern_(pattern) {}
 
     /// Takes another folder: both lists and all texts start anew. Where files are selected the user
     /// is asked first. False where the answer is no and where the folder cannot be read, which is
@@ -53,8 +60,9 @@ class ImportSelection {
     const std::string& Folder() const { return folder_; }
 
     /// Lists the files of the subfolders too, or no more. Walks the folder, behind the progress
-    /// window; while that is open, the list stays as it is.
-    void SetIncludeSubfolder(bool include);
+    /// window; while that is open, the list stays as it is. False where the walk was cancelled or
+    /// failed, so that only some files are listed.
+    bool SetIncludeSubfolder(bool include);
     bool IncludesSubfolder() const { return includesSubfolder_; }
 
     /// Move entries between the lists, each list's `chosen` being positions in it from 0.
@@ -74,14 +82,14 @@ class ImportSelection {
 
   private:
     bool MayLoseSelection() const;
-    void RefreshSourceFiles();
-    void ListSubfolders();
+    bool RefreshSourceFiles();
+    bool ListSubfolders();
     void RemoveSelectedFromSource();
-    void FillApplicationName();
 
     Database& db_;
     const FileSystem& files_;
     ImportState& state_;
+    std::string pattern_;
     std::string folder_;
     bool includesSubfolder_ = false;
     /// The folder's own names, and what of them cannot be listed.

@@ -1,6 +1,5 @@
 #include "import/import_start.h"
 
-#include <optional>
 #include <string>
 
 #include "store/database.h"
@@ -45,8 +44,10 @@ std::optional<Refusal> FindRefusal(const ImportTexts& texts, std::size_t fileCou
     return std::nullopt;
 }
 
-ImportStart StartWithoutName(Database& db) {
-    const StandardAnswer answer = AskYesNo(db.GetHost().messages, kNoNameQuestion, kQuestionTitle);
+ImportStart StartWithoutName(Database& db, const ImportAnswers& answers) {
+    const StandardAnswer answer =
+        answers.supplyName ? *answers.supplyName
+                           : AskYesNo(db.GetHost().messages, kNoNameQuestion, kQuestionTitle);
     if (answer == StandardAnswer::Yes) return {.focus = ImportControl::Application};
     return {.mayStart = true, .appID = kUndefinedApplicationID};
 }
@@ -62,14 +63,16 @@ StandardAnswer AskToOverwrite(Database& db, const std::string& application) {
         kQuestionTitle);
 }
 
-ImportStart StartWithName(Database& db, ImportState& state, const ImportTexts& texts) {
+ImportStart StartWithName(Database& db, ImportState& state, const ImportTexts& texts,
+                          const ImportAnswers& answers) {
     const std::int32_t appID = AppIDUsingAppName(db, texts.application);
     if (appID < 1) {
         const std::string path = ToCataloguePath(texts.applicationPath);
         return {.mayStart = true,
                 .appID = AddApplication(db, {.name = texts.application, .path = path})};
     }
-    const StandardAnswer answer = AskToOverwrite(db, texts.application);
+    const StandardAnswer answer =
+        answers.overwrite ? *answers.overwrite : AskToOverwrite(db, texts.application);
     if (answer == StandardAnswer::Cancel) return {};
     state.overwriteChoice =
         answer == StandardAnswer::Yes ? OverwriteChoice::Yes : OverwriteChoice::No;
@@ -79,15 +82,15 @@ ImportStart StartWithName(Database& db, ImportState& state, const ImportTexts& t
 }  // namespace
 
 ImportStart StartImport(Database& db, ImportState& state, const ImportTexts& texts,
-                        std::size_t fileCount) {
+                        std::size_t fileCount, const ImportAnswers& answers) {
     return Guarded(db.Reporter(), Procedure::StartImport, [&]() -> ImportStart {
         state.overwriteChoice = OverwriteChoice::None;
         if (const auto refusal = FindRefusal(texts, fileCount)) {
             ShowInformation(db.GetHost().messages, refusal->message, kInformationTitle);
             return {.focus = refusal->focus};
         }
-        if (IsBlank(texts.application)) return StartWithoutName(db);
-        return StartWithName(db, state, texts);
+        if (IsBlank(texts.application)) return StartWithoutName(db, answers);
+        return StartWithName(db, state, texts, answers);
     });
 }
 

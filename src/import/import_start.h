@@ -2,9 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 #include "import/import_selection.h"
 #include "import/import_state.h"
+#include "support/host.h"
 
 namespace snippetarium {
 
@@ -27,10 +29,18 @@ struct ImportStart {
     std::int32_t appID = 0;
 };
 
+/// Questions that have been answered before they are asked, and so are not.
+struct ImportAnswers {
+    /// Supply an application name?
+    std::optional<StandardAnswer> supplyName = std::nullopt;
+    /// Overwrite what an application that is there holds?
+    std::optional<StandardAnswer> overwrite = std::nullopt;
+};
+
 /// Checks what the user has entered and asks what has to be asked, in the order in which the user
 /// is to mend it. Adds the application where it is new; sets the state's overwriteChoice. With the
 /// default result where that fails, which is reported.
 ImportStart StartImport(Database& db, ImportState& state, const ImportTexts& texts,
-                        std::size_t fileCount);
+                        std::size_t fileCount, const ImportAnswers& answers = {});
 
 }  // namespace snippetarium
