@@ -38,6 +38,7 @@ class FakeFileSystem final : public FileSystem {
     /// leaves the file as it was.
     std::uint64_t freeBytes = std::numeric_limits<std::uint64_t>::max();
     std::set<std::string> unreadableFiles;
+    std::set<std::string> unreadableFolders;
     std::set<std::string> readOnlyFolders;
 
     /// The modification time that files added or written from now on get.
@@ -77,6 +78,8 @@ class FakeFileSystem final : public FileSystem {
     FolderListing ListFolder(std::string_view path) const override {
         const Entry& folder = Existing(FileAction::List, path);
         if (!folder.isFolder) throw FileError(FileAction::List, path, ENOTDIR);
+        if (unreadableFolders.contains(folder.path))
+            throw FileError(FileAction::List, path, EACCES);
         FolderListing listing{.files = {}, .subfolders = {}, .unlisted = folder.unlisted};
         for (const Entry& entry : entries_) {
             if (entry.path == "/" || ParentFolder(entry.path) != folder.path) continue;

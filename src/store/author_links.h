@@ -23,6 +23,8 @@ struct AuthorName {
     std::string first = {};
     std::string middle = {};
     std::string last = {};
+
+    bool operator==(const AuthorName&) const = default;
 };
 
 /// The author of that name, added where there is none; 0 on a failure.

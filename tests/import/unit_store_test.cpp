@@ -1,0 +1,281 @@
+#include "import/unit_store.h"
+
+#include <gtest/gtest.h>
+
+#include "export/markers.h"
+#include "store/writes_applications.h"
+#include "store/writes_languages.h"
+#include "support/utf8.h"
+#include "tests/import/import_fixture.h"
+#include "tests/killed_child.h"
+
+namespace snippetarium::test {
+namespace {
+
+constexpr std::size_t kLimit = 64000;
+
+/// Text of so many characters, two bytes each.
+std::string LongText(std::size_t characters) {
+    std::string text;
+    for (std::size_t i = 0; i < characters; ++i)
+        text += "\xC3\xA9";
+    return text;
+}
+
+class UnitStoreTest : public ImportFixture {
+  protected:
+    UnitStoreTest() { AddApplication(db_, {.name = "Paint"}); }
+
+    StoreResult Store(const CutFile& file, const std::string& entry = "Draw.bas") {
+        return store_.Store(file, {.entry = entry});
+    }
+    /// As a later job would, with that answer to the question.
+    StoreResult StoreAgain(const CutFile& file, OverwriteChoice choice,
+                           const std::string& entry = "Draw.bas") {
+        state_ = {.overwriteChoice = choice};
+        return UnitStore(db_, state_, noise_, target_).Store(file, {.entry = entry});
+    }
+    std::string TakeErrors() { return std::exchange(state_.importErrorLog, {}); }
+    Rows Classes() {
+        return Select(
+            "SELECT classID, className, classPathInApp FROM tblClass WHERE classID > 1 "
+            "ORDER BY classID");
+    }
+    Rows CodeNames() { return Select("SELECT codeName FROM tblCode ORDER BY codeID"); }
+
+    StoreTarget target_{.appID = 2, .language = "Visual Basic"};
+    UnitStore store_{db_, state_, noise_, target_};
+};
+
+TEST_F(UnitStoreTest, WritesTheClassFirstThenItsProceduresAndItsWholeTextLast) {
+    EXPECT_EQ(Store({.className = "modDraw",
+                     .comment = "' Date: 2001-03-14",
+                     .text = "head\r\nbetween\r\ntail",
+                     .procedures = {{.name = "A()", .code = "a", .position = 6},
+                                    {.name = "B()", .comment = "' b", .code = "b", .position = 6},
+                                    {.name = "C()", .code = "c", .position = 15}}}),
+              StoreResult::Stored);
+    Rows written;
+    for (const std::string& statement : TakeStatements()) {
+        for (const std::string_view begin :
+             {"INSERT INTO tblClass ", "INSERT INTO tblSourceForm", "INSERT INTO tblCode ",
+              "INSERT INTO tblCode_Link_Language", "UPDATE tblClass SET ClassName"}) {
+            if (statement.starts_with(begin)) written.push_back(statement);
+        }
+    }
+    EXPECT_EQ(
+        written,
+        (Rows{"INSERT INTO tblClass ( ClassName, appID, languageID, ClassPathInApp, classDI) "
+              "VALUES ('modDraw', 2, 1, 'Draw.bas', 'head\r\n')",
+              "INSERT INTO tblSourceForm VALUES(2, '" + SourceForm{}.Serialise() + "')",
+              "INSERT INTO tblCode   (CodeName, Code, classID) VALUES ('A()', 'a', 2)",
+              "INSERT INTO tblCode_Link_Language VALUES (1, 1)",
+              "INSERT INTO tblCode   (CodeName, Code, classID) VALUES ('B()', 'b', 2)",
+              "INSERT INTO tblCode_Link_Language VALUES (2, 1)",
+              "INSERT INTO tblCode   (CodeName, Code, classID) VALUES ('C()', 'c', 2)",
+              "INSERT INTO tblCode_Link_Language VALUES (3, 1)",
+              "UPDATE tblClass SET ClassName = 'modDraw', appID = 2, languageID = 1, "
+              "ClassPathInApp='Draw.bas', ClassDI='head\r\n''***Procedure A()***''***Procedure "
+              "B()***between\r\n''***Procedure C()***tail' WHERE ClassID = 2"}));
+}
+
+TEST_F(UnitStoreTest, HarvestsTheCommentsOfClassAndProcedures) {
+    const std::string comment = "' Author: Ann Lee\r\n' Date: 2001-03-14\r\n' Keywords: grid";
+    Store({.className = "modDraw",
+           .comment = comment,
+           .procedures = {{.name = "A()", .comment = comment, .code = "a"}}});
+    EXPECT_EQ(Select("SELECT ownerID, ownerTableID, authorID FROM tbl_Author_Link"),
+              (Rows{"2|2|1", "1|3|1"}));
+    EXPECT_EQ(Select("SELECT ownerID, ownerTableID, dateID FROM tbl_date_link"),
+              (Rows{"2|2|1", "1|3|1"}));
+    EXPECT_EQ(Select("SELECT dDate FROM tblDate"), (Rows{"2001-03-14"}));
+    EXPECT_EQ(Select("SELECT k.keyword FROM tblClass c INNER JOIN tblKeyword k ON c.keywordID = "
+                     "k.keywordID"),
+              (Rows{"grid"}));
+    EXPECT_EQ(Select("SELECT keywordID, codeComment FROM tblCode"), (Rows{"2|" + comment}));
+    EXPECT_EQ(Select("SELECT searchWord FROM tblSearchWord"), (Rows{"grid"}));
+}
+
+TEST_F(UnitStoreTest, CutsWhatIsTooLongSaysSoAndKeepsTheRest) {
+    const std::string text = LongText(kLimit);
+    const std::string over = text + "over";
+    const CutFile file{.className = "modDraw",
+                       .comment = over,
+                       .text = over,
+                       .procedures = {{.name = "Fits()", .comment = text, .code = text},
+                                      {.name = "Long()", .comment = over, .code = over}}};
+    Store(file);
+    EXPECT_EQ(TakeErrors(),
+              "  The comment of the class modDraw is too long (over 64,000 characters) in the "
+              "application Paint.\r\n"
+              "  The comment of the procedure Long() is too long (over 64,000 characters) in the "
+              "class modDraw.\r\n"
+              "  The procedure Long() is too long (over 64,000 characters) in the class "
+              "modDraw.\r\n"
+              "  The class modDraw is too long (over 64,000 characters) in the application "
+              "Paint.\r\n");
+    EXPECT_TRUE(state_.fileHadError);
+    EXPECT_EQ(Select("SELECT codeName FROM tblCode WHERE code = '" + text +
+                     "' AND codeComment = '" + text + "'"),
+              (Rows{"Fits()", "Long()"}));
+    EXPECT_EQ(Select("SELECT count(classID) FROM tblClass WHERE classComment = '" + text + "'"),
+              (Rows{"1"}));
+    EXPECT_EQ(CharacterCount(ClassText(2)), kLimit);
+    const std::string markers = "'***Procedure Fits()***'***Procedure Long()***";
+    EXPECT_EQ(Select("SELECT ownerID, ownerTableID, part FROM tblOverlong ORDER BY ownerTableID, "
+                     "part"),
+              (Rows{"2|2|classComment", "2|2|classDI", "2|3|code", "2|3|codeComment"}));
+    EXPECT_EQ(ClassText(2) + Select("SELECT text FROM tblOverlong WHERE part = 'classDI'").front(),
+              markers + over);
+}
+
+TEST_F(UnitStoreTest, ReportsALongClassOnceInAJobByTheBeginningOfItsName) {
+    const std::string over = LongText(kLimit + 1);
+    Store({.className = "Grids", .comment = over}, "a.bas");
+    state_.fileHadError = false;
+    Store({.className = "GRID", .comment = over}, "b.bas");
+    EXPECT_FALSE(state_.fileHadError);
+    Store({.className = "Gridss", .comment = over}, "c.bas");
+    EXPECT_EQ(TakeErrors(),
+              "  The comment of the class Grids is too long (over 64,000 characters) in the "
+              "application Paint.\r\n"
+              "  The comment of the class Gridss is too long (over 64,000 characters) in the "
+              "application Paint.\r\n");
+}
+
+TEST_F(UnitStoreTest, NamesAClassByItsFileWhereTheTextDoesNot) {
+    EXPECT_EQ(Store({}, "sub\\Form1.frm"), StoreResult::Stored);
+    EXPECT_EQ(Store({}, "sub\\.bas"), StoreResult::NoName);
+    EXPECT_EQ(TakeErrors(), "  Class name is missing.\r\n");
+    EXPECT_TRUE(state_.fileHadError);
+    EXPECT_EQ(Classes(), (Rows{"2|Form1|sub\\Form1.frm"}));
+}
+
+TEST_F(UnitStoreTest, LeavesAProcedureWithoutANameInTheText) {
+    Store({.className = "modDraw",
+           .text = "head\r\nSub\r\nEnd Sub\r\n",
+           .procedures = {{.position = 6}, {.name = "B()", .code = "b", .position = 20}}});
+    EXPECT_EQ(TakeErrors(),
+              "  Procedure name missing in one of the code units in the class modDraw.\r\n");
+    EXPECT_EQ(CodeNames(), (Rows{"B()"}));
+    EXPECT_EQ(ClassText(2), "head\r\nSub\r\nEnd Sub\r\n'***Procedure B()***");
+}
+
+TEST_F(UnitStoreTest, GivesProceduresOfOneNameTheirOwnNamesAndMarkers) {
+    const std::string longName = std::string(300, 'x');
+    Store({.className = "modDraw",
+           .text = "..",
+           .procedures = {{.name = "A()", .code = "1", .position = 0},
+                          {.name = "A()", .code = "2", .position = 1},
+                          {.name = longName, .code = "3", .position = 2}}});
+    EXPECT_EQ(CodeNames(), (Rows{"A()", "A() (2)", std::string(255, 'x')}));
+    EXPECT_EQ(ClassText(2), "'***Procedure A()***.'***Procedure A() (2)***.'***Procedure " +
+                                std::string(255, 'x') + "***");
+}
+
+TEST_F(UnitStoreTest, MarksProceduresAsTheLanguageOfTheFileWantsIt) {
+    struct Case {
+        std::string entry;
+        std::string marker;
+        std::string languageID;
+    };
+    for (const Case& test :
+         {Case{"a.cls", "'***Procedure P***", "1"}, Case{"a.java", "/***Procedure P***/", "2"},
+          Case{"a.CS", "'***Procedure P***", "3"}, Case{"a.hpp", "/***Procedure P***/", "4"},
+          Case{"a.asp", "<!--**Procedure P**-->", "6"},
+          Case{"a.htm", "<!--**Procedure P**-->", "9"}}) {
+        Store({.className = test.entry, .procedures = {{.name = "P", .code = "p"}}}, test.entry);
+        EXPECT_EQ(Select("SELECT languageID, classDI FROM tblClass WHERE className = '" +
+                         test.entry + "'"),
+                  (Rows{test.languageID + "|" + test.marker}));
+    }
+}
+
+TEST_F(UnitStoreTest, LinksProceduresToTheLanguageThatIsMeant) {
+    struct Case {
+        std::string dialogText;
+        std::string entry;
+        std::string regionLanguage;
+        std::string linked;
+    };
+    // clang-format off
+    const std::vector<Case> cases{
+        {"Visual Basic, C++", "a.cpp",  "",           "C++"},
+        {"visual basic, c++", "a.CPP",  "",           "C++"},
+        {"Visual Basic",      "a.cpp",  "",           "Visual Basic"},
+        {" , ,Turbo Basic,",  "a.bas",  "",           "Turbo Basic"},
+        {"turbo basic",       "a.bas",  "",           "Turbo Basic"},
+        {"C++",               "a.hpp",  "",           "C++"},
+        {"",                  "a.hpp",  "",           "C++"},
+        {"",                  "a.java", "",           "Java"},
+        {"ASP",               "a.asp",  "VBScript",   "VBScript"},
+        {"ASP",               "a.asp",  "PerlScript", "PerlScript"},
+    };
+    // clang-format on
+    for (const Case& test : cases) {
+        target_.language = test.dialogText;
+        UnitStore store(db_, state_, noise_, target_);
+        const std::string entry = std::to_string(&test - cases.data()) + test.entry;
+        store.Store({.className = entry,
+                     .procedures = {{.name = entry, .code = "p", .language = test.regionLanguage}}},
+                    {.entry = entry});
+        EXPECT_EQ(Select("SELECT l.language FROM tblCode c, tblCode_Link_Language k, tblLanguage l "
+                         "WHERE c.codeID = k.codeID AND k.languageID = l.languageID AND c.codeName "
+                         "= '" +
+                         entry + "'"),
+                  (Rows{test.linked}))
+            << entry << " with " << test.dialogText;
+    }
+    EXPECT_EQ(Select("SELECT count(languageID) FROM tblLanguage"), (Rows{"13"}));
+}
+
+TEST_F(UnitStoreTest, BringsADeletedLanguageOfTheClassBack) {
+    EXPECT_TRUE(DeleteLanguage(db_, "C++ Header"));
+    Store({.className = "Grid.hh"}, "Grid.hh");
+    EXPECT_EQ(Select("SELECT language FROM tblLanguage WHERE languageID = 11"),
+              (Rows{"C++ Header"}));
+}
+
+TEST_F(UnitStoreTest, LeavesAClassThatIsThereAloneUnlessItIsToBeOverwritten) {
+    Store({.className = "modDraw", .text = "old"});
+    for (const OverwriteChoice choice : {OverwriteChoice::None, OverwriteChoice::No}) {
+        EXPECT_EQ(StoreAgain({.className = "MODDRAW", .text = "new"}, choice),
+                  StoreResult::LeftAlone);
+        EXPECT_EQ(TakeErrors(),
+                  "  Draw.bas was not imported, because its class MODDRAW is in the catalogue "
+                  "already.\r\n");
+        EXPECT_FALSE(state_.codeFound);
+    }
+    EXPECT_EQ(ClassText(2), "old");
+    // Another path or another name is another class.
+    EXPECT_EQ(StoreAgain({.className = "modDraw"}, OverwriteChoice::No, "sub\\Draw.bas"),
+              StoreResult::Stored);
+    EXPECT_EQ(StoreAgain({.className = "modGrid"}, OverwriteChoice::No), StoreResult::Stored);
+    EXPECT_EQ(Classes(),
+              (Rows{"2|modDraw|Draw.bas", "3|modDraw|sub\\Draw.bas", "4|modGrid|Draw.bas"}));
+}
+
+TEST_F(UnitStoreTest, KilledAnywhereLeavesTheProceduresStoredSoFar) {
+    const CutFile file{.className = "modDraw",
+                       .text = "head\r\ntail",
+                       .procedures = {{.name = "A()", .code = "a", .position = 6},
+                                      {.name = "B()", .code = "b", .position = 6}}};
+    CloseCatalogue(db_);
+    for (int yield = 1; yield <= 2; ++yield) {
+        RunUntilItDies([&] {
+            OpenCatalogue(db_);
+            const BulkWriting writing(db_.GetConnection());
+            host_.events.At(yield, [] { DieHere(); });
+            Store(file, std::to_string(yield) + ".bas");
+        });
+    }
+    OpenCatalogue(db_);
+    EXPECT_EQ(Select("SELECT classPathInApp, classDI FROM tblClass WHERE classID > 1"),
+              (Rows{"1.bas|head\r\n", "2.bas|head\r\n"}));
+    EXPECT_EQ(Select("SELECT codeName, classID, languageID FROM tblCode c INNER JOIN "
+                     "tblCode_Link_Language l ON c.codeID = l.codeID ORDER BY c.codeID"),
+              (Rows{"A()|2|1", "A()|3|1", "B()|3|1"}));
+}
+
+}  // namespace
+}  // namespace snippetarium::test
