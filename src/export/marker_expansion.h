@@ -11,10 +11,10 @@ namespace snippetarium {
 
 /// A procedure as it goes back into the text of its class.
 struct ProcedureText {
-    std::string codeName;
+    std::string codeName = {};
     /// A comment that is there and empty is not the same as none: see InsertedText.
-    std::optional<std::string> comment;
-    std::string code;
+    std::optional<std::string> comment = {};
+    std::string code = {};
 };
 
 /// What stands in a file in the place of the procedure's marker: the comment, if there is one, and
