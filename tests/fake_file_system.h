@@ -75,6 +75,10 @@ class FakeFileSystem final : public FileSystem {
         return entry != nullptr && !entry->isFolder;
     }
 
+    std::string RealPath(std::string_view path) const override {
+        return CheckedKey(FileAction::Inspect, path);
+    }
+
     FolderListing ListFolder(std::string_view path) const override {
         const Entry& folder = Existing(FileAction::List, path);
         if (!folder.isFolder) throw FileError(FileAction::List, path, ENOTDIR);

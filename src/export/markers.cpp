@@ -18,24 +18,6 @@ namespace {
 
 constexpr std::string_view kLineBreak = "\r\n";
 
-struct MarkerForm {
-    std::string_view beginning;
-    std::string_view end;
-    std::string_view lineBreak;
-};
-
-constexpr MarkerForm FormOf(MarkerFamily family) {
-    switch (family) {
-        case MarkerFamily::C:
-            return {"/***Procedure ", "***/", ""};
-        case MarkerFamily::Page:
-            return {"<!--**Procedure ", "**-->", kLineBreak};
-        case MarkerFamily::VisualBasic:
-            break;
-    }
-    return {"'***Procedure ", "***", kLineBreak};
-}
-
 class MarkerFinder {
   public:
     explicit MarkerFinder(const MarkedProcedures& procedures)
@@ -122,6 +104,18 @@ MarkerFamily MarkerFamilyOf(std::int32_t languageID) {
         default:
             return MarkerFamily::VisualBasic;
     }
+}
+
+MarkerForm FormOf(MarkerFamily family) {
+    switch (family) {
+        case MarkerFamily::C:
+            return {"/***Procedure ", "***/", ""};
+        case MarkerFamily::Page:
+            return {"<!--**Procedure ", "**-->", kLineBreak};
+        case MarkerFamily::VisualBasic:
+            break;
+    }
+    return {"'***Procedure ", "***", kLineBreak};
 }
 
 std::string MarkerText(MarkerFamily family, std::string_view codeName) {

@@ -32,6 +32,15 @@ enum class MarkerFamily : std::uint8_t {
 /// 4, 5 and 7 are written as in C, every other one as in Visual Basic.
 MarkerFamily MarkerFamilyOf(std::int32_t languageID);
 
+/// What stands before and behind the name in a marker, and the line break that belongs to it.
+struct MarkerForm {
+    std::string_view beginning;
+    std::string_view end;
+    std::string_view lineBreak;
+};
+
+MarkerForm FormOf(MarkerFamily family);
+
 /// A marker without its line break.
 std::string MarkerText(MarkerFamily family, std::string_view codeName);
 /// A marker as import puts it into a class's text and export replaces it: with CR LF, except in the

@@ -18,6 +18,7 @@
 #include "support/file_errors.h"
 #include "support/folder_lister.h"
 #include "support/paths.h"
+#include "support/real_path.h"
 #include "support/whole_file.h"
 
 namespace snippetarium {
@@ -125,6 +126,11 @@ bool DiskFileSystem::FolderExists(std::string_view path) const {
 
 bool DiskFileSystem::FileExists(std::string_view path) const {
     return HasType(path, S_IFREG);
+}
+
+std::string DiskFileSystem::RealPath(std::string_view path) const {
+    return Reported(FileAction::Inspect, path,
+                    [&] { return ResolvePath(SystemPath(path)).string(); });
 }
 
 FolderListing DiskFileSystem::ListFolder(std::string_view path) const {

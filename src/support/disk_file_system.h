@@ -10,6 +10,7 @@ class DiskFileSystem : public FileSystem {
     bool DriveExists(std::string_view path) const override;
     bool FolderExists(std::string_view path) const override;
     bool FileExists(std::string_view path) const override;
+    std::string RealPath(std::string_view path) const override;
     FolderListing ListFolder(std::string_view path) const override;
     std::uint64_t FileSize(std::string_view path) const override;
     std::chrono::system_clock::time_point ModificationTime(std::string_view path) const override;

@@ -50,6 +50,11 @@ class FileSystem {
     /// True for a file, not for a folder.
     virtual bool FileExists(std::string_view path) const = 0;
 
+    /// Where the path leads: absolute, links followed, without "." and "..", in the platform's
+    /// form. The file or folder, and those above it, need not exist. Two paths with the same answer
+    /// are the same place.
+    virtual std::string RealPath(std::string_view path) const = 0;
+
     virtual FolderListing ListFolder(std::string_view path) const = 0;
     /// The length of the file in bytes.
     virtual std::uint64_t FileSize(std::string_view path) const = 0;

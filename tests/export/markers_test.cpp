@@ -6,8 +6,12 @@
 #include <string>
 #include <vector>
 
+#include "tests/export/combinations.h"
+
 namespace snippetarium {
 namespace {
+
+using test::Combinations;
 
 constexpr MarkerFamily kFamilies[] = {MarkerFamily::VisualBasic, MarkerFamily::C,
                                       MarkerFamily::Page};
@@ -17,19 +21,6 @@ std::vector<std::string> PiecesOf(MarkerFamily family) {
     const std::string marker = MarkerText(family, "|");
     const std::size_t name = marker.find('|');
     return {"a", "*", "\r\n", marker.substr(0, name), marker.substr(name + 1)};
-}
-
-/// Every row of at most `count` pieces, put together.
-std::vector<std::string> Combinations(const std::vector<std::string>& pieces, int count) {
-    std::vector<std::string> all = {""};
-    for (std::size_t begin = 0; count > 0; --count) {
-        const std::size_t end = all.size();
-        for (; begin < end; ++begin) {
-            for (const std::string& piece : pieces)
-                all.push_back(all[begin] + piece);
-        }
-    }
-    return all;
 }
 
 /// The markers of a text by the slowest and plainest means: at each place try every name.

@@ -149,6 +149,40 @@ TEST_F(DiskFileSystemTest, LinksInACircleAreReported) {
     EXPECT_EQ(ErrorNumberOf([&] { files_.ReadFile(Path("a")); }), error_number::kBadFileName);
 }
 
+TEST_F(DiskFileSystemTest, TheRealPathIsWhereAWriteArrives) {
+    fs::create_directories(Path("home/deep"));
+    fs::create_directory(Path("other"));
+    fs::create_symlink("home/deep", Path("short"));
+    fs::create_symlink(Path("other"), Path("home/out"));
+    fs::create_symlink("../other/new.c", Path("home/dangling"));
+    fs::create_symlink("gone/../other", Path("through-nothing"));
+    const std::string base = files_.RealPath(Path(""));
+    const struct {
+        std::string_view path;
+        std::string_view expected;
+    } cases[] = {
+        {"home", "home"},
+        {"home\\deep\\", "home/deep"},
+        {"not/there/yet.c", "not/there/yet.c"},
+        {"./home//./deep/../x.c", "home/x.c"},
+        {"short/x.c", "home/deep/x.c"},
+        {"short/../x.c", "home/x.c"},
+        {"home/out/x.c", "other/x.c"},
+        {"home/dangling", "other/new.c"},
+        {"through-nothing/x.c", "other/x.c"},
+    };
+    for (const auto& [path, expected] : cases) {
+        EXPECT_EQ(files_.RealPath(Path(path)), base + "/" + std::string(expected)) << path;
+    }
+    EXPECT_EQ(files_.RealPath("/.."), "/");
+    EXPECT_EQ(files_.RealPath("x.c"), fs::current_path() / "x.c");
+
+    fs::create_symlink("circle", Path("circle"));
+    EXPECT_EQ(ErrorNumberOf([&] { files_.RealPath(Path("circle/x.c")); }),
+              error_number::kBadFileName);
+    EXPECT_EQ(ErrorNumberOf([&] { files_.RealPath(""); }), error_number::kBadFileName);
+}
+
 TEST_F(DiskFileSystemTest, APipeIsNeverReplaced) {
     ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
     EXPECT_EQ(ErrorNumberOf([&] { files_.WriteFile(Path("pipe"), "x"); }),

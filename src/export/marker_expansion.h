@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "export/markers.h"
+
+namespace snippetarium {
+
+/// A procedure as it goes back into the text of its class.
+struct ProcedureText {
+    std::string codeName = {};
+    /// A comment that is there and empty is not the same as none: see InsertedText.
+    std::optional<std::string> comment = {};
+    std::string code = {};
+};
+
+/// What stands in a file in the place of the procedure's marker: the comment, if there is one, and
+/// the code, each with a line break behind it, except in the C family, where the texts bring their
+/// own.
+std::string InsertedText(MarkerFamily family, const ProcedureText& procedure);
+
+/// The class's text with each procedure in the place of its markers. The rule: for one procedure
+/// after the other, every occurrence of its marker is replaced. Letter case counts, a marker
+/// includes the line break that belongs to its family, and a marker in a text that was inserted is
+/// replaced too if its procedure's turn is still to come.
+///
+/// Throws Error where procedures that contain each other's markers make the text grow beyond all
+/// measure.
+std::string ExpandMarkers(MarkerFamily family, std::string_view classText,
+                          std::span<const ProcedureText> procedures);
+
+}  // namespace snippetarium
