@@ -188,21 +188,24 @@ TEST(VbScript, KnowsNoPropertiesAndNamesHeadsWithoutBrackets) {
                                "End Property|||End Class"));
 }
 
-TEST(VisualBasic, IsCutInTimeThatGrowsWithTheTextOnly) {
-    // Each of these once more than a few times as long would take minutes if it were squared.
-    const std::string longLine = "Sub A()\r\n" + std::string(2'000'000, '_') + "\r\nEnd Sub\r\n";
-    EXPECT_EQ(CutUndisturbed(longLine, CutVisualBasic).procedures.size(), 1U);
+std::string Repeated(std::string_view text, int times) {
+    std::string repeated;
+    for (int i = 0; i < times; ++i)
+        repeated += text;
+    return repeated;
+}
 
-    std::string procedures;
-    std::string continued = "x";
-    for (int i = 0; i < 20'000; ++i) {
-        procedures += "'c\r\nSub A()\r\nEnd Sub\r\n";
-        continued += " _\r\nx";
-    }
-    EXPECT_EQ(CutUndisturbed(procedures, CutVisualBasic).procedures.size(), 20'000U);
-    EXPECT_EQ(CutUndisturbed(continued, CutVisualBasic).text, continued);
-    const std::string comments = std::string(400'000, '\'') + Lines("|'h|").substr(0, 2);
-    EXPECT_FALSE(CutUndisturbed(comments, CutVisualBasic).comment.empty());
+TEST(VisualBasic, IsCutInTimeThatGrowsWithTheTextOnly) {
+    // What took the square of the length would take minutes here.
+    const std::string texts[] = {
+        "Sub A()\r\n" + std::string(2'000'000, '_') + "\r\nEnd Sub\r\n",
+        Repeated("'c\r\nSub A()\r\nEnd Sub\r\n", 20'000),
+        Repeated("x _\r\n", 100'000) + "x\r\nSub A()\r\nEnd Sub\r\n",
+        Repeated("'c\r\n", 100'000) + "Sub A()\r\n" + Repeated("\r\n", 100'000),
+        "Sub A()\r\n" + Repeated("Function A()\r\n", 50'000),
+    };
+    for (const std::string& text : texts)
+        EXPECT_FALSE(CutUndisturbed(text, CutVisualBasic).procedures.empty()) << text.substr(0, 20);
 }
 
 }  // namespace
