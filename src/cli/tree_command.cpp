@@ -4,8 +4,8 @@
 
 #include "cli/command_context.h"
 #include "cli/contents_walk.h"
+#include "cli/node_argument.h"
 #include "cli/text_table.h"
-#include "cli/usage_error.h"
 
 namespace snippetarium {
 
@@ -27,25 +27,6 @@ constexpr CommandExample kExamples[] = {
 };
 // clang-format on
 
-NodeIDs ReadNodeKey(const std::string& key) {
-    const NodeIDs ids = ParseNodeKey(key);
-    if (ContentsNode{.ids = ids}.Key() == key && ids.appID != 0) return ids;
-    throw UsageError("'" + key +
-                     "' is no key of a node. Keys look like a12 (an application), a12f34 (a "
-                     "class) and a12f34c56 (a procedure).");
-}
-
-std::string_view NameOf(NodeKind kind) {
-    switch (kind) {
-        case NodeKind::Procedure:
-            return "procedure";
-        case NodeKind::Class:
-            return "class";
-        default:
-            return "application";
-    }
-}
-
 std::string CountText(const ContentsNode& node) {
     if (node.Kind() == NodeKind::Procedure) return {};
     const bool isApplication = node.Kind() == NodeKind::Application;
@@ -63,7 +44,7 @@ void PrintNode(std::ostream& output, const ContentsNode& node) {
 Json NodeDocument(const ContentsNode& node) {
     Json document;
     document["key"] = node.Key();
-    document["kind"] = NameOf(node.Kind());
+    document["kind"] = KindName(node.Kind());
     document["name"] = node.name;
     if (node.Kind() != NodeKind::Procedure) document["count"] = node.childCount;
     return document;

@@ -122,6 +122,7 @@ class ApplicationJob {
     }
 
     void AddProblem(const std::string& className, const std::string& why) {
+        ++result_.failures;
         result_.problems.push_back("The class '" + className + "' was not exported. " + why);
     }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -26,6 +27,9 @@ struct ExportResult {
     std::vector<std::string> exported = {};
     /// Sentences: what was not written and why, and what the user should know of what was.
     std::vector<std::string> problems = {};
+    /// How many of the problems kept a class from being written. A file that was skipped because
+    /// the user said so is none.
+    std::size_t failures = 0;
     /// The names of an application's classes that have no path, so that nothing was written.
     std::vector<std::string> classesWithoutPath = {};
 };

@@ -1,0 +1,113 @@
+#include "cli/node_argument.h"
+
+#include "cli/usage_error.h"
+#include "store/database.h"
+#include "store/reads_applications.h"
+#include "store/reads_classes.h"
+#include "store/reads_procedures.h"
+#include "support/error.h"
+
+namespace snippetarium {
+
+namespace {
+
+/// The IDs under which the catalogue has the node; all 0 where it does not have it at all.
+NodeIDs WhereItIs(Database& db, const NodeIDs& node) {
+    switch (KindOf(node)) {
+        case NodeKind::Procedure:
+            return ProcedureNode(db, node.codeID);
+        case NodeKind::Class:
+            return ClassNode(db, node.classID);
+        default:
+            return ApplicationRSByID(db, node.appID).EndOfFile() ? NodeIDs{} : node;
+    }
+}
+
+}  // namespace
+
+NodeIDs ReadNodeKey(const std::string& key) {
+    const NodeIDs node = ParseNodeKey(key);
+    if (KeyOf(node) == key && node.appID != 0) return node;
+    throw UsageError("'" + key +
+                     "' is no key of a node. Keys look like a12 (an application), a12f34 (a "
+                     "class) and a12f34c56 (a procedure).");
+}
+
+void RequireNode(Database& db, const NodeIDs& node) {
+    const NodeIDs found = WhereItIs(db, node);
+    if (found == node) return;
+    std::string message = "The catalogue has no '" + KeyOf(node) + "'";
+    if (found != NodeIDs{}) {
+        message += ". The key of this " + std::string(KindName(KindOf(node))) + " is '" +
+                   KeyOf(found) + "'";
+    }
+    throw Error(error_number::kInvalidCall, message + ".");
+}
+
+NodeIDs FindNode(Database& db, const std::string& key) {
+    const NodeIDs node = ReadNodeKey(key);
+    RequireNode(db, node);
+    return node;
+}
+
+NodeKind KindOf(const NodeIDs& node) {
+    if (node.codeID != 0) return NodeKind::Procedure;
+    return node.classID != 0 ? NodeKind::Class : NodeKind::Application;
+}
+
+std::string_view KindName(NodeKind kind) {
+    switch (kind) {
+        case NodeKind::Procedure:
+            return "procedure";
+        case NodeKind::Class:
+            return "class";
+        default:
+            return "application";
+    }
+}
+
+std::string KeyOf(const NodeIDs& node) {
+    switch (KindOf(node)) {
+        case NodeKind::Procedure:
+            return ProcedureNodeKey(node);
+        case NodeKind::Class:
+            return ClassNodeKey(node.appID, node.classID);
+        default:
+            return ApplicationNodeKey(node.appID);
+    }
+}
+
+Owner OwnerOf(const NodeIDs& node) {
+    switch (KindOf(node)) {
+        case NodeKind::Procedure:
+            return {OwnerKind::Procedure, node.codeID};
+        case NodeKind::Class:
+            return {OwnerKind::Class, node.classID};
+        default:
+            return {OwnerKind::Application, node.appID};
+    }
+}
+
+std::string NameOfNode(Database& db, const NodeIDs& node) {
+    switch (KindOf(node)) {
+        case NodeKind::Procedure:
+            return CodeNameByID(db, node.codeID);
+        case NodeKind::Class:
+            return ClassNameByID(db, node.classID);
+        default:
+            return AppNameByID(db, node.appID);
+    }
+}
+
+NodeIDs ClassNode(Database& db, std::int32_t classID) {
+    const std::int32_t appID = AppIDByClassID(db, classID);
+    return appID == 0 ? NodeIDs{} : NodeIDs{.appID = appID, .classID = classID};
+}
+
+NodeIDs ProcedureNode(Database& db, std::int32_t codeID) {
+    const Recordset row = AppIDClassIDRSByCodeID(db, codeID);
+    if (row.EndOfFile()) return {};
+    return {.appID = row["appID"].Long(), .classID = row["classID"].Long(), .codeID = codeID};
+}
+
+}  // namespace snippetarium

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+#include "store/owner.h"
+#include "support/node_key.h"
+
+namespace snippetarium {
+
+class Database;
+
+// The nodes of the contents tree as a command line names them, by their keys.
+
+/// The IDs in a key. Throws UsageError for a text that is no key.
+NodeIDs ReadNodeKey(const std::string& key);
+
+/// Throws Error where the catalogue has no such node. One whose IDs are there but belong elsewhere
+/// is no such node; the message then has the right key.
+void RequireNode(Database& db, const NodeIDs& node);
+
+/// Both.
+NodeIDs FindNode(Database& db, const std::string& key);
+
+NodeKind KindOf(const NodeIDs& node);
+/// "application", "class" or "procedure".
+std::string_view KindName(NodeKind kind);
+std::string KeyOf(const NodeIDs& node);
+Owner OwnerOf(const NodeIDs& node);
+/// The node's name as the tree shows it.
+std::string NameOfNode(Database& db, const NodeIDs& node);
+
+/// The IDs of a class, or a procedure, and of what it belongs to. All 0 where there is none.
+NodeIDs ClassNode(Database& db, std::int32_t classID);
+NodeIDs ProcedureNode(Database& db, std::int32_t codeID);
+
+}  // namespace snippetarium
