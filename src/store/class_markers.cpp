@@ -7,6 +7,7 @@
 #include "store/reads_classes.h"
 #include "store/reads_languages.h"
 #include "store/reads_procedures.h"
+#include "store/reads_source_files.h"
 #include "store/sql_text.h"
 #include "support/guard.h"
 #include "support/utf8.h"
@@ -15,10 +16,16 @@ namespace snippetarium {
 
 namespace {
 
+/// What the column of a class's text takes, in characters. An import keeps what is behind it in
+/// tblOverlong, and export puts it back as long as the text has this very length.
+constexpr std::size_t kTextLimit = 64'000;
+
 /// A class's text, and by what its markers are told apart.
 struct MarkedClass {
     std::int32_t classID = 0;
+    /// With the rest that its column does not take.
     std::string text = {};
+    bool hasRest = false;
     MarkedProcedures procedures = {};
 
     auto Bearing(std::string_view codeName) const {
@@ -27,13 +34,39 @@ struct MarkedClass {
 };
 
 MarkedClass ReadClass(Database& db, std::int32_t classID) {
-    return {classID, ClassDIByClassID(db, classID), MarkedProceduresOf(db, classID)};
+    MarkedClass marked{classID, ClassDIByClassID(db, classID), false,
+                       MarkedProceduresOf(db, classID)};
+    if (CharacterCount(marked.text) != kTextLimit) return marked;
+    for (Recordset row = OverlongTextsOfClass(db, classID); !row.EndOfFile(); row.MoveNext()) {
+        if (row["ownerTableID"].Long() != static_cast<std::int32_t>(OwnerKind::Class)) continue;
+        if (row["part"].TextView() != "classDI") continue;
+        marked.text += row["text"].TextView();
+        marked.hasRest = true;
+    }
+    return marked;
 }
 
 void WriteText(Database& db, const MarkedClass& marked, const std::string& text) {
     if (text == marked.text) return;
-    ExecuteSQL(db, Sql("UPDATE tblClass SET classDI = ", SqlText(text),
-                       " WHERE classID = ", marked.classID));
+    const std::string_view stored =
+        marked.hasRest ? CutToCharacters(text, kTextLimit) : std::string_view(text);
+    const std::string column =
+        Sql("UPDATE tblClass SET classDI = ", SqlText(stored), " WHERE classID = ", marked.classID);
+    if (!marked.hasRest) {
+        ExecuteSQL(db, column);
+        return;
+    }
+    const std::string_view rest = std::string_view(text).substr(stored.size());
+    const std::string ofClass =
+        Sql(" WHERE ownerID = ", marked.classID, " AND ownerTableID = ", OwnerKind::Class,
+            " AND part = 'classDI'");
+    const std::string side = rest.empty()
+                                 ? Sql("DELETE FROM tblOverlong", ofClass)
+                                 : Sql("UPDATE tblOverlong SET text = ", SqlText(rest), ofClass);
+    // Where the program ends between the two, characters stand in both and not in neither.
+    const bool isLonger = text.size() > marked.text.size();
+    ExecuteSQL(db, isLonger ? side : column);
+    ExecuteSQL(db, isLonger ? column : side);
 }
 
 /// Takes the markers of a procedure that is gone from the class, or is about to go.

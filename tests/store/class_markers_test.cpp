@@ -142,6 +142,34 @@ TEST_F(ClassMarkers, ThatTwoProceduresShareStayForTheOther) {
     EXPECT_EQ(Text(classID), shared + "\r\n/***Procedure Paint***/");
 }
 
+TEST_F(ClassMarkers, OfATextThatIsTooLongForItsColumnMayStandInWhatWasCutOff) {
+    const std::string start = "/***Procedure Draw***/";
+    const std::string middle(64'000 - start.size() - 10, 'x');
+    const std::int32_t classID = Class(kCpp, start + middle + "0123456789");
+    const std::string id = std::to_string(classID);
+    db_.GetConnection().RunScript("INSERT INTO tblOverlong VALUES (" + id +
+                                  ", 2, 'classDI', 'abc/***Procedure Fill***/def');");
+    const auto rest = [&] { return Select("SELECT text FROM tblOverlong").front(); };
+    const std::int32_t draw = Code(classID, "Draw");
+    const std::int32_t fill = Code(classID, "Fill");
+    AddMarker(db_, fill);
+    EXPECT_EQ(rest(), "abc/***Procedure Fill***/def") << "it has one";
+    RenameCode(db_, fill, "F");
+    RenameMarker(db_, classID, "Fill", "F");
+    EXPECT_EQ(rest(), "abc/***Procedure F***/def");
+
+    RenameCode(db_, draw, "Drawing");
+    RenameMarker(db_, classID, "Draw", "Drawing");
+    EXPECT_EQ(Text(classID), "/***Procedure Drawing***/" + middle + "0123456");
+    EXPECT_EQ(rest(), "789abc/***Procedure F***/def") << "the text keeps its length";
+    TakeMarkerOut(db_, draw);
+    EXPECT_EQ(Text(classID), middle + "0123456789abc/***Procedure F***/");
+    EXPECT_EQ(rest(), "def");
+    TakeMarkerOut(db_, fill);
+    EXPECT_EQ(Text(classID), middle + "0123456789abcdef");
+    EXPECT_EQ(Select("SELECT * FROM tblOverlong"), Rows()) << "the column takes all of it";
+}
+
 TEST_F(ClassMarkers, AreInBothClassesAndNotInNeitherWhenAMoveFails) {
     const std::int32_t source = Class(kCpp, "/***Procedure Draw***/");
     const std::int32_t target = Class(kCpp, "");
