@@ -1,7 +1,6 @@
 #include "import/analysers.h"
 
 #include "import/visual_basic.h"
-#include "support/paths.h"
 
 namespace snippetarium {
 
@@ -12,9 +11,7 @@ CutFile AnalyseVisualBasic(const SourceText& source, LineProgress& progress, Imp
 }
 
 CutFile AnalyseVbScript(const SourceText& source, LineProgress& progress, ImportState&) {
-    CutFile file = CutVbScript(source.text, progress);
-    file.className = FileName(source.entry);
-    return file;
+    return CutVbScript(source.text, progress);
 }
 
 }  // namespace

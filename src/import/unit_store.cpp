@@ -12,6 +12,7 @@
 #include "keywords/keyword_saving.h"
 #include "store/author_links.h"
 #include "store/database.h"
+#include "store/deletion.h"
 #include "store/named_query.h"
 #include "store/reads_applications.h"
 #include "store/reads_classes.h"
@@ -76,7 +77,17 @@ StoreResult UnitStore::Store(const CutFile& file, const ClassSource& source) {
         return StoreResult::LeftAlone;
     }
     ClassAtHand stored = AddNewClass(file, source, className);
-    return StoreProcedures(stored, file, source);
+    const StoreResult result = StoreProcedures(stored, file, source);
+    if (result == StoreResult::Stored) {
+        for (const std::int32_t classID : before)
+            DeleteOverwritten(classID, source.entry);
+    }
+    return result;
+}
+
+void UnitStore::DeleteOverwritten(std::int32_t classID, const std::string& entry) {
+    if (DeleteClassQuietly(db_, classID)) return;
+    state_.Report(entry + " was imported, but the class that it replaces could not be deleted.");
 }
 
 /// The classes of that name and path which were there when the job began. More than one where an

@@ -62,6 +62,7 @@ class UnitStore {
 
     std::vector<std::int32_t> StoredBefore(const std::string& className,
                                            const std::string& entry) const;
+    void DeleteOverwritten(std::int32_t classID, const std::string& entry);
     ClassAtHand AddNewClass(const CutFile& file, const ClassSource& source,
                             const std::string& className);
     StoreResult StoreProcedures(ClassAtHand& stored, const CutFile& file,
