@@ -1,10 +1,11 @@
-// How long the deletion of a large application takes, and how much memory.
+// How long the deletion of a large application takes, and bringing it back, and how much memory.
 //
 //     bench_deletion FOLDER PROCEDURES
 //
 // makes FOLDER/before.mde, a catalogue in which one application has that many procedures and others
-// together as many again, deletes that application in a copy of it, and prints the figures. Each of
-// its procedures has a keyword string of four words, an author, a date and a bookmark.
+// together as many again, deletes that application in a copy of it, brings it back from the trash,
+// and prints the figures. Each of its procedures has a keyword string of four words, an author, a
+// date and a bookmark.
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -22,6 +23,7 @@
 #include "engine/sqlite_handle.h"
 #include "store/database.h"
 #include "store/deletion.h"
+#include "store/trash.h"
 #include "tests/fakes.h"
 
 namespace snippetarium::bench {
@@ -114,6 +116,12 @@ void PrintSlow(const std::vector<TimedStatement>& statements, Clock::time_point 
     }
 }
 
+void PrintPeakMemory() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    std::printf("  peak memory %.0f MB\n", static_cast<double>(usage.ru_maxrss) / 1024.0);
+}
+
 void Measure(const std::string& folder) {
     test::FakeHost host;
     Database db(host.host, CatalogueProviders(), folder);
@@ -127,12 +135,17 @@ void Measure(const std::string& folder) {
     DeleteApplication(db, kLargeAppID);
     const double taken = SecondsSince(start);
     PrintSlow(statements, Clock::now());
-    const rusage usage = Usage();
-    std::printf(
-        "deleted in %.2f s (%.2f s of processor time), %zu statements, peak memory %.0f MB, "
-        "failures: %zu\n",
-        taken, ProcessorSeconds(usage) - processorBefore, statements.size(),
-        static_cast<double>(usage.ru_maxrss) / 1024.0, host.messages.shown.size());
+    const double processor = ProcessorSeconds(Usage()) - processorBefore;
+    const std::chrono::duration<double> kept = statements.front().start - start;
+    std::printf("kept in the trash in %.2f s\n", kept.count());
+    std::printf("deleted in %.2f s (%.2f s of processor time), %zu statements\n", taken, processor,
+                statements.size());
+    PrintPeakMemory();
+    const Clock::time_point again = Clock::now();
+    RestoreFromTrash(db, ListTrash(db).at(0).trashID);
+    std::printf("brought back in %.2f s, failures: %zu\n", SecondsSince(again),
+                host.messages.shown.size());
+    PrintPeakMemory();
     CloseCatalogue(db);
 }
 

@@ -38,3 +38,20 @@ CREATE INDEX ixFavoriteClass ON tblFavorite(classID);
 CREATE INDEX ixFavoriteCode ON tblFavorite(codeID);
 
 CREATE UNIQUE INDEX ixOverlong ON tblOverlong(ownerID, ownerTableID, part);
+
+-- The trash is read one entry at a time.
+CREATE INDEX ixTrashApplication ON tblTrashApplication(trashID, appID);
+CREATE INDEX ixTrashClass ON tblTrashClass(trashID, classID);
+CREATE INDEX ixTrashCode ON tblTrashCode(trashID, codeID);
+CREATE INDEX ixTrashKeyword ON tblTrashKeyword(trashID, keywordID);
+CREATE INDEX ixTrashSearchWord ON tblTrashSearchWord(trashID, searchWordID);
+CREATE INDEX ixTrashKeywordWord ON tblTrashKeywordWord(trashID, keywordID);
+CREATE INDEX ixTrashAuthor ON tblTrashAuthor(trashID, authorID);
+CREATE INDEX ixTrashAuthorLink ON tblTrashAuthorLink(trashID);
+CREATE INDEX ixTrashDate ON tblTrashDate(trashID, dateID);
+CREATE INDEX ixTrashDateLink ON tblTrashDateLink(trashID);
+CREATE INDEX ixTrashLanguage ON tblTrashLanguage(trashID, languageID);
+CREATE INDEX ixTrashCodeLanguage ON tblTrashCodeLanguage(trashID, codeID);
+CREATE INDEX ixTrashFavorite ON tblTrashFavorite(trashID);
+CREATE INDEX ixTrashSourceForm ON tblTrashSourceForm(trashID);
+CREATE INDEX ixTrashOverlong ON tblTrashOverlong(trashID);

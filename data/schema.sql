@@ -176,3 +176,140 @@ CREATE TABLE tblOverlong(
     part TEXT NOT NULL COLLATE CATNC,
     text TEXT NOT NULL COLLATE CATNC
 );
+
+-- The trash. Before a deletion begins, what it is going to remove is copied here, under a trashID
+-- of its own, so that it can be brought back. tblTrash tells the entries. The other tables hold the
+-- rows of the tables whose names they bear, with their IDs as they were; trgTrashDeleted removes
+-- them with their entry.
+--
+-- kind and ownerID say what was deleted, as ownerTableID and ownerID do elsewhere; the application
+-- and the class are itself or what it was in. namesakes counts those of its name that were beside
+-- it. classText is the text of a procedure's class, where the procedure has a marker in it.
+CREATE TABLE tblTrash(
+    trashID INTEGER PRIMARY KEY AUTOINCREMENT,
+    deletedOn TEXT NOT NULL COLLATE CATNC,
+    kind INTEGER NOT NULL,
+    ownerID INTEGER NOT NULL,
+    name TEXT NOT NULL COLLATE CATNC,
+    appID INTEGER,
+    appName TEXT COLLATE CATNC,
+    classID INTEGER,
+    className TEXT COLLATE CATNC,
+    namesakes INTEGER NOT NULL,
+    classCount INTEGER NOT NULL,
+    codeCount INTEGER NOT NULL,
+    classText TEXT COLLATE CATNC
+);
+
+CREATE TABLE tblTrashApplication(
+    trashID INTEGER NOT NULL,
+    appID INTEGER NOT NULL,
+    appName TEXT COLLATE CATNC,
+    appPath TEXT COLLATE CATNC,
+    appComment TEXT COLLATE CATNC,
+    appVersion TEXT COLLATE CATNC,
+    keywordID INTEGER
+);
+
+CREATE TABLE tblTrashClass(
+    trashID INTEGER NOT NULL,
+    classID INTEGER NOT NULL,
+    className TEXT COLLATE CATNC,
+    appID INTEGER,
+    languageID INTEGER,
+    classPathInApp TEXT COLLATE CATNC,
+    classDI TEXT COLLATE CATNC,
+    classComment TEXT COLLATE CATNC,
+    keywordID INTEGER
+);
+
+CREATE TABLE tblTrashCode(
+    trashID INTEGER NOT NULL,
+    codeID INTEGER NOT NULL,
+    codeName TEXT COLLATE CATNC,
+    code TEXT COLLATE CATNC,
+    codeComment TEXT COLLATE CATNC,
+    classID INTEGER,
+    keywordID INTEGER
+);
+
+CREATE TABLE tblTrashKeyword(
+    trashID INTEGER NOT NULL,
+    keywordID INTEGER NOT NULL,
+    keyword TEXT COLLATE CATNC,
+    separatorID INTEGER
+);
+
+CREATE TABLE tblTrashSearchWord(
+    trashID INTEGER NOT NULL,
+    searchWordID INTEGER NOT NULL,
+    searchWord TEXT COLLATE CATNC
+);
+
+CREATE TABLE tblTrashKeywordWord(
+    trashID INTEGER NOT NULL,
+    keywordID INTEGER NOT NULL,
+    searchWordID INTEGER NOT NULL
+);
+
+CREATE TABLE tblTrashAuthor(
+    trashID INTEGER NOT NULL,
+    authorID INTEGER NOT NULL,
+    authorFName TEXT COLLATE CATNC,
+    authorMName TEXT COLLATE CATNC,
+    authorLName TEXT COLLATE CATNC
+);
+
+CREATE TABLE tblTrashAuthorLink(
+    trashID INTEGER NOT NULL,
+    ownerID INTEGER NOT NULL,
+    authorID INTEGER NOT NULL,
+    ownerTableID INTEGER NOT NULL
+);
+
+CREATE TABLE tblTrashDate(
+    trashID INTEGER NOT NULL,
+    dateID INTEGER NOT NULL,
+    dDate TEXT COLLATE CATNC
+);
+
+CREATE TABLE tblTrashDateLink(
+    trashID INTEGER NOT NULL,
+    ownerID INTEGER NOT NULL,
+    dateID INTEGER NOT NULL,
+    ownerTableID INTEGER NOT NULL
+);
+
+CREATE TABLE tblTrashLanguage(
+    trashID INTEGER NOT NULL,
+    languageID INTEGER NOT NULL,
+    language TEXT COLLATE CATNC,
+    Status INTEGER
+);
+
+CREATE TABLE tblTrashCodeLanguage(
+    trashID INTEGER NOT NULL,
+    codeID INTEGER NOT NULL,
+    languageID INTEGER NOT NULL
+);
+
+CREATE TABLE tblTrashFavorite(
+    trashID INTEGER NOT NULL,
+    appID INTEGER NOT NULL,
+    classID INTEGER NOT NULL,
+    codeID INTEGER
+);
+
+CREATE TABLE tblTrashSourceForm(
+    trashID INTEGER NOT NULL,
+    classID INTEGER NOT NULL,
+    form TEXT COLLATE CATNC
+);
+
+CREATE TABLE tblTrashOverlong(
+    trashID INTEGER NOT NULL,
+    ownerID INTEGER NOT NULL,
+    ownerTableID INTEGER NOT NULL,
+    part TEXT COLLATE CATNC,
+    text TEXT COLLATE CATNC
+);

@@ -47,5 +47,21 @@ INSERT INTO sqlite_stat1(tbl, idx, stat) VALUES
     ('tblNamedQuery', 'tblNamedQuery', '100 1'),
     ('tblSetting', 'tblSetting', '20 1'),
     ('tblSourceForm', NULL, '50000'),
-    ('tblOverlong', 'ixOverlong', '100 1 1 1');
+    ('tblOverlong', 'ixOverlong', '100 1 1 1'),
+    ('tblTrash', NULL, '10'),
+    ('tblTrashApplication', 'ixTrashApplication', '100 10 1'),
+    ('tblTrashClass', 'ixTrashClass', '20000 2000 1'),
+    ('tblTrashCode', 'ixTrashCode', '400000 40000 1'),
+    ('tblTrashKeyword', 'ixTrashKeyword', '20000 2000 1'),
+    ('tblTrashSearchWord', 'ixTrashSearchWord', '10000 1000 1'),
+    ('tblTrashKeywordWord', 'ixTrashKeywordWord', '800000 80000 40'),
+    ('tblTrashAuthor', 'ixTrashAuthor', '100 10 1'),
+    ('tblTrashAuthorLink', 'ixTrashAuthorLink', '200000 20000'),
+    ('tblTrashDate', 'ixTrashDate', '1000 100 1'),
+    ('tblTrashDateLink', 'ixTrashDateLink', '200000 20000'),
+    ('tblTrashLanguage', 'ixTrashLanguage', '100 10 1'),
+    ('tblTrashCodeLanguage', 'ixTrashCodeLanguage', '400000 40000 1'),
+    ('tblTrashFavorite', 'ixTrashFavorite', '100 10'),
+    ('tblTrashSourceForm', 'ixTrashSourceForm', '20000 2000'),
+    ('tblTrashOverlong', 'ixTrashOverlong', '100 10');
 ANALYZE sqlite_schema;

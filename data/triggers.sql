@@ -46,3 +46,23 @@ CREATE TRIGGER trgCodeDeleted AFTER DELETE ON tblCode
 BEGIN
     DELETE FROM tblOverlong WHERE ownerID = old.codeID AND ownerTableID = 3;
 END;
+
+-- An entry of the trash with all that it holds.
+CREATE TRIGGER trgTrashDeleted AFTER DELETE ON tblTrash
+BEGIN
+    DELETE FROM tblTrashApplication WHERE trashID = old.trashID;
+    DELETE FROM tblTrashClass WHERE trashID = old.trashID;
+    DELETE FROM tblTrashCode WHERE trashID = old.trashID;
+    DELETE FROM tblTrashKeyword WHERE trashID = old.trashID;
+    DELETE FROM tblTrashSearchWord WHERE trashID = old.trashID;
+    DELETE FROM tblTrashKeywordWord WHERE trashID = old.trashID;
+    DELETE FROM tblTrashAuthor WHERE trashID = old.trashID;
+    DELETE FROM tblTrashAuthorLink WHERE trashID = old.trashID;
+    DELETE FROM tblTrashDate WHERE trashID = old.trashID;
+    DELETE FROM tblTrashDateLink WHERE trashID = old.trashID;
+    DELETE FROM tblTrashLanguage WHERE trashID = old.trashID;
+    DELETE FROM tblTrashCodeLanguage WHERE trashID = old.trashID;
+    DELETE FROM tblTrashFavorite WHERE trashID = old.trashID;
+    DELETE FROM tblTrashSourceForm WHERE trashID = old.trashID;
+    DELETE FROM tblTrashOverlong WHERE trashID = old.trashID;
+END;

@@ -121,7 +121,7 @@ class Salvage {
         SalvagedTable table;
         if (found.name.empty()) {
             table.name = wanted.name;
-            table.hasUncountedLoss = true;
+            table.hasUncountedLoss = !Contains(plan_.newerTables, wanted.name);
         } else {
             TableLayout common = wanted;
             KeepCommonColumns(common, found);

@@ -15,6 +15,8 @@ struct SalvagePlan {
     std::string creationScript;
     /// Tables whose rows the script gives; those of the damaged file are not read.
     std::vector<std::string> deliveredTables;
+    /// Tables that the damaged file need not have, because it is older than they are.
+    std::vector<std::string> newerTables;
     /// Tables in which the script's rows must be there, whatever the damaged file holds.
     std::vector<std::string> tablesWithPermanentRows;
 };

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "store/embedded_files.h"
+#include "support/error.h"
 #include "support/text.h"
 
 namespace snippetarium {
@@ -43,6 +44,18 @@ std::string SchemaScript() {
 
 std::string SeedScript() {
     return JoinFiles(IsSeed);
+}
+
+std::string_view DataFile(std::string_view path) {
+    const std::span<const EmbeddedFile> files = EmbeddedFiles();
+    const auto file = std::ranges::find(files, path, &EmbeddedFile::path);
+    if (file != files.end()) return file->text;
+    throw Error(error_number::kInternal, "The program lacks its file '" + std::string(path) + "'.");
+}
+
+std::string_view MigrationScript(std::int32_t from) {
+    return DataFile("migrations/" + std::to_string(from) + "_to_" + std::to_string(from + 1) +
+                    ".sql");
 }
 
 std::vector<QueryText> StoredQueryTexts() {

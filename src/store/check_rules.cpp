@@ -19,6 +19,7 @@ constexpr std::string_view kNoSeparator =
     "separatorID IS NOT NULL AND separatorID NOT IN (SELECT separatorID FROM tblSeparator)";
 constexpr std::string_view kNoLanguage =
     "languageID <> 0 AND languageID NOT IN (SELECT languageID FROM tblLanguage)";
+constexpr std::string_view kNoTrash = "trashID NOT IN (SELECT trashID FROM tblTrash)";
 constexpr std::string_view kNoAuthor = "authorID NOT IN (SELECT authorID FROM tblAuthor)";
 constexpr std::string_view kNoDate = "dateID NOT IN (SELECT dateID FROM tblDate)";
 constexpr std::string_view kNoOwner =
@@ -51,6 +52,10 @@ constexpr std::string_view kWordLink =
 constexpr std::string_view kBookmark =
     "'appID ' || appID || ', classID ' || classID || coalesce(', codeID ' || codeID, '')";
 
+constexpr std::string_view kTrashID = "'trashID ' || trashID";
+
+constexpr std::string_view kLostTrash = "deleted rows whose entry in the trash does not exist";
+constexpr std::string_view kTrashAdvice = "They cannot be brought back. Mending removes them.";
 constexpr std::string_view kHiddenAdvice =
     "They cannot be seen in the contents tree. Mending moves them to where what belongs to nothing "
     "is kept.";
@@ -83,6 +88,21 @@ constexpr std::array kRules = {
     CheckRule{SourceFormWithoutClass, Fault, "tblSourceForm", kNoClass, kClassID, "notes on the source files of classes that do not exist", "DELETE FROM tblSourceForm", kLinkAdvice},
     CheckRule{OverlongTextWithoutOwner, Fault, "tblOverlong", kNoOwner, kOwner, "cut off ends of texts whose owner does not exist", "DELETE FROM tblOverlong", kLinkAdvice},
     CheckRule{LeftoverToDelete, Fault, "tblIDsToDelete", "1", "coalesce('ID ' || ID, 'no ID')", "rows that a deletion which was cut short left in its list", "DELETE FROM tblIDsToDelete", kLinkAdvice},
+    CheckRule{TrashWithoutEntry, Fault, "tblTrashApplication", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashApplication", kTrashAdvice},
+    CheckRule{TrashWithoutEntry, Fault, "tblTrashClass", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashClass", kTrashAdvice},
+    CheckRule{TrashWithoutEntry, Fault, "tblTrashCode", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashCode", kTrashAdvice},
+    CheckRule{TrashWithoutEntry, Fault, "tblTrashKeyword", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashKeyword", kTrashAdvice},
+    CheckRule{TrashWithoutEntry, Fault, "tblTrashSearchWord", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashSearchWord", kTrashAdvice},
+    CheckRule{TrashWithoutEntry, Fault, "tblTrashKeywordWord", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashKeywordWord", kTrashAdvice},
+    CheckRule{TrashWithoutEntry, Fault, "tblTrashAuthor", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashAuthor", kTrashAdvice},
+    CheckRule{TrashWithoutEntry, Fault, "tblTrashAuthorLink", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashAuthorLink", kTrashAdvice},
+    CheckRule{TrashWithoutEntry, Fault, "tblTrashDate", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashDate", kTrashAdvice},
+    CheckRule{TrashWithoutEntry, Fault, "tblTrashDateLink", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashDateLink", kTrashAdvice},
+    CheckRule{TrashWithoutEntry, Fault, "tblTrashLanguage", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashLanguage", kTrashAdvice},
+    CheckRule{TrashWithoutEntry, Fault, "tblTrashCodeLanguage", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashCodeLanguage", kTrashAdvice},
+    CheckRule{TrashWithoutEntry, Fault, "tblTrashFavorite", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashFavorite", kTrashAdvice},
+    CheckRule{TrashWithoutEntry, Fault, "tblTrashSourceForm", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashSourceForm", kTrashAdvice},
+    CheckRule{TrashWithoutEntry, Fault, "tblTrashOverlong", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashOverlong", kTrashAdvice},
     CheckRule{DateThatIsNone, Fault, "tblDate", kNoIsoDate, "'dateID ' || dateID", "dates that are no dates", "", "Searches by date miss them. Correct or delete them in the date list of their owners."},
 };
 // clang-format on

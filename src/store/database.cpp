@@ -4,6 +4,7 @@
 
 #include "engine/engine_error.h"
 #include "store/migration.h"
+#include "store/trash.h"
 #include "support/guard.h"
 #include "support/message_boxes.h"
 #include "support/paths.h"
@@ -66,6 +67,7 @@ void Database::Open() {
         connection_.SetVersions(OpenableVersions());
         connection_.Open();
         BringUpToDate(*this);
+        if (mode_ == AccessMode::ReadWrite) PurgeTrash(*this, host_.clock.Now());
     } catch (...) {
         Close();
         throw;

@@ -17,6 +17,7 @@
 #include "store/reads_languages.h"
 #include "store/reads_procedures.h"
 #include "store/sql_text.h"
+#include "store/trash.h"
 #include "support/guard.h"
 
 namespace snippetarium {
@@ -183,6 +184,7 @@ void Delete(Database& db, const Owner& owner, const DeletionPlan& plan) {
     if (!Exists(db, owner)) return;
     BulkWriting writing(db.GetConnection());
     DeletionProgress progress(db.GetHost());
+    KeepInTrash(db, owner);
     RunPlan(plan, [&](double share) { progress.Show(share); });
     writing.Finish();
 }

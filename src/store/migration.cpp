@@ -13,8 +13,15 @@ namespace snippetarium {
 
 namespace {
 
-// One step for each version before kCatalogueVersion; version 1 is the first.
-constexpr std::span<const MigrationStep> kSteps;
+constexpr std::int32_t kFirstVersion = 1;
+
+/// One step for each version before this program's.
+std::vector<MigrationStep> Steps() {
+    std::vector<MigrationStep> steps;
+    for (std::int32_t from = kFirstVersion; from < kCatalogueVersion; ++from)
+        steps.push_back({from, MigrationScript(from)});
+    return steps;
+}
 
 [[noreturn]] void RefuseReadOnly(const Database& db, std::int32_t version,
                                  std::int32_t programVersion) {
@@ -84,11 +91,11 @@ bool HasThisProgramsQueries(Connection& connection) {
 }  // namespace
 
 FileVersions OpenableVersions() {
-    return {kSteps.empty() ? kCatalogueVersion : kSteps.front().from, kCatalogueVersion};
+    return {kFirstVersion, kCatalogueVersion};
 }
 
 void BringUpToDate(Database& db) {
-    BringUpToDate(db, kCatalogueVersion, kSteps);
+    BringUpToDate(db, kCatalogueVersion, Steps());
 }
 
 void BringUpToDate(Database& db, std::int32_t programVersion,

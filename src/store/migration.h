@@ -15,9 +15,11 @@ class Database;
 // triggers under data/ comes with
 //
 //   - the next kCatalogueVersion,
-//   - a row in the table of steps in migration.cpp, whose script makes the change in a file already
-//     in use, so that the file equals a new one afterwards,
-//   - a thought about SalvageCatalogue, which recovers files of the newest version only.
+//   - a script data/migrations/N_to_M.sql, which makes the change in a file already in use, so that
+//     the file equals a new one afterwards. It never changes again,
+//   - a thought about SalvageCatalogue. It copies the rows of each table, column by column, into a
+//     new file, whatever version the damaged one has: right as long as a step only adds. A table
+//     that a step adds needs a row in restore.cpp, so that it is not missed in older files.
 
 /// Brings a file of version `from` to the next one. The script is in the engine's own SQL.
 struct MigrationStep {

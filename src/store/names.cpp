@@ -135,6 +135,22 @@ constexpr std::array kTables = {
     std::string_view("tblSetting"),
     std::string_view("tblSourceForm"),
     std::string_view("tblOverlong"),
+    std::string_view("tblTrash"),
+    std::string_view("tblTrashApplication"),
+    std::string_view("tblTrashClass"),
+    std::string_view("tblTrashCode"),
+    std::string_view("tblTrashKeyword"),
+    std::string_view("tblTrashSearchWord"),
+    std::string_view("tblTrashKeywordWord"),
+    std::string_view("tblTrashAuthor"),
+    std::string_view("tblTrashAuthorLink"),
+    std::string_view("tblTrashDate"),
+    std::string_view("tblTrashDateLink"),
+    std::string_view("tblTrashLanguage"),
+    std::string_view("tblTrashCodeLanguage"),
+    std::string_view("tblTrashFavorite"),
+    std::string_view("tblTrashSourceForm"),
+    std::string_view("tblTrashOverlong"),
 };
 
 constexpr std::array kKinds = {

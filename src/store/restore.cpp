@@ -16,12 +16,16 @@
 #include "store/database.h"
 #include "store/job_progress.h"
 #include "store/migration.h"
+#include "store/names.h"
 #include "store/permanent_rows.h"
 #include "support/guard.h"
 
 namespace snippetarium {
 
 namespace {
+
+/// The first version with the tables of the trash.
+constexpr std::int32_t kVersionWithTrash = 2;
 
 std::int32_t ReadVersion(const std::string& path) {
     return static_cast<std::int32_t>(Inspection(path).ReadNumber("PRAGMA user_version"));
@@ -57,8 +61,16 @@ void RequireOtherFile(const std::string& backup, const std::string& catalogue) {
                 "The file '" + backup + "' is the catalogue itself. Choose a backup.");
 }
 
-SalvagePlan PlanOfSalvage() {
+bool IsNewerThan(std::int32_t version, std::string_view table) {
+    return version < kVersionWithTrash && table.starts_with("tblTrash");
+}
+
+/// For a damaged file of this version.
+SalvagePlan PlanOfSalvage(std::int32_t version) {
     SalvagePlan plan;
+    for (const std::string_view table : CatalogueTables()) {
+        if (IsNewerThan(version, table)) plan.newerTables.emplace_back(table);
+    }
     plan.creationScript = CreationScript();
     plan.deliveredTables = {"tblNamedQuery"};
     for (const PermanentTable& table : TablesWithPermanentRows()) {
@@ -88,11 +100,11 @@ SalvageResult SalvageCatalogue(const Host& host, const std::string& programFolde
     JobProgress progress(host, "Snippetarium is recovering the catalogue, please wait...",
                          JobProgress::Cancelling::Possible);
     CatalogueExchange exchange(host, programFolder);
-    RequireKnownVersion(exchange.OldPath(), ReadVersionOfDamaged(exchange.OldPath()),
-                        {kCatalogueVersion, kCatalogueVersion});
+    const std::int32_t version = ReadVersionOfDamaged(exchange.OldPath());
+    RequireKnownVersion(exchange.OldPath(), version, OpenableVersions());
     SalvageResult result;
     result.report = SalvageDatabase(
-        exchange.OldPath(), exchange.NewPath(), PlanOfSalvage(),
+        exchange.OldPath(), exchange.NewPath(), PlanOfSalvage(version),
         [&](double share) { progress.Show(share); }, &progress);
     result.keptPath = exchange.SetOldAside(progress);
     exchange.PutNewInPlace();

@@ -29,8 +29,8 @@ struct SalvageResult {
 
 /// Recovers what can be read of the folder's catalogue, which must be closed in this program, into
 /// a new file that takes its place; the damaged one is kept beside it. The user can cancel it.
-/// Throws Error, and nothing has changed, as RestoreCatalogue does; also when the file's tables are
-/// not of this program's version.
+/// Throws Error, and nothing has changed, as RestoreCatalogue does; also for a file of a newer
+/// program. What it recovers of an older file is of this program's version.
 SalvageResult SalvageCatalogue(const Host& host, const std::string& programFolder);
 
 /// Closes the catalogue, restores it and opens it again, whatever became of it. True when the

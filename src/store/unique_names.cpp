@@ -8,15 +8,6 @@
 
 namespace snippetarium {
 
-namespace {
-
-std::string Numbered(std::string_view name, std::int32_t number) {
-    const std::string ending = Sql(" (", number, ")");
-    return std::string(CutToCharacters(name, kNameLimit - ending.size())).append(ending);
-}
-
-}  // namespace
-
 UniqueNames::UniqueNames(Database& db, std::int32_t classID) {
     const MarkedProcedures procedures = MarkedProceduresOf(db, classID);
     names_.insert(procedures.codeNames.begin(), procedures.codeNames.end());
@@ -27,9 +18,14 @@ std::string UniqueNames::Add(std::string_view name) {
     if (names_.insert(stored).second) return stored;
     std::int32_t& number = lastNumbers_.try_emplace(stored, 1).first->second;
     for (;;) {
-        std::string numbered = Numbered(stored, ++number);
+        std::string numbered = NumberedName(stored, ++number);
         if (names_.insert(numbered).second) return numbered;
     }
+}
+
+std::string NumberedName(std::string_view name, std::int32_t number) {
+    const std::string ending = Sql(" (", number, ")");
+    return std::string(CutToCharacters(name, kNameLimit - ending.size())).append(ending);
 }
 
 std::string UniqueNameInClass(Database& db, std::int32_t classID, std::string_view name) {

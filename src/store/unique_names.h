@@ -33,6 +33,9 @@ class UniqueNames {
     std::unordered_map<std::string, std::int32_t> lastNumbers_;
 };
 
+/// "Draw" and 2 give "Draw (2)"; a long name is shortened so that it stays within its limit.
+std::string NumberedName(std::string_view name, std::int32_t number);
+
 /// What UniqueNames gives for one more procedure of the class; empty on a failure.
 std::string UniqueNameInClass(Database& db, std::int32_t classID, std::string_view name);
 

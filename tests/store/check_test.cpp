@@ -60,6 +60,7 @@ constexpr PlantedFault kPlantedFaults[] = {
     {"INSERT INTO tblFavorite VALUES (2, 2, 9999), (2, 99, NULL), (99, 2, NULL)", BookmarkOfNothing, 3, "appID 2, classID 2, codeID 9999"},
     {"INSERT INTO tblSourceForm VALUES (99, 'utf-8')", SourceFormWithoutClass, 1, "classID 99"},
     {"INSERT INTO tblOverlong VALUES (99, 2, 'classDI', 'x'), (1, 5, 'code', 'x')", OverlongTextWithoutOwner, 2, "ownerID 1, ownerTableID 5"},
+    {"INSERT INTO tblTrashCode(trashID, codeID) VALUES (7, 1)", TrashWithoutEntry, 1, "trashID 7"},
     {"INSERT INTO tblIDsToDelete VALUES (7), (NULL)", LeftoverToDelete, 2, "ID 7"},
     {"INSERT INTO tblDate VALUES (71, '14.03.2001'), (72, '2001-02-30'), (73, NULL), (74, '2001-03-14 24:00:00'), (75, 'now'), (76, '2001-03-14 8:30')", DateThatIsNone, 6, "dateID 71", false},
 };

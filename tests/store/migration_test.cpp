@@ -6,6 +6,10 @@
 #include "engine/engine_error.h"
 #include "engine/inspection.h"
 #include "store/backup.h"
+#include "store/check.h"
+#include "store/deletion.h"
+#include "store/restore.h"
+#include "store/trash.h"
 #include "tests/child_process.h"
 #include "tests/killed_child.h"
 #include "tests/store/catalogue_fixture.h"
@@ -14,10 +18,16 @@
 namespace snippetarium::test {
 namespace {
 
-// Two versions after the first: a table with a row for each step that ran.
+/// This program's version, as the tests take it to be, and the last one that the steps lead to.
+constexpr std::int32_t kOld = kCatalogueVersion;
+constexpr std::int32_t kNew = kOld + 2;
+
+// Two later versions: a table with a row for each step that ran.
 constexpr std::array kSteps = {
-    MigrationStep{1, "CREATE TABLE tblStep(step INTEGER); INSERT INTO tblStep VALUES (1); -- done"},
-    MigrationStep{2, "INSERT INTO tblStep VALUES (2); ALTER TABLE tblSetting ADD COLUMN note TEXT"},
+    MigrationStep{kOld,
+                  "CREATE TABLE tblStep(step INTEGER); INSERT INTO tblStep VALUES (1); -- done"},
+    MigrationStep{kOld + 1,
+                  "INSERT INTO tblStep VALUES (2); ALTER TABLE tblSetting ADD COLUMN note TEXT"},
 };
 
 class MigrationTest : public OpenCatalogueFixture {
@@ -40,32 +50,32 @@ class MigrationTest : public OpenCatalogueFixture {
         return {};
     }
     /// Database::Open itself would refuse files that this program does not know.
-    void OpenAsAProgramOfVersion3() {
+    void OpenAsALaterProgram() {
         Database db(host_.host, CatalogueProviders(), folder_.Path());
         db.GetConnection().SetConnectionString("Provider=" + std::string(kCatalogueProvider) +
                                                ";Data Source=" + CataloguePath());
         db.GetConnection().Open();
-        BringUpToDate(db, 3, kSteps);
+        BringUpToDate(db, kNew, kSteps);
     }
     bool HasBackups() const { return !ListBackups(folder_.Path()).empty(); }
 };
 
 TEST_F(MigrationTest, RunsEachStepOnceAfterABackup) {
     for (int time = 0; time < 2; ++time) {
-        BringUpToDate(db_, 3, kSteps);
-        EXPECT_EQ(Version(), 3);
+        BringUpToDate(db_, kNew, kSteps);
+        EXPECT_EQ(Version(), kNew);
         EXPECT_EQ(Steps(), "1,2");
     }
     const std::vector<Backup> backups = ListBackups(folder_.Path());
     ASSERT_EQ(backups.size(), 1U);
     EXPECT_EQ(backups.front().name.reason, BackupReason::Migration);
-    EXPECT_EQ(Inspection(backups.front().path).ReadNumber("PRAGMA user_version"), 1);
+    EXPECT_EQ(Inspection(backups.front().path).ReadNumber("PRAGMA user_version"), kOld);
 }
 
 TEST_F(MigrationTest, GoesOnFromTheVersionInBetween) {
-    BringUpToDate(db_, 2, kSteps);
+    BringUpToDate(db_, kOld + 1, kSteps);
     EXPECT_EQ(Steps(), "1");
-    BringUpToDate(db_, 3, kSteps);
+    BringUpToDate(db_, kNew, kSteps);
     EXPECT_EQ(Steps(), "1,2");
 }
 
@@ -111,25 +121,25 @@ TEST_F(MigrationTest, TakesAFailedStepBackAndTellsWhereTheBackupIs) {
     for (std::size_t bad = 0; bad < kSteps.size(); ++bad) {
         auto steps = kSteps;
         steps[bad].script = "DELETE FROM tblCommonWord; INSERT INTO tblNoSuch VALUES (1)";
-        const std::string text = TextOf([&] { BringUpToDate(db_, 3, steps); });
+        const std::string text = TextOf([&] { BringUpToDate(db_, kNew, steps); });
         const std::string backup = ListBackups(folder_.Path()).front().path;
         EXPECT_NE(text.find(backup), std::string::npos) << text;
-        EXPECT_EQ(Version(), static_cast<int>(bad) + 1);
+        EXPECT_EQ(Version(), kOld + static_cast<int>(bad));
         EXPECT_EQ(Steps(), bad == 0 ? "none" : "1");
         EXPECT_GT(Inspection(CataloguePath()).ReadNumber("SELECT count(*) FROM tblCommonWord"),
                   100);
-        EXPECT_EQ(Inspection(backup).ReadNumber("PRAGMA user_version"), 1);
+        EXPECT_EQ(Inspection(backup).ReadNumber("PRAGMA user_version"), kOld);
     }
 }
 
 TEST_F(MigrationTest, IsNotBegunWithoutItsBackupOrAllItsSteps) {
     WriteBytes(folder_.File("backups"), "a file in the way");
-    EXPECT_NE(TextOf([&] { BringUpToDate(db_, 3, kSteps); }).find("backup"), std::string::npos);
-    EXPECT_EQ(Version(), 1);
+    EXPECT_NE(TextOf([&] { BringUpToDate(db_, kNew, kSteps); }).find("backup"), std::string::npos);
+    EXPECT_EQ(Version(), kOld);
     std::filesystem::remove(folder_.File("backups"));
 
-    EXPECT_THROW(BringUpToDate(db_, 4, kSteps), EngineError);
-    EXPECT_EQ(Version(), 1);
+    EXPECT_THROW(BringUpToDate(db_, kNew + 1, kSteps), EngineError);
+    EXPECT_EQ(Version(), kOld);
     EXPECT_FALSE(HasBackups());
 }
 
@@ -138,7 +148,7 @@ TEST_F(MigrationTest, OfAFileOpenForReadingIsRefused) {
     db_.SetMode(AccessMode::Read);
     OpenCatalogue(db_);
     const std::string before = ReadBytes(CataloguePath());
-    const std::string text = TextOf([&] { BringUpToDate(db_, 3, kSteps); });
+    const std::string text = TextOf([&] { BringUpToDate(db_, kNew, kSteps); });
     EXPECT_NE(text.find("opened for writing once"), std::string::npos) << text;
     db_.Close();
     EXPECT_TRUE(ReadBytes(CataloguePath()) == before);
@@ -146,15 +156,16 @@ TEST_F(MigrationTest, OfAFileOpenForReadingIsRefused) {
 }
 
 TEST_F(MigrationTest, OfANewerFileIsRefusedAndTheFileStays) {
-    BringUpToDate(db_, 3, kSteps);
+    BringUpToDate(db_, kNew, kSteps);
     db_.Close();
     const std::string before = ReadBytes(CataloguePath());
     for (const AccessMode mode : {AccessMode::ReadWrite, AccessMode::Read}) {
         db_.SetMode(mode);
         OpenCatalogue(db_);
         EXPECT_NE(
-            TakeBox().text.find("was made by a newer Snippetarium (file version 3, this program "
-                                "knows 1). Install the newer program to open it."),
+            TakeBox().text.find("was made by a newer Snippetarium (file version " +
+                                std::to_string(kNew) + ", this program knows " +
+                                std::to_string(kOld) + "). Install the newer program to open it."),
             std::string::npos);
         EXPECT_FALSE(db_.GetConnection().IsOpen());
         EXPECT_TRUE(ReadBytes(CataloguePath()) == before);
@@ -175,13 +186,13 @@ TEST_F(MigrationTest, KilledBetweenAnyTwoStepsGoesOnAtTheNextOpening) {
                         folder_.Path());
             db.Open();
             db.GetConnection().RunScript("DELETE FROM tblNamedQuery WHERE name = 'qryLanguage'");
-            BringUpToDate(db, 3, kSteps);
+            BringUpToDate(db, kNew, kSteps);
         });
-        EXPECT_EQ(Version(), deadly);
+        EXPECT_EQ(Version(), kOld - 1 + deadly);
         EXPECT_EQ(Steps(), deadly == 1 ? "none" : deadly == 2 ? "1" : "1,2");
 
-        OpenAsAProgramOfVersion3();
-        EXPECT_EQ(Version(), 3);
+        OpenAsALaterProgram();
+        EXPECT_EQ(Version(), kNew);
         EXPECT_EQ(Steps(), "1,2") << "killed before script " << deadly;
         EXPECT_EQ(Inspection(CataloguePath())
                       .ReadNumber("SELECT count(*) FROM tblNamedQuery WHERE name = 'qryLanguage'"),
@@ -194,13 +205,52 @@ TEST_F(MigrationTest, KilledDuringItsBackupHasChangedNothing) {
     RunUntilItDies([&] {
         db_.Open();
         host_.events.At(1, DieHere);
-        BringUpToDate(db_, 3, kSteps);
+        BringUpToDate(db_, kNew, kSteps);
     });
     EXPECT_FALSE(HasBackups());
     OpenCatalogue(db_);
-    BringUpToDate(db_, 3, kSteps);
+    BringUpToDate(db_, kNew, kSteps);
     EXPECT_EQ(Steps(), "1,2");
     EXPECT_EQ(ListBackups(folder_.Path()).size(), 1U);
+}
+
+/// A file of version 1, as programs of that time made it, opened by this one.
+class OldFileTest : public CatalogueFixture {
+  protected:
+    static constexpr std::string_view kRows =
+        "INSERT INTO tblApplication(appID, appName) VALUES (7, 'Paint');"
+        "INSERT INTO tblClass(classID, className, appID, languageID) VALUES (8, 'Grid', 7, 1);"
+        "INSERT INTO tblCode(codeID, codeName, code, classID) VALUES (9, 'Draw', 'Sub Draw()', 8);";
+
+    OldFileTest() {
+        std::filesystem::remove(CataloguePath());
+        CreateDatabase(CataloguePath(), ReadBytes(SNIPPETARIUM_VERSION_1) + std::string(kRows));
+    }
+    std::string CodeName() {
+        return db_.GetConnection()
+            .Execute("SELECT codeName FROM tblCode WHERE codeID = 9")["codeName"]
+            .Text();
+    }
+};
+
+TEST_F(OldFileTest, BecomesLikeANewOne) {
+    ASSERT_EQ(Inspection(CataloguePath()).ReadNumber("PRAGMA user_version"), 1);
+    OpenCatalogue(db_);
+    EXPECT_EQ(CodeName(), "Draw");
+    for (const CheckFinding& finding : CheckCatalogue(db_).findings)
+        ADD_FAILURE() << finding.what << ": " << finding.examples.front();
+    EXPECT_EQ(ListBackups(folder_.Path()).size(), 1U);
+    DeleteApplication(db_, 7);
+    RestoreFromTrash(db_, ListTrash(db_).at(0).trashID);
+    EXPECT_EQ(CodeName(), "Draw");
+}
+
+TEST_F(OldFileTest, IsRecoveredIntoANewOneAndMissesNothingForItsAge) {
+    const SalvageResult result = SalvageCatalogue(host_.host, folder_.Path());
+    EXPECT_TRUE(result.report.IsComplete());
+    OpenCatalogue(db_);
+    EXPECT_EQ(CodeName(), "Draw");
+    EXPECT_TRUE(CheckCatalogue(db_).IsSound());
 }
 
 }  // namespace

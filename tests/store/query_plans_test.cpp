@@ -120,6 +120,11 @@ class Plans {
         }
         for (const auto& [name, text] : kStatements)
             AddFaults(name, Translate(text, {}), faults);
+        for (const std::string_view table : CatalogueTables()) {
+            if (!table.starts_with("tblTrash") || table == "tblTrash") continue;
+            const std::string text = "DELETE FROM " + std::string(table) + " WHERE trashID = 1";
+            AddFaults("emptied trash", Translate(text, {}), faults);
+        }
         return faults;
     }
 

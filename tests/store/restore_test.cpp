@@ -33,6 +33,11 @@ int ErrorNumberOf(const std::function<void()>& action) {
 }
 
 /// A filled catalogue named "new" with a backup from when it was named "old".
+/// Makes a file one of a program so many versions later.
+std::string VersionScript(int later) {
+    return "PRAGMA user_version = " + std::to_string(kCatalogueVersion + later);
+}
+
 class RestoreTest : public OpenCatalogueFixture {
   protected:
     RestoreTest() {
@@ -161,7 +166,7 @@ TEST_F(RestoreTest, RefusesABadBackupAndChangesNothing) {
         {"a newer program's",
          [&] {
              WriteBytes(bad, good);
-             RunStatements(OpenDatabase(bad, OpenFlag::ReadWrite).get(), "PRAGMA user_version = 2");
+             RunStatements(OpenDatabase(bad, OpenFlag::ReadWrite).get(), VersionScript(1));
          },
          3343},
         {"one with a wrong index",
@@ -297,14 +302,12 @@ TEST_F(RestoreTest, RecoveryOfASoundCatalogueGivesTheSame) {
 }
 
 TEST_F(RestoreTest, RecoveryThatIsRefusedOrCancelledChangesNothing) {
-    RunStatements(OpenDatabase(CataloguePath(), OpenFlag::ReadWrite).get(),
-                  "PRAGMA user_version = 2");
+    RunStatements(OpenDatabase(CataloguePath(), OpenFlag::ReadWrite).get(), VersionScript(1));
     const std::string newer = ReadBytes(CataloguePath());
     EXPECT_EQ(ErrorNumberOf([&] { SalvageCatalogue(host_.host, folder_.Path()); }), 3343);
     EXPECT_TRUE(ReadBytes(CataloguePath()) == newer);
 
-    RunStatements(OpenDatabase(CataloguePath(), OpenFlag::ReadWrite).get(),
-                  "PRAGMA user_version = 1");
+    RunStatements(OpenDatabase(CataloguePath(), OpenFlag::ReadWrite).get(), VersionScript(0));
     const std::string before = ReadBytes(CataloguePath());
     const std::set<std::string> files = FilesInFolder();
     db_.SetMode(AccessMode::Read);

@@ -1,0 +1,104 @@
+#include <algorithm>
+
+#include "store/class_markers.h"
+#include "store/database.h"
+#include "store/reads_classes.h"
+#include "store/sql_text.h"
+#include "store/trash_entry.h"
+#include "store/trash_ids.h"
+#include "store/trash_marker.h"
+#include "store/trash_names.h"
+#include "store/trash_place.h"
+#include "store/trash_script.h"
+#include "support/guard.h"
+
+namespace snippetarium {
+
+namespace {
+
+// Bringing an entry back. First, without changing anything: where does it go, which IDs and which
+// names can its rows have. Then one script does it all in one transaction: renames what has to be
+// renamed, while it is still in the trash, copies the rows, puts the marker back, and removes the
+// entry.
+
+/// The name that the entry comes back under.
+std::string NameOf(const TrashEntry& entry, const std::vector<NewName>& names) {
+    const auto renamed = std::ranges::find_if(names, [&](const NewName& candidate) {
+        return candidate.owner.kind == entry.owner.kind && candidate.owner.id == entry.owner.id;
+    });
+    return renamed == names.end() ? entry.name : renamed->name;
+}
+
+std::string NewApplicationScript(const TrashEntry& entry, const TrashPlace& place) {
+    if (!place.isNewApplication) return {};
+    return Sql("INSERT INTO tblApplication(appID, appName) VALUES (", place.appID, ", ",
+               SqlText(entry.appName), ");\n");
+}
+
+/// Puts the marker of a procedure that had one back into the text of its class.
+std::string MarkerScript(Database& db, const TrashEntry& entry, const TrashPlace& place,
+                         std::string_view newName) {
+    if (entry.owner.kind != OwnerKind::Procedure || place.classID == kUndefinedClassID) return {};
+    const Recordset kept = db.GetConnection().Execute(
+        Sql("SELECT classText FROM tblTrash WHERE trashID = ", entry.trashID));
+    if (kept["classText"].IsNull()) return {};
+    const bool isItsClass = place.classID == entry.classID;
+    const std::string now = ClassDIByClassID(db, place.classID);
+    const std::string text =
+        PutMarkersBack(now, MarkedProceduresOf(db, place.classID),
+                       {.codeName = entry.name,
+                        .newName = newName,
+                        .textBefore = isItsClass ? kept["classText"].TextView() : ""});
+    if (text == now) return {};
+    return Sql("UPDATE tblClass SET classDI = ", SqlText(text), " WHERE classID = ", place.classID,
+               ";\n");
+}
+
+/// The names of the class and the application in which the entry is now.
+Recordset ReadWhere(Database& db, const Owner& owner) {
+    switch (owner.kind) {
+        case OwnerKind::Application:
+            return db.GetConnection().Execute(Sql(
+                "SELECT appName, null AS className FROM tblApplication WHERE appID = ", owner.id));
+        case OwnerKind::Class:
+            return db.GetConnection().Execute(
+                Sql("SELECT a.appName, c.className FROM tblClass c LEFT JOIN tblApplication a ON "
+                    "c.appID = a.appID WHERE c.classID = ",
+                    owner.id));
+        case OwnerKind::Procedure:
+            return db.GetConnection().Execute(
+                Sql("SELECT a.appName, c.className FROM (tblCode d LEFT JOIN tblClass c ON "
+                    "d.classID = c.classID) LEFT JOIN tblApplication a ON c.appID = a.appID WHERE "
+                    "d.codeID = ",
+                    owner.id));
+    }
+    return {};
+}
+
+}  // namespace
+
+TrashReturn RestoreFromTrash(Database& db, std::int32_t trashID) {
+    return Guarded(db.Reporter(), Procedure::RestoreFromTrash, [&] {
+        const TrashEntry entry = ReadTrashEntry(db, trashID);
+        const TrashPlace place = FindTrashPlace(db, entry);
+        db.GetConnection().RunScript(NumberingScript(entry, place));
+        const std::vector<NewName> names = FindNewNames(db, entry, place);
+
+        TrashReturn returned;
+        returned.owner = {entry.owner.kind, ReadNewID(db, entry)};
+        returned.name = NameOf(entry, names);
+        db.GetConnection().RunScript(
+            RenamingScript(entry, names) + NewApplicationScript(entry, place) +
+            TrashScript("restore.sql", {{"entry", Sql(trashID)}}) +
+            MarkerScript(db, entry, place, returned.name) + ForgetNumberingScript());
+        if (const Recordset where = ReadWhere(db, returned.owner); !where.EndOfFile()) {
+            returned.appName = where["appName"].Text();
+            returned.className = where["className"].Text();
+        }
+        if (!place.remark.empty()) returned.remarks.push_back(place.remark);
+        std::ranges::move(RenamingRemarks(names), std::back_inserter(returned.remarks));
+        return returned;
+    });
+}
+
+}  // namespace snippetarium

@@ -1,0 +1,410 @@
+#include "store/trash.h"
+
+#include <functional>
+
+#include "store/check.h"
+#include "store/deletion.h"
+#include "tests/store/trash_fixture.h"
+
+namespace snippetarium::test {
+namespace {
+
+constexpr Owner Application(std::int32_t id) {
+    return {OwnerKind::Application, id};
+}
+constexpr Owner Class(std::int32_t id) {
+    return {OwnerKind::Class, id};
+}
+constexpr Owner Code(std::int32_t id) {
+    return {OwnerKind::Procedure, id};
+}
+
+/// Every kind, with and without a marker in its class's text, and what is only emptied.
+constexpr Owner kOwners[] = {Code(1),  Code(2),        Code(3),        Code(5),       Code(7),
+                             Code(8),  Class(2),       Class(3),       Class(4),      Class(1),
+                             Class(6), Application(2), Application(3), Application(1)};
+
+std::string Title(const Owner& owner) {
+    return std::to_string(static_cast<int>(owner.kind)) + "/" + std::to_string(owner.id);
+}
+
+class Trash : public TrashFixture {
+  protected:
+    /// A deletion that ends after as many statements, as if the program had been killed. False when
+    /// it had no more.
+    bool DeleteUntil(const Owner& owner, int lastStatement) {
+        int statements = 0;
+        db_.SetStatementObserver([&](std::string_view) {
+            if (++statements > lastStatement) throw Error(error_number::kInternal, "killed");
+        });
+        Delete(owner);
+        db_.SetStatementObserver(nullptr);
+        host_.messages.shown.clear();
+        db_.GetConnection().RunScript("DELETE FROM tblIDsToDelete");
+        return statements > lastStatement;
+    }
+};
+
+TEST_F(Trash, GivesBackWhateverWasDeleted) {
+    const Rows before = Dump();
+    for (const Owner& owner : kOwners) {
+        SCOPED_TRACE(Title(owner));
+        Delete(owner);
+        EXPECT_NE(Dump(), before);
+        const TrashReturn returned = RestoreNewest();
+        EXPECT_EQ(returned.owner.id, owner.id);
+        EXPECT_EQ(returned.remarks, Rows());
+        ASSERT_EQ(DifferenceTo(before), "");
+        ExpectEmptyTrash();
+    }
+    EXPECT_TRUE(CheckCatalogue(db_).IsSound());
+}
+
+TEST_F(Trash, GivesBackOneDeletionAfterTheOther) {
+    const Rows before = Dump();
+    const Owner deleted[] = {Code(2), Code(1), Class(3), Application(2), Code(7), Application(1)};
+    for (const Owner& owner : deleted)
+        Delete(owner);
+    EXPECT_EQ(Field("SELECT count(*) FROM tblCode"), "1");
+    for (std::size_t i = 0; i < std::size(deleted); ++i)
+        EXPECT_EQ(RestoreNewest().remarks, Rows());
+    EXPECT_EQ(DifferenceTo(before), "");
+    ExpectEmptyTrash();
+}
+
+/// What a user does while things are in the trash: it takes the IDs of rows that are gone.
+constexpr std::string_view kMeanwhile =
+    "INSERT INTO tblKeyword SELECT max(keywordID) + 1, 'Grid', 1 FROM tblKeyword;"
+    "INSERT INTO tblKeyword SELECT max(keywordID) + 1, 'new', 1 FROM tblKeyword;"
+    "INSERT INTO tblSearchWord SELECT max(searchWordID) + 1, 'new' FROM tblSearchWord;"
+    "INSERT INTO tblSearchWord SELECT max(searchWordID) + 1, 'other' FROM tblSearchWord;"
+    "INSERT INTO tblKeyword_link_searchWord SELECT k.keywordID, w.searchWordID FROM tblKeyword k, "
+    "tblSearchWord w WHERE k.keyword = 'new' AND w.searchWord IN ('new', 'other');"
+    "INSERT INTO tblApplication(appName, keywordID) SELECT 'New', max(keywordID) FROM tblKeyword;"
+    "INSERT INTO tblAuthor SELECT max(authorID) + 1, 'Eve', '', '' FROM tblAuthor;"
+    "INSERT INTO tbl_Author_Link SELECT a.appID, u.authorID, 1 FROM tblApplication a, tblAuthor u "
+    "WHERE a.appName = 'New' AND u.authorFName = 'Eve';"
+    "INSERT INTO tblDate SELECT max(dateID) + 1, '2010-10-10' FROM tblDate;"
+    "INSERT INTO tbl_date_link SELECT a.appID, d.dateID, 1 FROM tblApplication a, tblDate d WHERE "
+    "a.appName = 'New' AND d.dDate = '2010-10-10';";
+
+TEST_F(Trash, NumbersAnewWhatTookAnIDMeanwhile) {
+    db_.Close();
+    const std::string sample = ReadBytes(CataloguePath());
+    for (const Owner& owner : kOwners) {
+        SCOPED_TRACE(Title(owner));
+        WriteBytes(CataloguePath(), sample);
+        OpenCatalogue(db_);
+        db_.GetConnection().RunScript(kMeanwhile);
+        const Rows expected = Dump();
+        db_.Close();
+
+        WriteBytes(CataloguePath(), sample);
+        OpenCatalogue(db_);
+        Delete(owner);
+        db_.GetConnection().RunScript(kMeanwhile);
+        RestoreNewest();
+        EXPECT_EQ(DifferenceTo(expected), "");
+        EXPECT_EQ(Field("SELECT count(*) FROM tblApplication a INNER JOIN tblClass c ON "
+                        "a.keywordID = c.keywordID"),
+                  "0")
+            << "two owners of one keyword";
+        db_.Close();
+    }
+}
+
+TEST_F(Trash, TakesOverLanguagesThatBecameAnothersOrWereMadeAgain) {
+    Delete(Class(4));
+    db_.GetConnection().RunScript(
+        "DELETE FROM tblLanguage WHERE languageID = 12;"
+        "INSERT INTO tblLanguage VALUES (12, 'Lisp', 1)");
+    RestoreNewest();
+    const std::string language =
+        "SELECT l.languageID, l.language FROM tblClass c INNER JOIN tblLanguage l ON c.languageID "
+        "= l.languageID WHERE c.classID = 4";
+    EXPECT_EQ(Field(language), "13|Forth");
+    EXPECT_EQ(Field("SELECT languageID FROM tblCode_Link_Language WHERE codeID = 5"), "13");
+
+    Delete(Class(4));
+    db_.GetConnection().RunScript("UPDATE tblLanguage SET languageID = 20 WHERE languageID = 13");
+    RestoreNewest();
+    EXPECT_EQ(Field(language), "20|Forth");
+}
+
+TEST_F(Trash, GivesIDsAnewThatASpoiltCounterGaveToStrangers) {
+    Delete(Application(2));
+    db_.GetConnection().RunScript(
+        "INSERT INTO tblApplication(appID, appName) VALUES (2, 'Stranger');"
+        "INSERT INTO tblClass(classID, className, appID) VALUES (3, 'Stranger', 2);"
+        "INSERT INTO tblCode(codeID, codeName, code, classID) VALUES (1, 'Draw()', 'int Draw()', "
+        "3)");
+    const TrashReturn returned = RestoreNewest();
+    EXPECT_EQ(returned.owner.id, 4);
+    EXPECT_EQ(Select("SELECT c.className, d.codeID, d.codeName, d.code FROM tblCode d INNER JOIN "
+                     "tblClass c ON d.classID = c.classID WHERE c.appID IN (2, 4) ORDER BY "
+                     "d.codeID"),
+              (Rows{"Stranger|1|Draw()|int Draw()", "grid.cpp|2|it's|void its() {}",
+                    "Form1|3|Draw|Sub Draw()", "Form1|4|draw|Sub draw()", "Form1|5|words|: words ;",
+                    "grid.cpp|9|Draw()|void Draw() {}"}));
+    EXPECT_EQ(Select("SELECT appID, classID, codeID FROM tblFavorite WHERE appID = 4 ORDER BY "
+                     "classID, codeID"),
+              (Rows{"4|2|-", "4|2|9", "4|7|-"}));
+    EXPECT_TRUE(CheckCatalogue(db_).IsSound());
+}
+
+struct TakenName {
+    Owner owner;
+    std::string_view meanwhile;
+    std::string_view name;
+};
+
+TEST_F(Trash, BringsBackUnderANumberedNameWhatAnotherIsCalledNow) {
+    const std::string longest(252, 'x');
+    const TakenName cases[] = {
+        {Application(2), "INSERT INTO tblApplication(appName) VALUES ('PAINT')", "Paint (2)"},
+        {Application(3),
+         "INSERT INTO tblApplication(appName) VALUES ('Text'), ('text (2)'), ('Text (3)')",
+         "Text (4)"},
+        {Class(2), "INSERT INTO tblClass(className, appID) VALUES ('Grid.cpp', 2)", "grid.cpp (2)"},
+        {Class(3), "INSERT INTO tblClass(className, appID) VALUES ('Form1', 2)", "Form1 (2)"},
+        {Class(5), "INSERT INTO tblClass(className, appID) VALUES ('Main', 2)", "Main"},
+        {Code(6), "INSERT INTO tblCode(codeName, classID) VALUES ('run', 5)", "Run (2)"},
+        {Code(3), "UPDATE tblCode SET codeName = 'DRAW' WHERE codeID = 4", "Draw"},
+    };
+    db_.Close();
+    const std::string sample = ReadBytes(CataloguePath());
+    for (const TakenName& test : cases) {
+        SCOPED_TRACE(test.meanwhile);
+        WriteBytes(CataloguePath(), sample);
+        OpenCatalogue(db_);
+        Delete(test.owner);
+        db_.GetConnection().RunScript(test.meanwhile);
+        const TrashReturn returned = RestoreNewest();
+        EXPECT_EQ(returned.name, test.name);
+        EXPECT_EQ(returned.remarks.empty(), test.name.find('(') == std::string_view::npos);
+        db_.Close();
+    }
+}
+
+TEST_F(Trash, NumbersTheNamesOfWhatComesBackIntoAnEmptiedClassOrApplication) {
+    db_.GetConnection().RunScript(
+        "INSERT INTO tblCode(codeName, code, classID) VALUES ('Nowhere (2)', 'second', 1), "
+        "('nowhere', 'third', 1)");
+    Delete(Application(1));
+    db_.GetConnection().RunScript(
+        "INSERT INTO tblCode(codeName, code, classID) VALUES ('NOWHERE', 'new', 1);"
+        "INSERT INTO tblClass(className, appID) VALUES ('Loose', 1)");
+    const TrashReturn returned = RestoreNewest();
+    EXPECT_EQ(returned.remarks.size(), 3U);
+    EXPECT_EQ(Select("SELECT codeName, code FROM tblCode WHERE classID = 1 ORDER BY codeID"),
+              (Rows{"Nowhere (3)|Sub Nowhere()", "Nowhere (2)|second", "nowhere (4)|third",
+                    "NOWHERE|new"}));
+    EXPECT_EQ(Select("SELECT className FROM tblClass WHERE appID = 1 ORDER BY classID"),
+              (Rows{"Class/Module Undefined", "Loose (2)", "Loose"}));
+}
+
+TEST_F(Trash, FindsAnotherPlaceForWhatLostItsOwn) {
+    const struct {
+        std::string_view what;
+        Owner owner;
+        std::string_view meanwhile;
+        std::string_view appName;
+        std::string_view className;
+    } cases[] = {
+        // clang-format off
+        {"class, application made again", Class(5), "DELETE FROM tblApplication WHERE appID = 3; INSERT INTO tblApplication(appName) VALUES ('TEXT')", "TEXT", "Main"},
+        {"class, no application", Class(5), "DELETE FROM tblApplication WHERE appID = 3", "Text", "Main"},
+        {"class that moved with its renamed application", Class(5), "UPDATE tblApplication SET appName = 'New' WHERE appID = 3", "New", "Main"},
+        {"procedure, class made again", Code(6), "DELETE FROM tblClass WHERE classID = 5; INSERT INTO tblClass(className, appID) VALUES ('main', 3)", "Text", "main"},
+        {"procedure, class of its name elsewhere", Code(6), "DELETE FROM tblClass WHERE classID = 5; INSERT INTO tblClass(className, appID) VALUES ('Main', 2)", "Application Undefined", "Class/Module Undefined"},
+        {"procedure, no class", Code(1), "DELETE FROM tblClass WHERE classID = 2", "Application Undefined", "Class/Module Undefined"},
+        {"procedure, class moved", Code(6), "UPDATE tblClass SET appID = 2, className = 'Moved' WHERE classID = 5", "Paint", "Moved"},
+        // clang-format on
+    };
+    db_.Close();
+    const std::string sample = ReadBytes(CataloguePath());
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.what);
+        WriteBytes(CataloguePath(), sample);
+        OpenCatalogue(db_);
+        Delete(test.owner);
+        db_.GetConnection().RunScript(test.meanwhile);
+        const TrashReturn returned = RestoreNewest();
+        EXPECT_EQ(returned.appName, test.appName);
+        EXPECT_EQ(returned.className, test.className);
+        const bool isMoved = test.meanwhile.starts_with("UPDATE");
+        EXPECT_EQ(returned.remarks.size(), isMoved ? 0U : 1U);
+        db_.Close();
+    }
+}
+
+TEST_F(Trash, JoinsAClassAndItsApplicationInWhateverOrderTheyComeBack) {
+    const Rows before = Dump();
+    for (const bool classFirst : {true, false}) {
+        Delete(Class(2));
+        Delete(Application(2));
+        const std::vector<TrashEntry> entries = ListTrash(db_);
+        ASSERT_EQ(entries.size(), 2U);
+        RestoreFromTrash(db_, entries[classFirst ? 1 : 0].trashID);
+        RestoreFromTrash(db_, entries[classFirst ? 0 : 1].trashID);
+        EXPECT_EQ(DifferenceTo(before), "") << classFirst;
+    }
+}
+
+TEST_F(Trash, PutsAMarkerWhereItWasAlsoWhenTheTextHasChanged) {
+    Delete(Code(1));
+    db_.GetConnection().RunScript(
+        "UPDATE tblClass SET classDI = replace(classDI, 'int end', 'long end') WHERE classID = 2");
+    RestoreNewest();
+    EXPECT_EQ(Field("SELECT classDI FROM tblClass WHERE classID = 2"),
+              "int top;\r\n/***Procedure Draw()***/\r\nint middle;\r\n/***Procedure "
+              "it's***/\r\nlong end;");
+}
+
+TEST_F(Trash, MarksAProcedureByTheNameAndInTheClassThatItComesBackTo) {
+    Delete(Code(1));
+    db_.GetConnection().RunScript("INSERT INTO tblCode(codeName, classID) VALUES ('Draw()', 2)");
+    RestoreNewest();
+    EXPECT_NE(Field("SELECT classDI FROM tblClass WHERE classID = 2")
+                  .find("int top;\r\n/***Procedure Draw() (2)***/\r\nint middle;"),
+              std::string::npos);
+
+    Delete(Code(8));
+    db_.GetConnection().RunScript(
+        "DELETE FROM tblClass WHERE classID = 6;"
+        "INSERT INTO tblClass(className, appID, languageID, classDI) VALUES ('Loose', 1, 1, 'x')");
+    RestoreNewest();
+    EXPECT_EQ(Field("SELECT classDI FROM tblClass WHERE className = 'Loose'"),
+              "x\r\n'***Procedure Loosen***\r\n");
+}
+
+TEST_F(Trash, BringsBackWholeWhatADeletionThatWasCutShortHasLeft) {
+    const Rows before = Dump();
+    db_.Close();
+    const std::string sample = ReadBytes(CataloguePath());
+    int cuts = 0;
+    for (const Owner& owner : {Code(1), Class(2), Class(1), Application(2), Application(1)}) {
+        bool isCut = true;
+        for (int last = 0; isCut; ++last) {
+            SCOPED_TRACE(Title(owner) + " after " + std::to_string(last));
+            WriteBytes(CataloguePath(), sample);
+            OpenCatalogue(db_);
+            isCut = DeleteUntil(owner, last);
+            RestoreNewest();
+            ASSERT_EQ(DifferenceTo(before), "");
+            db_.Close();
+            ++cuts;
+        }
+        EXPECT_TRUE(CheckCatalogue(db_).IsSound());
+    }
+    EXPECT_GT(cuts, 70);
+}
+
+TEST_F(Trash, DeletesNothingThatItCannotKeep) {
+    const Rows before = Dump();
+    for (const std::string_view table : CatalogueTables()) {
+        if (!table.starts_with("tblTrash") || table == "tblTrashLanguage") continue;
+        SCOPED_TRACE(table);
+        const std::string trigger = "CREATE TRIGGER refuse BEFORE INSERT ON " + std::string(table) +
+                                    " BEGIN SELECT RAISE(ABORT, 'refused'); END;";
+        db_.GetConnection().RunScript(trigger);
+        Delete(Application(2));
+        EXPECT_NE(TakeBox().text.find("QRT Error Code: 10953"), std::string::npos);
+        EXPECT_EQ(DifferenceTo(before), "");
+        ExpectEmptyTrash();
+        db_.GetConnection().RunScript("DROP TRIGGER refuse");
+    }
+}
+
+TEST_F(Trash, ThatCannotBeBroughtBackStaysWhole) {
+    const Rows before = Dump();
+    Delete(Application(2));
+    const Rows deleted = Dump();
+    const std::string_view refused[] = {
+        "INSERT ON tblApplication",  "INSERT ON tblClass",
+        "INSERT ON tblCode",         "INSERT ON tblKeyword",
+        "INSERT ON tblSearchWord",   "INSERT ON tblKeyword_link_searchWord",
+        "INSERT ON tblAuthor",       "INSERT ON tbl_Author_Link",
+        "INSERT ON tblDate",         "INSERT ON tbl_date_link",
+        "INSERT ON tblFavorite",     "INSERT ON tblCode_Link_Language",
+        "INSERT ON tblSourceForm",   "INSERT ON tblOverlong",
+        "DELETE ON tblTrashOverlong"};
+    for (const std::string_view change : refused) {
+        SCOPED_TRACE(change);
+        db_.GetConnection().RunScript("CREATE TRIGGER refuse BEFORE " + std::string(change) +
+                                      " BEGIN SELECT RAISE(ABORT, 'refused'); END;");
+        EXPECT_EQ(RestoreNewest().owner.id, 0);
+        EXPECT_NE(TakeBox().text.find("QRT Error Code: 10955"), std::string::npos);
+        EXPECT_EQ(DifferenceTo(deleted), "");
+        db_.GetConnection().RunScript("DROP TRIGGER refuse");
+    }
+    RestoreNewest();
+    EXPECT_EQ(DifferenceTo(before), "");
+}
+
+TEST_F(Trash, TellsItsEntriesTheNewestFirst) {
+    Delete(Code(1));
+    host_.clock.Advance(std::chrono::hours(24));
+    Delete(Application(2));
+    EXPECT_EQ(KeepInTrash(db_, Code(77)), 0) << "there is none";
+    const std::vector<TrashEntry> entries = ListTrash(db_);
+    ASSERT_EQ(entries.size(), 2U);
+    EXPECT_EQ(entries[0].name, "Paint");
+    EXPECT_EQ(entries[0].owner.kind, OwnerKind::Application);
+    EXPECT_EQ(entries[0].classCount, 3);
+    EXPECT_EQ(entries[0].codeCount, 4);
+    EXPECT_EQ(entries[0].deletedOn.substr(0, 10), "2024-05-18");
+    EXPECT_EQ(KeptUntil(entries[0]), "2024-06-17");
+    EXPECT_EQ(entries[1].name, "Draw()");
+    EXPECT_EQ(entries[1].className, "grid.cpp");
+    EXPECT_EQ(entries[1].appName, "Paint");
+    EXPECT_EQ(entries[1].codeCount, 1);
+
+    RestoreFromTrash(db_, 99);
+    EXPECT_NE(TakeBox().text.find("no entry 99 in the trash"), std::string::npos);
+}
+
+TEST_F(Trash, KeepsADeletionForThirtyDays) {
+    constexpr std::chrono::hours kDay(24);
+    Delete(Code(1));
+    host_.clock.Advance(30 * kDay);
+    Delete(Code(2));
+    EXPECT_EQ(ListTrash(db_).size(), 2U);
+    db_.Close();
+    OpenCatalogue(db_);
+    EXPECT_EQ(ListTrash(db_).size(), 2U);
+
+    host_.clock.Advance(std::chrono::seconds(1));
+    db_.Close();
+    db_.SetMode(AccessMode::Read);
+    OpenCatalogue(db_);
+    EXPECT_EQ(ListTrash(db_).size(), 2U) << "who only reads removes nothing";
+    db_.Close();
+    db_.SetMode(AccessMode::ReadWrite);
+    OpenCatalogue(db_);
+    ASSERT_EQ(ListTrash(db_).size(), 1U);
+    EXPECT_EQ(ListTrash(db_).front().name, "it's");
+
+    host_.clock.Advance(30 * kDay);
+    Delete(Code(3));
+    ASSERT_EQ(ListTrash(db_).size(), 1U);
+    EXPECT_EQ(ListTrash(db_).front().name, "Draw");
+    EXPECT_TRUE(CheckCatalogue(db_).IsSound());
+}
+
+TEST_F(Trash, IsEmptiedByAge) {
+    for (const std::int32_t codeID : {1, 2, 3}) {
+        Delete(Code(codeID));
+        host_.clock.Advance(std::chrono::hours(24));
+    }
+    EXPECT_EQ(EmptyTrash(db_, std::chrono::days(4)), 0);
+    EXPECT_EQ(EmptyTrash(db_, std::chrono::days(2)), 2);
+    EXPECT_EQ(ListTrash(db_).front().name, "Draw");
+    EXPECT_EQ(EmptyTrash(db_), 1);
+    ExpectEmptyTrash();
+    Delete(Code(5));
+    EXPECT_EQ(ListTrash(db_).front().trashID, 4) << "no number means two deletions";
+}
+
+}  // namespace
+}  // namespace snippetarium::test
