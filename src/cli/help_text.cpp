@@ -9,9 +9,11 @@ namespace snippetarium {
 namespace {
 
 constexpr std::size_t kHelpColumn = 16;
+constexpr std::size_t kUsageIndent = 7;  // below what follows "Usage: "
 
 std::string UsageLine(std::string_view rest) {
-    return "Usage: " + std::string(kProgramName) + " [OPTION...] " + std::string(rest) + "\n";
+    return WrapHanging("Usage: " + std::string(kProgramName) + " [OPTION...] " + std::string(rest),
+                       kUsageIndent);
 }
 
 std::string OptionRows(std::span<const CommandOption> options) {

@@ -44,6 +44,12 @@ std::string WrapParagraphs(std::string_view text, std::size_t indent) {
     return result;
 }
 
+std::string WrapHanging(std::string_view text, std::size_t indent) {
+    std::string result;
+    AppendWrapped(result, text, indent, 0);
+    return result;
+}
+
 std::string DefinitionRow(std::string_view term, std::string_view help, std::size_t helpColumn) {
     std::string row(kTermIndent);
     row += term;

@@ -48,7 +48,7 @@ constexpr std::array kExtensions{
     ExtensionRow{"hxx",  CodeFileKind::CppHeader,    "C++ Header",   11},
     ExtensionRow{"hh",   CodeFileKind::CppHeader,    "C++ Header",   11},
 };
-// A few of the delivered languages: those that a class can have.
+// The delivered languages by their IDs.
 constexpr std::array<std::string_view, 12> kDeliveredLanguages{
     "", "Visual Basic", "Java", "C#", "C++", "C", "ASP", "JavaScript", "VBScript", "HTML", "C/C++ Header", "C++ Header",
 };

@@ -8,7 +8,6 @@
 #include "import/file_kind.h"
 #include "import/header_harvest.h"
 #include "import/unit_limits.h"
-#include "import/unit_names.h"
 #include "keywords/keyword_saving.h"
 #include "store/author_links.h"
 #include "store/database.h"
@@ -18,6 +17,7 @@
 #include "store/reads_classes.h"
 #include "store/reads_languages.h"
 #include "store/sql_text.h"
+#include "store/unique_names.h"
 #include "store/writes_classes.h"
 #include "store/writes_codes.h"
 #include "store/writes_languages.h"
@@ -145,7 +145,7 @@ UnitStore::ClassAtHand UnitStore::AddNewClass(const CutFile& file, const ClassSo
 
 StoreResult UnitStore::StoreProcedures(ClassAtHand& stored, const CutFile& file,
                                        const ClassSource& source) {
-    UnitNames names;
+    UniqueNames names;
     std::string text;
     std::size_t taken = 0;  // of the file's text
     std::size_t count = 0;
@@ -167,7 +167,7 @@ StoreResult UnitStore::StoreProcedures(ClassAtHand& stored, const CutFile& file,
                           stored.fields.name + ".");
             continue;
         }
-        const std::string name = names.Take(procedure.name);
+        const std::string name = names.Add(procedure.name);
         StoreProcedure(stored, procedure, name, ProcedureLanguage(procedure, source.entry));
         text += MarkerText(stored.family, name);
         ++count;

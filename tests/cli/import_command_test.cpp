@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "cli/run_command_line.h"
@@ -38,7 +39,7 @@ class ImportCommandTest : public CommandTest {
 TEST_F(ImportCommandTest, ImportsWhatTheDialogWouldListUnderTheFoldersName) {
     const CommandResult result = Import({});
     EXPECT_EQ(result.status, kDone) << result.error;
-    EXPECT_EQ(result.output, "The following files were successfully imported:\n\n  Draw.bas\n\n");
+    EXPECT_EQ(result.output, "The following files were successfully imported:\n\n  Draw.bas\n");
     EXPECT_NE(result.error.find("Import Code: The code has been successfully imported."),
               std::string::npos);
     EXPECT_NE(Tree().find("a2  Paint  (1 class)\n  a2f2  modDraw  (1 procedure)\n    a2f2c1  "
@@ -55,10 +56,10 @@ TEST_F(ImportCommandTest, ImportsWhatTheDialogWouldListUnderTheFoldersName) {
 TEST_F(ImportCommandTest, ImportsSubfoldersAndNamedEntries) {
     EXPECT_EQ(Import({"--subfolders"}).output,
               "The following files were successfully imported:\n\n  Draw.bas\n  "
-              "sub\\deep\\Grid.bas\n\n");
+              "sub\\deep\\Grid.bas\n");
     EXPECT_EQ(Import({"sub/deep/Grid.bas", "./Draw.bas", "--application", "Other"}).output,
               "The following files were successfully imported:\n\n  sub\\deep\\Grid.bas\n  "
-              "Draw.bas\n\n");
+              "Draw.bas\n");
     EXPECT_NE(Tree().find("Other  (2 classes)"), std::string::npos);
 }
 
