@@ -66,33 +66,28 @@ FROM (
     WHERE t.trashID = [entry] AND m.isThere AND m.new > 1) AS r
 WHERE tblApplication.appID = r.id;
 
--- The keywords of those that are there and have none now.
+-- The keywords of those that are there and have none now. The "+" keeps the search from beginning
+-- with everything that has no keywords.
 UPDATE tblApplication
-SET keywordID = r.keywordID
-FROM (
-    SELECT m.new AS id, k.new AS keywordID
-    FROM tblTrashApplication t CROSS JOIN tblBackApplication m ON m.old = t.appID
-        CROSS JOIN tblBackKeyword k ON k.old = t.keywordID
-    WHERE t.trashID = [entry] AND m.isThere) AS r
-WHERE tblApplication.appID = r.id AND tblApplication.keywordID IS NULL;
+SET keywordID = (
+    SELECT k.new
+    FROM tblTrashApplication t CROSS JOIN tblBackKeyword k ON k.old = t.keywordID
+    WHERE t.trashID = [entry] AND t.appID = tblApplication.appID)
+WHERE appID IN (SELECT new FROM tblBackApplication WHERE isThere AND new = old) AND +keywordID IS NULL;
 
 UPDATE tblClass
-SET keywordID = r.keywordID
-FROM (
-    SELECT m.new AS id, k.new AS keywordID
-    FROM tblTrashClass t CROSS JOIN tblBackClass m ON m.old = t.classID
-        CROSS JOIN tblBackKeyword k ON k.old = t.keywordID
-    WHERE t.trashID = [entry] AND m.isThere) AS r
-WHERE tblClass.classID = r.id AND tblClass.keywordID IS NULL;
+SET keywordID = (
+    SELECT k.new
+    FROM tblTrashClass t CROSS JOIN tblBackKeyword k ON k.old = t.keywordID
+    WHERE t.trashID = [entry] AND t.classID = tblClass.classID)
+WHERE classID IN (SELECT new FROM tblBackClass WHERE isThere AND new = old) AND +keywordID IS NULL;
 
 UPDATE tblCode
-SET keywordID = r.keywordID
-FROM (
-    SELECT m.new AS id, k.new AS keywordID
-    FROM tblTrashCode t CROSS JOIN tblBackCode m ON m.old = t.codeID
-        CROSS JOIN tblBackKeyword k ON k.old = t.keywordID
-    WHERE t.trashID = [entry] AND m.isThere) AS r
-WHERE tblCode.codeID = r.id AND tblCode.keywordID IS NULL;
+SET keywordID = (
+    SELECT k.new
+    FROM tblTrashCode t CROSS JOIN tblBackKeyword k ON k.old = t.keywordID
+    WHERE t.trashID = [entry] AND t.codeID = tblCode.codeID)
+WHERE codeID IN (SELECT new FROM tblBackCode WHERE isThere AND new = old) AND +keywordID IS NULL;
 
 -- A keyword whose owner has another one by now is nobody's.
 DELETE FROM tblKeyword
