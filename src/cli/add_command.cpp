@@ -21,10 +21,10 @@ constexpr CommandArgument kArguments[] = {
 constexpr CommandExample kExamples[] = {
     {"add application 'Tide Tables' --app-version 1.4",
      "An application, which classes can be added to."},
-    {"add class modCalendar --application a2 --language 'Visual Basic' --text-from modCalendar.txt",
-     "A module with its text."},
-    {"add procedure IsLeapYear --class a2f2 --code-from - --keywords 'leap year'",
-     "A procedure whose code is typed, or comes through a pipe."},
+    {"add class Ring --application a2 --language Java --text-from -",
+     "A class whose text is typed, or comes through a pipe."},
+    {"add procedure IsLeapYear --class a2f2 --code-from leap.bas",
+     "A procedure with its code, from a file."},
 };
 // clang-format on
 

@@ -8,6 +8,7 @@
 #include "cli/command_context.h"
 #include "cli/node_argument.h"
 #include "cli/node_document.h"
+#include "cli/node_list.h"
 #include "cli/node_output.h"
 #include "cli/one_action.h"
 #include "cli/query_output.h"
@@ -105,18 +106,11 @@ void TakeAway(std::vector<AuthorName>& names, const std::string& text, const Nod
     names.erase(found);
 }
 
-void ChangeNode(CommandContext& context, const std::string& key, std::string_view action) {
-    Database& db = context.Catalogue(CatalogueUse::Change);
-    const NodeIDs node = FindNode(db, key);
-    const std::string text = *TextArgument(context, action);
+void Change(const CommandContext& context, Database& db, const NodeIDs& node) {
     std::vector<AuthorName> names = NamesOf(db, node);
-    if (action == kAdd) {
-        names.push_back(ParseAuthorText(text));
-    } else {
-        TakeAway(names, text, node);
-    }
+    if (const auto added = TextArgument(context, kAdd)) names.push_back(ParseAuthorText(*added));
+    if (const auto removed = TextArgument(context, kRemove)) TakeAway(names, *removed, node);
     StoreDetails(db, node, {.authors = std::move(names)});
-    ListOf(context, db, node);
 }
 
 void Rename(CommandContext& context) {
@@ -140,18 +134,12 @@ void Rename(CommandContext& context) {
 }
 
 void Run(CommandContext& context) {
-    const std::optional<std::string> key = context.Given().Value("KEY");
     const std::string_view action = OneAction(context.Given(), {kAdd, kRemove, kRename});
     RequireBoth(context.Given(), kRename, kTo);
-    if (action == kRename) {
-        if (key) throw UsageError("--rename changes an author everywhere and takes no KEY.");
-        return Rename(context);
-    }
-    if (!key && action.empty()) return ListAll(context);
-    if (!key) throw UsageError(std::string(action) + " needs the KEY of a node.");
-    if (!action.empty()) return ChangeNode(context, *key, action);
-    Database& db = context.Catalogue(CatalogueUse::Read);
-    ListOf(context, db, FindNode(db, *key));
+    if (action != kRename) return RunNodeList(context, {ListAll, ListOf, Change}, !action.empty());
+    if (context.Given().Has("KEY"))
+        throw UsageError("--rename changes an author everywhere and takes no KEY.");
+    Rename(context);
 }
 
 }  // namespace

@@ -7,12 +7,12 @@
 
 #include "cli/command_context.h"
 #include "cli/node_argument.h"
+#include "cli/node_list.h"
 #include "cli/node_output.h"
 #include "cli/one_action.h"
 #include "cli/record_storing.h"
 #include "cli/text_argument.h"
 #include "cli/text_table.h"
-#include "cli/usage_error.h"
 #include "editors/catalogue_lists.h"
 #include "editors/owner_details.h"
 #include "support/date_text.h"
@@ -77,28 +77,16 @@ void TakeAway(std::vector<std::string>& dates, const std::string& text, const No
     dates.erase(found);
 }
 
-void ChangeNode(CommandContext& context, const std::string& key, std::string_view action) {
-    Database& db = context.Catalogue(CatalogueUse::Change);
-    const NodeIDs node = FindNode(db, key);
-    const std::string text = *TextArgument(context, action);
+void Change(const CommandContext& context, Database& db, const NodeIDs& node) {
     std::vector<std::string> dates = LoadOwnerDetails(db, OwnerOf(node)).dates;
-    if (action == kAdd) {
-        dates.push_back(text);
-    } else {
-        TakeAway(dates, text, node);
-    }
+    if (const auto added = TextArgument(context, kAdd)) dates.push_back(*added);
+    if (const auto removed = TextArgument(context, kRemove)) TakeAway(dates, *removed, node);
     StoreDetails(db, node, {.dates = std::move(dates)});
-    ListOf(context, db, node);
 }
 
 void Run(CommandContext& context) {
-    const std::optional<std::string> key = context.Given().Value("KEY");
     const std::string_view action = OneAction(context.Given(), {kAdd, kRemove});
-    if (!key && action.empty()) return ListAll(context);
-    if (!key) throw UsageError(std::string(action) + " needs the KEY of a node.");
-    if (!action.empty()) return ChangeNode(context, *key, action);
-    Database& db = context.Catalogue(CatalogueUse::Read);
-    ListOf(context, db, FindNode(db, *key));
+    RunNodeList(context, {ListAll, ListOf, Change}, !action.empty());
 }
 
 }  // namespace

@@ -67,8 +67,8 @@ std::string ContentText(const NodeIDs& node, const Content& content) {
 std::string Question(Database& db, const NodeIDs& node, const Content& content) {
     const std::string what =
         std::string(KindName(KindOf(node))) + " '" + OneLine(NameOfNode(db, node)) + "'";
-    const std::string trash =
-        " What goes is kept in the trash for a while; 'snippetarium-cli trash' brings it back.";
+    const std::string trash = " What goes is kept in the trash for 30 days, and '" +
+                              std::string(kProgramName) + " trash' brings it back.";
     if (IsPermanent(node)) {
         return "Delete all that is in the " + what + ", " + ContentText(node, content) +
                "? It stays itself, empty." + trash;
@@ -124,7 +124,7 @@ constexpr CliCommand kDeleteCommand = {
         "procedures, or one procedure, and with them their keywords, dates, author links and "
         "bookmarks. It says what will go and asks first.\n\n"
         "Application 1 and class 1, which take in what belongs to no other, are emptied and stay. "
-        "What was deleted is kept in the trash for a while, and 'trash' brings it back.",
+        "What was deleted is kept in the trash for 30 days, and 'trash' brings it back.",
     .arguments = kArguments,
     .options = {},
     .examples = kExamples,

@@ -7,12 +7,12 @@
 #include "cli/field_options.h"
 #include "cli/node_argument.h"
 #include "cli/node_document.h"
+#include "cli/node_list.h"
 #include "cli/node_output.h"
 #include "cli/one_action.h"
 #include "cli/record_storing.h"
 #include "cli/text_argument.h"
 #include "cli/text_table.h"
-#include "cli/usage_error.h"
 #include "editors/catalogue_lists.h"
 #include "editors/owner_details.h"
 #include "support/error.h"
@@ -36,7 +36,7 @@ constexpr CommandOption kOptions[] = {
 };
 constexpr CommandExample kExamples[] = {
     {"keywords a2f2", "A class's keywords, and the words by which it is found."},
-    {"keywords a2f2 --set 'calendar, leap year' --separator comma", "Other keywords for it."},
+    {"keywords a2f2 --set 'month, year' --separator comma", "Other keywords for it."},
 };
 // clang-format on
 
@@ -84,19 +84,16 @@ KeywordEntry EntryFor(const CommandContext& context, Database& db, const NodeIDs
     return entry;
 }
 
+void Change(const CommandContext& context, Database& db, const NodeIDs& node) {
+    StoreDetails(db, node, {.keywords = EntryFor(context, db, node)});
+}
+
 void Run(CommandContext& context) {
     const Arguments& given = context.Given();
-    const std::optional<std::string> key = given.Value("KEY");
     OneAction(given, {kSet, kClear});
     OneAction(given, {kSeparator, kClear});
     const bool changes = given.Has(kSet) || given.Has(kSeparator) || given.Has(kClear);
-    if (!key && !changes) return ListAll(context);
-    if (!key) throw UsageError("Keywords are changed at a node: its KEY is missing.");
-    const NodeIDs wanted = ReadNodeKey(*key);
-    Database& db = context.Catalogue(changes ? CatalogueUse::Change : CatalogueUse::Read);
-    RequireNode(db, wanted);
-    if (changes) StoreDetails(db, wanted, {.keywords = EntryFor(context, db, wanted)});
-    ListOf(context, db, wanted);
+    RunNodeList(context, {ListAll, ListOf, Change}, changes);
 }
 
 }  // namespace

@@ -15,33 +15,28 @@ void SaveDetails(Database& db, const NodeIDs& node, const DetailChanges& details
     SaveDetailChanges(db, noise, OwnerOf(node), details);
 }
 
+/// The last step, on the node that was stored; one without IDs was not.
+NodeIDs Finish(Database& db, const NodeIDs& node, const DetailChanges& details) {
+    RequireDone(node != NodeIDs{});
+    SaveDetails(db, node, details);
+    return node;
+}
+
 }  // namespace
 
 NodeIDs StoreRecord(Database& db, const ApplicationRecord& record, const DetailChanges& details) {
     RequireDone(CheckApplicationRecord(db, record) && CheckDetailChanges(db, details));
-    const std::int32_t appID = SaveApplicationRecord(db, record);
-    RequireDone(appID != 0);
-    const NodeIDs node{.appID = appID};
-    SaveDetails(db, node, details);
-    return node;
+    return Finish(db, {.appID = SaveApplicationRecord(db, record)}, details);
 }
 
 NodeIDs StoreRecord(Database& db, const ClassRecord& record, const DetailChanges& details) {
     RequireDone(CheckClassRecord(db, record) && CheckDetailChanges(db, details));
-    const std::int32_t classID = SaveClassRecord(db, record);
-    RequireDone(classID != 0);
-    const NodeIDs node = ClassNode(db, classID);
-    SaveDetails(db, node, details);
-    return node;
+    return Finish(db, ClassNode(db, SaveClassRecord(db, record)), details);
 }
 
 NodeIDs StoreRecord(Database& db, const CodeRecord& record, const DetailChanges& details) {
     RequireDone(CheckCodeRecord(db, record) && CheckDetailChanges(db, details));
-    const std::int32_t codeID = SaveCodeRecord(db, record);
-    RequireDone(codeID != 0);
-    const NodeIDs node = ProcedureNode(db, codeID);
-    SaveDetails(db, node, details);
-    return node;
+    return Finish(db, ProcedureNode(db, SaveCodeRecord(db, record)), details);
 }
 
 void StoreDetails(Database& db, const NodeIDs& node, const DetailChanges& details) {

@@ -1,12 +1,13 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
+#include <string>
 
 #include "cli/command_context.h"
 #include "cli/node_argument.h"
 #include "cli/node_document.h"
 #include "cli/node_page.h"
-#include "cli/refused_error.h"
 #include "editors/field_rules.h"
+#include "support/error.h"
 
 namespace snippetarium {
 
@@ -22,11 +23,19 @@ constexpr CommandExample kExamples[] = {
 };
 // clang-format on
 
+/// Application 1 and class 1 are places, not things.
+void RequirePage(Database& db, const NodeIDs& node) {
+    if (MayEditNode(db, node)) return;
+    throw Error(error_number::kInvalidCall, "'" + KeyOf(node) + "' has no page. '" +
+                                                std::string(kProgramName) + " tree " + KeyOf(node) +
+                                                "' prints what is in it.");
+}
+
 void Run(CommandContext& context) {
     const NodeIDs node = ReadNodeKey(*context.Given().Value("KEY"));
     Database& db = context.Catalogue(CatalogueUse::Read);
     RequireNode(db, node);
-    RequireDone(MayEditNode(db, node));
+    RequirePage(db, node);
     if (context.WantsJson()) {
         context.SetDocument(WholeNodeDocument(db, node));
     } else {

@@ -4,7 +4,6 @@ namespace snippetarium {
 
 namespace {
 
-constexpr std::size_t kLineWidth = 80;
 constexpr std::string_view kTermIndent = "  ";
 
 /// Appends a text word by word. `column` is where the last line of the result stands.

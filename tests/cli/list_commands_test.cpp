@@ -75,7 +75,7 @@ TEST_F(ListCommandsTest, ListAndChangeKeywords) {
     EXPECT_EQ(Document({"keywords", "a2f3"}),
               R"({"key":"a2f3","kind":"class","name":"HeightRing","keywords":null})");
     EXPECT_EQ(Document({"keywords", "a2f3c5"}),
-              R"({"key":"a2f3c5","kind":"procedure","name":"HeightRing.mean()","keywords":)"
+              R"json({"key":"a2f3c5","kind":"procedure","name":"HeightRing.mean()","keywords":)json"
               R"({"text":"ring buffer, queue","separatorID":2,"separator":"Comma",)"
               R"("searchWords":"ring buffer queue"}})");
     EXPECT_EQ(Run({"check"}).status, kDone);
@@ -115,11 +115,11 @@ TEST_F(ListCommandsTest, ListAndChangeLanguages) {
 
 TEST_F(ListCommandsTest, ListAndChangeNoiseWords) {
     EXPECT_EQ(Output({"noise", "--add", "Leap; month"}), "Added: Leap\nAdded: month\n");
-    EXPECT_NE(Output({"noise"}).find("leap"), std::string::npos);
+    EXPECT_NE(Output({"noise"}).find("Leap"), std::string::npos);
     EXPECT_NE(Output({"keywords", "a2f2"}).find("Search words: calendar year\n"),
               std::string::npos);
     EXPECT_EQ(Output({"noise", "--delete", "leap"}), "Deleted: leap\n");
-    EXPECT_EQ(Output({"noise"}).find("leap"), std::string::npos);
+    EXPECT_EQ(Output({"noise"}).find("Leap"), std::string::npos);
     const auto words = DocumentOf(Run({"--json", "noise"}))["noiseWords"];
     EXPECT_EQ(words[0], "a");
     EXPECT_GT(words.size(), 100U);

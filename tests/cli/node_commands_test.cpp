@@ -278,7 +278,7 @@ TEST_F(NodeCommandsTest, RefuseBadInputWithAMessageAndWriteNothing) {
         {{"authors", "a1", "--add", "Ann Lee"}, kFailed, "You cannot view or edit"},
         {{"authors", "a2", "--add", " "}, kFailed, "Please enter the author's name."},
         {{"authors", "a2", "--remove", "Ann Lee"}, kFailed, "'Ann Lee' is no author of 'a2'."},
-        {{"authors", "--add", "Ann Lee"}, kWrongUsage, "needs the KEY"},
+        {{"authors", "--add", "Ann Lee"}, kWrongUsage, "KEY is missing"},
         {{"authors", "--rename", "9", "--to", "Ann Lee"}, kFailed, "no author with the number 9"},
         {{"authors", "--rename", "Tom", "--to", "Ann Lee"}, kWrongUsage, "takes a number"},
         {{"authors", "--rename", "1"}, kWrongUsage, "--rename and --to go together."},
