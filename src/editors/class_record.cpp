@@ -25,14 +25,28 @@ bool MayHaveName(Database& db, const ClassRecord& record, const ClassRecord& bef
                   : MayAddClass(db, record.name, appID);
 }
 
+bool ChangesMarkers(const ClassRecord& record, const ClassRecord& before) {
+    return record.classID != 0 &&
+           MarkerFamilyOf(record.languageID) != MarkerFamilyOf(before.languageID);
+}
+
+/// The markers in what an import cut off the text are out of an editor's reach. In another style
+/// they would be lost to export.
+bool MayChangeMarkers(Database& db, const ClassRecord& record, const ClassRecord& before) {
+    if (!ChangesMarkers(record, before) || record.declarations != before.declarations) return true;
+    return OverlongRest(db, {OwnerKind::Class, record.classID}, "classDI").empty() ||
+           RefuseEntry(db,
+                       "The text of this class was imported with more than 64,000 characters, so "
+                       "it cannot get a language with other procedure markers.");
+}
+
 /// The record as it is stored: its comment framed, its markers in the style of its language.
 ClassRecord Finished(Database& db, ClassRecord record, const ClassRecord& before) {
     if (record.comment != before.comment)
         record.comment = FormatCommentHeader(record.comment, record.languageID);
-    const MarkerFamily family = MarkerFamilyOf(record.languageID);
-    if (record.classID != 0 && family != MarkerFamilyOf(before.languageID)) {
-        record.declarations =
-            WithMarkersOf(family, record.declarations, MarkedProceduresOf(db, record.classID));
+    if (ChangesMarkers(record, before)) {
+        record.declarations = WithMarkersOf(MarkerFamilyOf(record.languageID), record.declarations,
+                                            MarkedProceduresOf(db, record.classID));
     }
     return record;
 }
@@ -70,7 +84,7 @@ bool CheckClassRecord(Database& db, const ClassRecord& record) {
     return Guarded(db.Reporter(), Procedure::CheckClassRecord, [&] {
         if (record.classID != 0 && !MayEditNode(db, {.classID = record.classID})) return false;
         const ClassRecord before = StoredOrEmpty(db, record.classID);
-        if (!MayHaveName(db, record, before)) return false;
+        if (!MayHaveName(db, record, before) || !MayChangeMarkers(db, record, before)) return false;
         const ClassRecord finished = Finished(db, record, before);
         return FitsLongText(db, "text", finished.declarations) &&
                FitsLongText(db, "comment", finished.comment);
@@ -91,7 +105,7 @@ std::int32_t SaveClassRecord(Database& db, const ClassRecord& record) {
         };
         if (record.classID == 0) return AddClass(db, fields);
         if (!UpdateClass(db, record.classID, fields)) return 0;
-        ForgetWhatWasCut(db, finished, before);
+        ForgetWhatWasCut(db, record, before);
         return record.classID;
     });
 }
@@ -102,7 +116,9 @@ std::vector<std::string> ProceduresWithoutMarker(Database& db, std::int32_t clas
         if (classID == kUndefinedClassID) return names;
         const MarkedProcedures procedures = MarkedProceduresOf(db, classID);
         std::vector<bool> isMarked(procedures.codeNames.size());
-        for (const MarkerPlace& place : FindMarkers(ClassDIByClassID(db, classID), procedures))
+        const std::string text = ClassDIByClassID(db, classID) +
+                                 OverlongRest(db, {OwnerKind::Class, classID}, "classDI");
+        for (const MarkerPlace& place : FindMarkers(text, procedures))
             isMarked[place.procedure] = true;
         for (std::size_t i = 0; i < isMarked.size(); ++i) {
             if (!isMarked[i]) names.push_back(procedures.codeNames[i]);

@@ -35,7 +35,8 @@ bool CheckClassRecord(Database& db, const ClassRecord& record);
 /// before. Returns its ID; 0 where it is gone, and on a failure.
 ///
 /// A comment that changed is framed as the language wants it (export/comment_header.h). Where
-/// another language changes what markers look like, those in the text are written anew.
+/// another language changes what markers look like, those in the text are written anew; a text of
+/// which an import had to cut off the end cannot get such a language.
 std::int32_t SaveClassRecord(Database& db, const ClassRecord& record);
 
 /// The procedures that export will leave out, because the class's text has no marker of them.

@@ -33,6 +33,30 @@ TEST_F(ClassRecordTest, WritesItsMarkersAnewForAnotherLanguage) {
               "<!--**Procedure Paint**-->\r\n<!--**Procedure Draw**-->");
 }
 
+TEST_F(ClassRecordTest, KeepsTheMarkersInWhatAnImportCutOffItsText) {
+    db_.GetConnection().RunScript(
+        "UPDATE tblClass SET classDI = 'Option Explicit' WHERE classID = 2;"
+        "INSERT INTO tblOverlong VALUES (2, 2, 'classDI', char(13, 10) || '''***Procedure "
+        "Draw***')");
+    EXPECT_EQ(ProceduresWithoutMarker(db_, 2), std::vector<std::string>{});
+    const Rows before = Everything();
+    ClassRecord record = Class2();
+    record.languageID = 4;
+    EXPECT_FALSE(CheckClassRecord(db_, record));
+    ExpectRefusal(
+        "The text of this class was imported with more than 64,000 characters, so it "
+        "cannot get a language with other procedure markers.",
+        before);
+    // Another language with the same markers, and a text that is new, are no harm.
+    record.languageID = 3;
+    EXPECT_TRUE(CheckClassRecord(db_, record));
+    EXPECT_EQ(SaveClassRecord(db_, record), 2);
+    EXPECT_EQ(Select("SELECT part FROM tblOverlong"), (Rows{"classDI"}));
+    record.languageID = 4;
+    record.declarations = "class Draw {};";
+    EXPECT_TRUE(CheckClassRecord(db_, record));
+}
+
 TEST_F(ClassRecordTest, NamesTheProceduresThatItsTextLost) {
     ClassRecord record = Class2();
     record.declarations = "Option Explicit\r\n'***Procedure draw***";
