@@ -1,5 +1,7 @@
 #include "cli/contents_walk.h"
 
+#include "cli/node_argument.h"
+
 #include "store/reads_applications.h"
 #include "store/reads_classes.h"
 #include "store/reads_procedures.h"
@@ -121,19 +123,11 @@ class Walk {
 }  // namespace
 
 NodeKind ContentsNode::Kind() const {
-    if (ids.codeID != 0) return NodeKind::Procedure;
-    return ids.classID != 0 ? NodeKind::Class : NodeKind::Application;
+    return KindOf(ids);
 }
 
 std::string ContentsNode::Key() const {
-    switch (Kind()) {
-        case NodeKind::Procedure:
-            return ProcedureNodeKey(ids);
-        case NodeKind::Class:
-            return ClassNodeKey(ids.appID, ids.classID);
-        default:
-            return ApplicationNodeKey(ids.appID);
-    }
+    return KeyOf(ids);
 }
 
 void WalkContents(Database& db, int levels, const VisitNode& visit) {

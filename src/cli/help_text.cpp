@@ -1,5 +1,6 @@
 #include "cli/help_text.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "cli/text_layout.h"
@@ -9,11 +10,28 @@ namespace snippetarium {
 namespace {
 
 constexpr std::size_t kHelpColumn = 16;
-constexpr std::size_t kUsageIndent = 7;  // below what follows "Usage: "
+constexpr std::string_view kUsageIndent = "       ";  // below what follows "Usage: "
 
-std::string UsageLine(std::string_view rest) {
-    return WrapHanging("Usage: " + std::string(kProgramName) + " [OPTION...] " + std::string(rest),
-                       kUsageIndent);
+/// Where the first part of a synopsis ends, which is not broken: "NAME" or "[--depth N]".
+std::size_t EndOfPart(std::string_view synopsis) {
+    const std::size_t bracketed = synopsis.starts_with('[') ? synopsis.find(']') : 0;
+    return std::min(synopsis.find(' ', bracketed), synopsis.size());
+}
+
+/// How the program is called. What a command takes is broken into lines where it is long.
+std::string UsageLines(std::string_view rest) {
+    std::string lines;
+    std::string line = "Usage: " + std::string(kProgramName) + " [OPTION...]";
+    while (!rest.empty()) {
+        const std::string_view part = rest.substr(0, EndOfPart(rest));
+        if (line.size() + 1 + part.size() > kLineWidth) {
+            lines += line + "\n";
+            line = kUsageIndent;
+        }
+        line.append(" ").append(part);
+        rest.remove_prefix(std::min(part.size() + 1, rest.size()));
+    }
+    return lines + line + "\n";
 }
 
 std::string OptionRows(std::span<const CommandOption> options) {
@@ -37,7 +55,7 @@ std::string ExampleRows(std::span<const CommandExample> examples) {
 std::string ProgramHelp() {
     std::string text =
         "Keeps a catalogue of reusable source code, from a terminal or a script.\n\n" +
-        UsageLine("COMMAND [ARGUMENT...]") + "\nCommands:\n";
+        UsageLines("COMMAND [ARGUMENT...]") + "\nCommands:\n";
     for (const CliCommand* command : Commands())
         text += DefinitionRow(command->name, command->summary, kHelpColumn);
     text += "\nOptions:\n" + OptionRows(GlobalOptions());
@@ -49,7 +67,8 @@ std::string ProgramHelp() {
 }
 
 std::string CommandHelp(const CliCommand& command) {
-    std::string text = UsageLine(Synopsis(command)) + "\n" + WrapParagraphs(command.description, 0);
+    std::string text =
+        UsageLines(Synopsis(command)) + "\n" + WrapParagraphs(command.description, 0);
     if (!command.arguments.empty()) text += "\nArguments:\n";
     for (const CommandArgument& argument : command.arguments)
         text += DefinitionRow(argument.name, argument.help, kHelpColumn);

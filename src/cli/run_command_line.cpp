@@ -8,6 +8,7 @@
 #include "cli/command_context.h"
 #include "cli/command_line.h"
 #include "cli/help_text.h"
+#include "cli/refused_error.h"
 #include "cli/terminal_host.h"
 #include "cli/usage_error.h"
 #include "cli/version.h"
@@ -43,6 +44,10 @@ std::optional<ErrorDetails> Execute(CommandContext& context, const TerminalHost&
         throw;
     } catch (const ReportedError&) {
         // Its message has been shown.
+    } catch (const RefusedError& error) {
+        PrintMessage(context.GetStreams(), error.what());
+        const ErrorDetails refusal{error.Number(), terminal.ReasonOfRefusal(error.what())};
+        return terminal.FirstFailure().value_or(refusal);
     } catch (...) {
         const ErrorDetails failure = CurrentError();
         PrintMessage(context.GetStreams(), failure.description);

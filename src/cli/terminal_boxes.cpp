@@ -46,6 +46,7 @@ void TerminalBoxes::Print(std::string_view message, std::string_view title) {
 }
 
 void TerminalBoxes::Information(std::string_view message, std::string_view title) {
+    lastInformation_ = message;
     Print(message, title);
 }
 

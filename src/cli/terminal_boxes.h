@@ -33,6 +33,8 @@ class TerminalBoxes final : public MessageBoxes {
     bool WasRefused() const { return wasRefused_; }
     /// The text of the first error box that was shown, if any was.
     const std::optional<std::string>& FirstError() const { return firstError_; }
+    /// The text of the last information box that was shown, if any was.
+    const std::optional<std::string>& LastInformation() const { return lastInformation_; }
 
     /// Runs the handler of a pressed Cancel. The handler asks whether to stop; where that question
     /// cannot be put to a person, the press itself is the answer: yes.
@@ -53,6 +55,7 @@ class TerminalBoxes final : public MessageBoxes {
     QuestionPolicy policy_;
     bool wasRefused_ = false;
     std::optional<std::string> firstError_;
+    std::optional<std::string> lastInformation_;
 };
 
 }  // namespace snippetarium

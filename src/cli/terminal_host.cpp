@@ -19,4 +19,9 @@ std::optional<ErrorDetails> TerminalHost::FirstFailure() const {
     return std::nullopt;
 }
 
+std::string TerminalHost::ReasonOfRefusal(const std::string& refusal) const {
+    const std::optional<std::string>& reason = boxes_.LastInformation();
+    return reason ? *reason + " " + refusal : refusal;
+}
+
 }  // namespace snippetarium

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "cli/console.h"
@@ -55,6 +56,9 @@ class TerminalHost {
     /// failure of an operation, another error box, or a question that nobody could answer. The last
     /// two have no number. The program then ends with a failure.
     std::optional<ErrorDetails> FirstFailure() const;
+    /// Why an operation refused to do what it was asked, where a box said it: the reason, and that
+    /// nothing was changed.
+    std::string ReasonOfRefusal(const std::string& refusal) const;
 
   private:
     SystemClock clock_;

@@ -4,7 +4,6 @@ namespace snippetarium {
 
 namespace {
 
-constexpr std::size_t kLineWidth = 80;
 constexpr std::string_view kTermIndent = "  ";
 
 /// Appends a text word by word. `column` is where the last line of the result stands.
@@ -41,12 +40,6 @@ std::string WrapParagraphs(std::string_view text, std::size_t indent) {
         AppendWrapped(result, text.substr(0, end), indent, indent);
         text = end == std::string_view::npos ? std::string_view() : text.substr(end + 2);
     }
-    return result;
-}
-
-std::string WrapHanging(std::string_view text, std::size_t indent) {
-    std::string result;
-    AppendWrapped(result, text, indent, 0);
     return result;
 }
 

@@ -76,6 +76,7 @@ void Run(CommandContext& context) {
     const NodeIDs top = key ? ReadNodeKey(*key) : NodeIDs{};
     Database& db = context.Catalogue(CatalogueUse::Read);
 
+    if (key) RequireNode(db, top);
     TreeDocument document;
     const VisitNode visit = [&](const ContentsNode& node) {
         context.WantsJson() ? document.Add(node) : PrintNode(context.Output(), node);

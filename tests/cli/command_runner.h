@@ -24,9 +24,10 @@ struct CommandResult {
     std::string error;
 };
 
-/// Runs the program in this process, without a terminal.
-inline CommandResult RunProgram(const std::vector<std::string>& arguments) {
-    std::istringstream input;
+/// Runs the program in this process, without a terminal, with this on its standard input.
+inline CommandResult RunProgram(const std::vector<std::string>& arguments,
+                                const std::string& typed = {}) {
+    std::istringstream input(typed);
     std::ostringstream output;
     std::ostringstream error;
     const int status = RunCommandLine(arguments, {input, output, error, {}});
@@ -43,9 +44,9 @@ inline nlohmann::ordered_json DocumentOf(const CommandResult& result) {
 /// A folder, with a catalogue in it where the test makes one.
 class CommandTest : public ::testing::Test {
   protected:
-    CommandResult Run(std::vector<std::string> words) const {
+    CommandResult Run(std::vector<std::string> words, const std::string& typed = {}) const {
         words.insert(words.begin(), {"--folder", folder_.Path()});
-        return RunProgram(words);
+        return RunProgram(words, typed);
     }
     void MakeCatalogue() const { ASSERT_EQ(Run({"new"}).status, kDone); }
     /// A catalogue with the sample of the demonstration: application 2 with the classes 2 and 3.

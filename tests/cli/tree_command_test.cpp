@@ -94,15 +94,28 @@ TEST_F(TreeCommandTest, NestsTheNodesInJson) {
         R"json({"nodes":[{"key":"a2f2","kind":"class","name":"modCalendar","count":3}]})json");
 }
 
-TEST_F(TreeCommandTest, RefusesANodeThatIsNotThere) {
-    for (const std::string key :
-         {"a3", "a2147483647", "a2f1", "a1f2", "a2f4", "a2f3c1", "a1f2c1", "a2f2c9"}) {
+TEST_F(TreeCommandTest, RefusesANodeThatIsNotThereAndNamesTheKeyOfOneThatIsElsewhere) {
+    const struct {
+        std::string key;
+        std::string hint;
+    } cases[] = {
+        {"a3", ""},
+        {"a2147483647", ""},
+        {"a2f1", " The key of this class is 'a1f1'."},
+        {"a1f2", " The key of this class is 'a2f2'."},
+        {"a3f2", " The key of this class is 'a2f2'."},
+        {"a2f4", ""},
+        {"a2f3c1", " The key of this procedure is 'a2f2c1'."},
+        {"a2f0c1", " The key of this procedure is 'a2f2c1'."},
+        {"a2f2c9", ""},
+    };
+    for (const auto& [key, hint] : cases) {
+        const std::string message = "The catalogue has no '" + key + "'." + hint;
         const CommandResult result = Run({"tree", key});
         EXPECT_EQ(result.status, kFailed) << key;
         EXPECT_EQ(result.output, "");
-        EXPECT_EQ(result.error, "snippetarium-cli: The catalogue has no '" + key + "'.\n");
-        auto error = DocumentOf(Run({"--json", "tree", key}))["error"];
-        EXPECT_EQ(error["text"], "The catalogue has no '" + key + "'.");
+        EXPECT_EQ(result.error, "snippetarium-cli: " + message + "\n");
+        EXPECT_EQ(DocumentOf(Run({"--json", "tree", key}))["error"]["text"], message);
     }
 }
 

@@ -1,0 +1,100 @@
+#include <nlohmann/json.hpp>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "cli/command_context.h"
+#include "cli/one_action.h"
+#include "cli/text_argument.h"
+#include "cli/text_layout.h"
+#include "cli/text_table.h"
+#include "keywords/noise_words.h"
+#include "keywords/words.h"
+#include "store/reads_other.h"
+#include "support/error.h"
+
+namespace snippetarium {
+
+namespace {
+
+constexpr std::string_view kAdd = "--add";
+constexpr std::string_view kDelete = "--delete";
+
+// clang-format off
+constexpr CommandOption kOptions[] = {
+    {kAdd,    "WORD", "make a word, or each of several, a noise word"},
+    {kDelete, "WORD", "let a noise word be a word like any other"},
+};
+constexpr CommandExample kExamples[] = {
+    {"noise",            "The noise words."},
+    {"noise --add util", "Searches for keywords pass over 'util' from now on."},
+};
+// clang-format on
+
+void List(CommandContext& context) {
+    std::vector<std::string> words;
+    Recordset row = CommonWordRS(context.Catalogue(CatalogueUse::Read));
+    for (; !row.EndOfFile(); row.MoveNext())
+        words.push_back(row["commonWord"].Text());
+    if (context.WantsJson()) return context.SetDocument({{"noiseWords", words}});
+    std::string text;
+    for (const std::string& word : words)
+        text += (text.empty() ? "" : " ") + OneLine(word);
+    context.Output() << WrapParagraphs(text, 0);
+}
+
+void Report(CommandContext& context, std::string_view done, const std::vector<std::string>& words) {
+    if (context.WantsJson()) return context.SetDocument({{"noiseWords", words}});
+    for (const std::string& word : words)
+        context.Output() << done << ": " << OneLine(word) << '\n';
+}
+
+/// The words of an entry, as they are stored.
+std::vector<std::string> WordsOf(const std::string& entry) {
+    const std::string separated = SeparateWords(entry);
+    const std::vector<std::string_view> words = SplitWords(separated);
+    return {words.begin(), words.end()};
+}
+
+void Add(CommandContext& context, const std::string& entry) {
+    const std::vector<std::string> words = WordsOf(entry);
+    if (words.empty())
+        throw Error(error_number::kInvalidCall, "There is no word in '" + entry + "'.");
+    Database& db = context.Catalogue(CatalogueUse::Change);
+    NoiseWords noise = LoadNoiseWords(db);
+    AddNoiseWord(db, noise, entry);
+    Report(context, "Added", words);
+}
+
+void Delete(CommandContext& context, const std::string& word) {
+    Database& db = context.Catalogue(CatalogueUse::Change);
+    if (CommonWordRSByWord(db, word).EndOfFile())
+        throw Error(error_number::kInvalidCall, "'" + word + "' is no noise word.");
+    NoiseWords noise = LoadNoiseWords(db);
+    DeleteNoiseWord(db, noise, word);
+    Report(context, "Deleted", {word});
+}
+
+void Run(CommandContext& context) {
+    const std::string_view action = OneAction(context.Given(), {kAdd, kDelete});
+    if (action.empty()) return List(context);
+    const std::string entry = *TextArgument(context, action);
+    action == kAdd ? Add(context, entry) : Delete(context, entry);
+}
+
+}  // namespace
+
+constexpr CliCommand kNoiseCommand = {
+    .name = "noise",
+    .summary = "list the noise words, add and delete them",
+    .description =
+        "Lists the noise words: words such as \"the\" that are never search words. A word that "
+        "becomes one is taken out of all keywords. Keywords that were saved while it was one keep "
+        "lacking it until they are saved again.",
+    .arguments = {},
+    .options = kOptions,
+    .examples = kExamples,
+    .run = Run,
+};
+
+}  // namespace snippetarium
