@@ -1,16 +1,15 @@
 #include "export/class_layout.h"
 
-#include <algorithm>
 #include <cstddef>
 
-#include "support/case_fold.h"
+#include "support/ascii_search.h"
 
 namespace snippetarium {
 
 namespace {
 
 constexpr std::string_view kLineBreak = "\r\n";
-constexpr std::string_view kOptionExplicit = "option explicit";
+constexpr std::string_view kOptionExplicit = "Option Explicit";
 constexpr std::string_view kScriptBlock = "<%";
 
 /// What is written before the header, with the line break that is added behind it.
@@ -20,11 +19,9 @@ struct Head {
 };
 
 Head HeadOfVisualBasic(std::string_view text) {
-    const auto isSame = [](char a, char b) { return AsciiLower(a) == b; };
-    const auto found = std::search(text.begin(), text.end(), kOptionExplicit.begin(),
-                                   kOptionExplicit.end(), isSame);
-    if (found == text.end() || found == text.begin()) return {};
-    return {static_cast<std::size_t>(found - text.begin()), kLineBreak};
+    const std::size_t found = FindIgnoringAsciiCase(text, kOptionExplicit);
+    if (found == text.npos || found == 0) return {};
+    return {found, kLineBreak};
 }
 
 Head HeadOfPage(std::string_view text) {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "import/ascii_search.h"
+#include "support/ascii_search.h"
 #include "import/procedure_names.h"
 #include "support/text.h"
 

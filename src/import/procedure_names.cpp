@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "import/ascii_search.h"
+#include "support/ascii_search.h"
 #include "support/utf8.h"
 
 namespace snippetarium {

@@ -1,6 +1,6 @@
 #include "import/procedure_starts.h"
 
-#include "import/ascii_search.h"
+#include "support/ascii_search.h"
 #include "support/case_fold.h"
 #include "support/text.h"
 

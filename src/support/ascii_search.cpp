@@ -1,4 +1,4 @@
-#include "import/ascii_search.h"
+#include "support/ascii_search.h"
 
 #include <algorithm>
 
