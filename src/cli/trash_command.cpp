@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <ostream>
@@ -7,6 +8,7 @@
 #include "cli/text_table.h"
 #include "cli/usage_error.h"
 #include "store/trash.h"
+#include "support/error.h"
 
 namespace snippetarium {
 
@@ -89,13 +91,21 @@ void List(CommandContext& context) {
     table.Print(context.Output());
 }
 
+void RequireEntry(Database& db, std::int32_t trashID) {
+    if (std::ranges::count(ListTrash(db), trashID, &TrashEntry::trashID) > 0) return;
+    throw Error(error_number::kInvalidCall, "There is no entry " + std::to_string(trashID) +
+                                                " in the trash. '" + std::string(kProgramName) +
+                                                " trash list' shows the entries.");
+}
+
 void Restore(CommandContext& context) {
     const auto trashID = context.Given().Number(kID, 1, std::numeric_limits<std::int32_t>::max());
     if (!trashID) {
         throw UsageError("'trash restore' takes the ID of what to restore; 'trash list' shows it.");
     }
-    const TrashReturn returned =
-        RestoreFromTrash(context.Catalogue(CatalogueUse::Change), *trashID);
+    Database& db = context.Catalogue(CatalogueUse::Change);
+    RequireEntry(db, *trashID);
+    const TrashReturn returned = RestoreFromTrash(db, *trashID);
     const OwnerKind kind = returned.owner.kind;
     if (context.WantsJson()) {
         return context.SetDocument(
