@@ -26,16 +26,6 @@ std::vector<std::string> HeadingsOf(const std::string& page, const std::string& 
     return headings;
 }
 
-/// The text with one blank in the place of each line break and the indentation behind it.
-std::string OnOneLine(std::string_view text) {
-    std::string line;
-    for (const char character : text) {
-        const bool isSpace = character == ' ' || character == '\n';
-        if (!isSpace || !line.ends_with(' ')) line += isSpace ? ' ' : character;
-    }
-    return line;
-}
-
 /// The words that a shell makes of a command line, up to a pipe.
 std::vector<std::string> WordsOfShell(std::string_view line) {
     wordexp_t words;
