@@ -22,17 +22,19 @@ const TSLanguage* tree_sitter_javascript(void);
 namespace snippetarium {
 
 // A parser of this kind reads every text to its end, but a hostile one can make it try so many
-// readings at once that it takes minutes and gigabytes: twenty thousand times "a<" are enough. So
-// it works in short turns, and between two of them it is looked at how far it has come, what it has
-// taken, and whether the user still wants the result. Nesting is looked at before: deep inside
-// brackets the library counts with 16 bits, and loses its memory where they do not suffice.
+// readings at once that it takes minutes and gigabytes. So it works in short turns, and between two
+// of them it is looked at how far it has come, what it has taken, and whether the user still wants
+// the result. A turn ends between tokens only, so what makes a single token expensive is looked at
+// before: behind n open "<" the library takes n * n steps and bytes; and when a text ends with more
+// than 65,535 parts of unfinished constructs on its stack, it spoils its memory.
 
 namespace {
 
 constexpr std::chrono::milliseconds kTurn{20};
 constexpr std::chrono::seconds kLongestParse{10};
 constexpr std::size_t kMostMemory = 120 * 1024 * 1024;
-constexpr std::size_t kDeepestNesting = 20'000;
+constexpr std::size_t kMostUnfinished = 30'000;
+constexpr std::size_t kMostAngles = 2'000;
 constexpr std::size_t kBytesRead = 4096;
 
 const TSLanguage* LanguageOf(Grammar grammar) {
@@ -47,18 +49,56 @@ const TSLanguage* LanguageOf(Grammar grammar) {
     return nullptr;
 }
 
-/// Literals and comments are not told apart: they never hold so many brackets.
-bool IsNestedTooDeep(std::string_view text) {
-    std::size_t depth = 0;
-    for (const char character : text) {
-        if (character == '{' || character == '(' || character == '[') {
-            if (++depth > kDeepestNesting) return true;
-        } else if (character == '}' || character == ')' || character == ']') {
-            if (depth > 0) --depth;
-        }
-    }
-    return false;
+bool IsWordPart(char character) {
+    return character == '_' || (character >= '0' && character <= '9') ||
+           (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z') ||
+           static_cast<unsigned char>(character) > 127;
 }
+
+/// Counts, from above, what a parser has to keep of a text at once: the words and signs of each
+/// construct that is not finished, for all brackets that are open. Literals and comments are not
+/// told apart: they seldom matter.
+class Unfinished {
+  public:
+    bool IsTooMuch(std::string_view text) {
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            const char character = text[i];
+            const bool goesOn = i > 0 && IsWordPart(character) && IsWordPart(text[i - 1]);
+            if (goesOn || static_cast<unsigned char>(character) <= ' ') continue;
+            // A chain of them is one construct.
+            if (character == 'e' && text.substr(i, 4) == "else") ++elses_;
+            Count(character);
+            if (total_ + elses_ > kMostUnfinished || angles_ > kMostAngles) return true;
+        }
+        return false;
+    }
+
+  private:
+    void Count(char character) {
+        ++total_;
+        ++levels_.back();
+        if (character == '<') ++angles_;
+        if (character == '{' || character == '(' || character == '[') {
+            levels_.push_back(0);
+        } else if (levels_.size() > 1 &&
+                   (character == '}' || character == ')' || character == ']')) {
+            FinishLevel();
+            levels_.pop_back();
+        }
+        if (character == ';' || character == ',' || character == '}') FinishLevel();
+        if (character == ';' || character == '{' || character == '}') angles_ = 0;
+    }
+
+    void FinishLevel() {
+        total_ -= levels_.back();
+        levels_.back() = 0;
+    }
+
+    std::vector<std::size_t> levels_ = {0};
+    std::size_t total_ = 0;
+    std::size_t elses_ = 0;
+    std::size_t angles_ = 0;  // in this statement; most are no brackets
+};
 
 /// What this process has in memory; 0 where the system does not say.
 std::size_t MemoryInUse() {
@@ -93,7 +133,7 @@ class BoundedParser {
     }
 
     ParseResult Run() {
-        if (IsNestedTooDeep(reading_.text)) return TooTangled();
+        if (Unfinished().IsTooMuch(reading_.text)) return TooTangled();
         const auto deadline = std::chrono::steady_clock::now() + kLongestParse;
         const std::size_t memoryBefore = MemoryInUse();
         while (true) {
@@ -196,7 +236,8 @@ class LineOfLeaves {
     void Add(const TextRange& leaf) {
         if (leaf.begin == leaf.end) return;
         const std::string_view piece = text_.substr(leaf.begin, leaf.end - leaf.begin);
-        if (!line_.empty() && leaf.begin > end_ && piece != "(") line_ += ' ';
+        const bool isJoined = line_.ends_with('(') || piece == "(" || piece == ")" || piece == ",";
+        if (!line_.empty() && leaf.begin > end_ && !isJoined) line_ += ' ';
         for (const char character : piece.substr(0, kLongestLine + 1)) {
             if (!IsBlank(character)) {
                 line_ += character;

@@ -87,8 +87,8 @@ std::vector<TextRange> FindComments(const SyntaxTree& tree, std::span<const Text
 inline constexpr std::size_t kLongestName = 255;
 
 /// What a node says, on one line and without comments, with one blank where the text has any gap;
-/// a gap before an opening bracket says nothing. Ends after kLongestName characters. `text` is the
-/// text that was parsed, or one in which everything has the same place.
+/// a gap beside a round bracket or before a comma says nothing. Ends after kLongestName characters.
+/// `text` is the text that was parsed, or one in which everything has the same place.
 std::string TextOnOneLine(const SyntaxNode& node, std::string_view text);
 
 }  // namespace snippetarium
