@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "support/ascii_search.h"
 #include "import/procedure_names.h"
+#include "support/ascii_search.h"
 #include "support/text.h"
 
 namespace snippetarium {

@@ -16,7 +16,9 @@ class LineProgress {
         : host_(host), state_(state), step_(step) {}
 
     /// To be called for each physical line. The bar ends at 100.
-    void LineRead();
+    void LineRead() { LinesRead(1); }
+    /// To be called for lines that were read in one go.
+    void LinesRead(std::size_t count);
     bool IsCancelled() const { return state_.importCancelled; }
 
   private:

@@ -6,9 +6,11 @@
 #include <string_view>
 #include <vector>
 
+#include "import/tree_sitter_cutter.h"
 #include "support/text_file.h"
 #include "tests/import/case_dump.h"
 #include "tests/import/cut_basic.h"
+#include "tests/import/cut_reassembly.h"
 #include "tests/temporary_folder.h"
 
 namespace snippetarium {
@@ -17,18 +19,35 @@ namespace {
 // Each folder under cases/ holds a source file, input.EXTENSION, and in the file "expected" what it
 // becomes (case_dump.h).
 
+/// What is wrong with a file that is put together again; empty when it is the same.
+template <UnitPlacement kPlacement>
+std::string FaultOfReassembly(const TextFile& file, test::UndisturbedCut& cut) {
+    const std::string written = test::Reassemble(cut(file.text), kPlacement, file.text);
+    return written == file.text ? "" : "written differently:\n" + written;
+}
+
+std::string FaultOfBasic(const TextFile& file, test::UndisturbedCut& cut) {
+    return test::FaultOfRoundTrip(WithLineEnds(file.text, file.form.lineEnds), cut);
+}
+
 struct FileKind {
     std::string_view extension;
     test::BasicCut cut;
     MarkerFamily family;
+    std::string (*faultOfRoundTrip)(const TextFile&, test::UndisturbedCut&);
 };
 
+// clang-format off
 constexpr FileKind kFileKinds[] = {
-    {".bas", CutVisualBasic, MarkerFamily::VisualBasic},
-    {".cls", CutVisualBasic, MarkerFamily::VisualBasic},
-    {".frm", CutVisualBasic, MarkerFamily::VisualBasic},
-    {".vbs", CutVbScript, MarkerFamily::VisualBasic},
+    {".bas", CutVisualBasic, MarkerFamily::VisualBasic, FaultOfBasic},
+    {".cls", CutVisualBasic, MarkerFamily::VisualBasic, FaultOfBasic},
+    {".frm", CutVisualBasic, MarkerFamily::VisualBasic, FaultOfBasic},
+    {".vbs", CutVbScript, MarkerFamily::VisualBasic, FaultOfBasic},
+    {".java", CutJava, MarkerFamily::C, FaultOfReassembly<UnitPlacement::Exact>},
+    {".js", CutJavaScript, MarkerFamily::C, FaultOfReassembly<UnitPlacement::Exact>},
+    {".cs", CutCSharp, MarkerFamily::VisualBasic, FaultOfReassembly<UnitPlacement::WholeLines>},
 };
+// clang-format on
 
 /// The kind of the case's input; nullptr when there is no input.
 const FileKind* FindInput(const std::filesystem::path& folder, std::filesystem::path& input) {
@@ -55,8 +74,7 @@ TEST(Cases, AreCutAsExpectedAndWrittenAsTheyWere) {
         EXPECT_EQ(test::DumpOf(cut(file.text), kind->family),
                   test::ReadBytes((folder / "expected").string()))
             << folder;
-        EXPECT_EQ(test::FaultOfRoundTrip(WithLineEnds(file.text, file.form.lineEnds), cut), "")
-            << folder;
+        EXPECT_EQ(kind->faultOfRoundTrip(file, cut), "") << folder;
     }
 }
 

@@ -1,0 +1,95 @@
+#include "import/tree_sitter_cutter.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "import/csharp_directives.h"
+#include "import/javascript_functions.h"
+#include "import/source_units.h"
+#include "import/syntax_tree.h"
+#include "import/type_members.h"
+
+namespace snippetarium {
+
+namespace {
+
+constexpr std::string_view kTooTangled =
+    "The file is stored whole, as its brackets or its size are too much to find procedures in it.";
+
+/// The text with everything at its place, but without what grammars do not know: the characters
+/// that stand in for bytes without a meaning (U+10FE00 to U+10FEFF) become letters, control
+/// characters become blanks.
+std::string ParseCopy(std::string_view text) {
+    constexpr std::string_view kStandInStart = "\xF4\x8F";
+    constexpr std::size_t kStandInSize = 4;
+    std::string copy(text);
+    for (char& character : copy) {
+        const bool isSpace = character == '\r' || character == '\n' || character == '\t';
+        if (static_cast<unsigned char>(character) < ' ' && !isSpace) character = ' ';
+    }
+    for (std::size_t at = copy.find(kStandInStart); at != std::string::npos;
+         at = copy.find(kStandInStart, at + 1)) {
+        if (at + kStandInSize > copy.size()) break;
+        const auto third = static_cast<unsigned char>(copy[at + 2]);
+        if (third >= 0xB8) copy.replace(at, kStandInSize, kStandInSize, '_');
+    }
+    return copy;
+}
+
+CutFile Whole(std::string_view text, ParseEnd end) {
+    CutFile file = CutUnits(text, {}, {}, UnitPlacement::Exact);
+    if (end == ParseEnd::TooTangled) file.problems.emplace_back(kTooTangled);
+    return file;
+}
+
+std::vector<TextRange> CommentsOf(const SyntaxTree& tree, std::span<const SourceUnit> units) {
+    std::vector<TextRange> codes;
+    codes.reserve(units.size());
+    for (const SourceUnit& unit : units)
+        codes.push_back(unit.code);
+    return FindComments(tree, codes);
+}
+
+CutFile CutTypes(std::string_view text, std::string_view parseCopy, Grammar grammar,
+                 UnitPlacement placement, LineProgress& progress) {
+    const ParseResult parsed = ParseSyntax(parseCopy, grammar, progress);
+    if (parsed.end != ParseEnd::Done) return Whole(text, parsed.end);
+    TypeMembers members = FindTypeMembers(parsed.tree.Root(), text);
+    CutFile file = CutUnits(text, members.units, CommentsOf(parsed.tree, members.units), placement);
+    file.className = std::move(members.firstType);
+    return file;
+}
+
+}  // namespace
+
+CutFile CutJava(std::string_view text, LineProgress& progress) {
+    return CutTypes(text, ParseCopy(text), Grammar::Java, UnitPlacement::Exact, progress);
+}
+
+CutFile CutCSharp(std::string_view text, LineProgress& progress) {
+    std::string parseCopy = ParseCopy(text);
+    BlankCSharpDirectives(parseCopy);
+    return CutTypes(text, parseCopy, Grammar::CSharp, UnitPlacement::WholeLines, progress);
+}
+
+CutFile CutJavaScript(std::string_view text, LineProgress& progress) {
+    ScriptUnits found = FindJavaScriptUnits(text, progress);
+    CutFile file = CutUnits(text, found.units, found.comments, UnitPlacement::Exact);
+    file.problems = std::move(found.problems);
+    return file;
+}
+
+ScriptUnits FindJavaScriptUnits(std::string_view text, LineProgress& progress) {
+    const std::string parseCopy = ParseCopy(text);
+    const ParseResult parsed = ParseSyntax(parseCopy, Grammar::JavaScript, progress);
+    ScriptUnits found;
+    if (parsed.end == ParseEnd::TooTangled) found.problems.emplace_back(kTooTangled);
+    if (parsed.end != ParseEnd::Done) return found;
+    found.units = FindJavaScriptFunctions(parsed.tree.Root(), text);
+    found.comments = CommentsOf(parsed.tree, found.units);
+    return found;
+}
+
+}  // namespace snippetarium
