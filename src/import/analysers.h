@@ -27,7 +27,7 @@ struct SourceText {
 using Analyser =
     std::function<std::optional<CutFile>(const SourceText&, LineProgress&, ImportState&)>;
 
-/// Which analyser reads the files of a kind. A kind without one is reported file by file.
+/// Which analyser reads the files of a kind. Every kind but NotSupported has one.
 using Analysers = std::map<CodeFileKind, Analyser>;
 
 /// Those that the program has.

@@ -182,18 +182,13 @@ bool ImportJob::AnalyseAndStore(Running& running, CodeFileKind kind, const std::
     const TextFile file = DecodeTextFile(files_.ReadFile(JoinPath(running.request.folder, entry)),
                                          running.request.encoding);
     if (file.text.empty()) return true;
-    const auto analyser = analysers_.find(kind);
-    if (analyser == analysers_.end()) {
-        state_.Report(entry + " was not imported: the program cannot cut files of its kind yet.");
-        return false;
-    }
     ReportOddBytes(state_, entry, file);
     LineProgress lines(db_.GetHost(), state_, LineStep(file.text));
     const std::optional<CutFile> cut =
-        analyser->second({.text = file.text, .entry = entry, .kind = kind}, lines, state_);
+        analysers_.at(kind)({.text = file.text, .entry = entry, .kind = kind}, lines, state_);
     if (!cut) return false;
     for (const std::string& problem : cut->problems)
-        state_.Report(problem);
+        state_.Report(entry + ": " + problem);
     if (state_.importCancelled) {
         state_.Report(entry + " was not imported, because the import was cancelled.");
         return false;

@@ -7,6 +7,7 @@
 #include "export/markers.h"
 #include "import/file_kind.h"
 #include "import/header_harvest.h"
+#include "import/markers_in_file.h"
 #include "import/unit_limits.h"
 #include "keywords/keyword_saving.h"
 #include "store/author_links.h"
@@ -146,6 +147,7 @@ UnitStore::ClassAtHand UnitStore::AddNewClass(const CutFile& file, const ClassSo
 StoreResult UnitStore::StoreProcedures(ClassAtHand& stored, const CutFile& file,
                                        const ClassSource& source) {
     UniqueNames names;
+    const MarkersInFile strangers(file, stored.family);
     std::string text;
     std::size_t taken = 0;  // of the file's text
     std::size_t count = 0;
@@ -167,7 +169,9 @@ StoreResult UnitStore::StoreProcedures(ClassAtHand& stored, const CutFile& file,
                           stored.fields.name + ".");
             continue;
         }
-        const std::string name = names.Add(procedure.name);
+        std::string name = names.Add(procedure.name);
+        while (strangers.HasMarkerOf(name))
+            name = names.Add(procedure.name);
         StoreProcedure(stored, procedure, name, ProcedureLanguage(procedure, source.entry));
         text += MarkerText(stored.family, name);
         ++count;

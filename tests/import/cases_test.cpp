@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "import/c_family.h"
+#include "import/script_page.h"
 #include "import/tree_sitter_cutter.h"
 #include "support/text_file.h"
 #include "tests/import/case_dump.h"
@@ -30,6 +32,16 @@ std::string FaultOfBasic(const TextFile& file, test::UndisturbedCut& cut) {
     return test::FaultOfRoundTrip(WithLineEnds(file.text, file.form.lineEnds), cut);
 }
 
+template <CDialect kDialect, UnitPlacement kPlacement>
+CutFile CutC(std::string_view text, LineProgress&) {
+    return CutCFamily(text, kDialect, kPlacement);
+}
+
+template <PageKind kKind>
+CutFile CutPage(std::string_view text, LineProgress& progress) {
+    return CutScriptPage(text, kKind, progress);
+}
+
 struct FileKind {
     std::string_view extension;
     test::BasicCut cut;
@@ -45,6 +57,11 @@ constexpr FileKind kFileKinds[] = {
     {".vbs", CutVbScript, MarkerFamily::VisualBasic, FaultOfBasic},
     {".java", CutJava, MarkerFamily::C, FaultOfReassembly<UnitPlacement::Exact>},
     {".js", CutJavaScript, MarkerFamily::C, FaultOfReassembly<UnitPlacement::Exact>},
+    {".c", CutC<CDialect::C, UnitPlacement::Exact>, MarkerFamily::C, FaultOfReassembly<UnitPlacement::Exact>},
+    {".cpp", CutC<CDialect::Cpp, UnitPlacement::Exact>, MarkerFamily::C, FaultOfReassembly<UnitPlacement::Exact>},
+    {".h", CutC<CDialect::Cpp, UnitPlacement::WholeLines>, MarkerFamily::VisualBasic, FaultOfReassembly<UnitPlacement::WholeLines>},
+    {".asp", CutPage<PageKind::ServerPage>, MarkerFamily::Page, FaultOfReassembly<UnitPlacement::WholeLines>},
+    {".html", CutPage<PageKind::Html>, MarkerFamily::Page, FaultOfReassembly<UnitPlacement::WholeLines>},
     {".cs", CutCSharp, MarkerFamily::VisualBasic, FaultOfReassembly<UnitPlacement::WholeLines>},
 };
 // clang-format on

@@ -76,15 +76,14 @@ TEST_F(ImportJobTest, MovesTheUnitBarByTheLinesOfTheFile) {
     EXPECT_EQ(host_.progress.unitValues, (std::vector<double>{33, 66, 99, 0}));
 }
 
-TEST_F(ImportJobTest, ReportsFilesOfUnknownKindsAndThoseThatNothingCutsYet) {
-    AddFile("a.c", "int x;\n");
-    const ImportOutcome outcome = Import({"a.txt", "a.c"});
+TEST_F(ImportJobTest, ReportsFilesOfUnknownKinds) {
+    const ImportOutcome outcome = Import({"a.txt", "a.rc"});
     EXPECT_EQ(outcome.ending, ImportEnding::WithProblems);
     EXPECT_EQ(outcome.texts.errors,
               "  a.txt was not imported as its extension is not supported.\r\n"
-              "  a.c was not imported: the program cannot cut files of its kind yet.\r\n");
+              "  a.rc was not imported as its extension is not supported.\r\n");
     EXPECT_EQ(outcome.texts.importedFiles, "");
-    EXPECT_EQ(outcome.failedEntries, (Names{"a.txt", "a.c"}));
+    EXPECT_EQ(outcome.failedEntries, (Names{"a.txt", "a.rc"}));
     EXPECT_EQ(host_.progress.totalValues.back(), 99);
 }
 

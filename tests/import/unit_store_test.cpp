@@ -173,6 +173,15 @@ TEST_F(UnitStoreTest, GivesProceduresOfOneNameTheirOwnNamesAndMarkers) {
                                 std::string(255, 'x') + "***");
 }
 
+TEST_F(UnitStoreTest, TakesNoNameWhoseMarkerTheFileHoldsAlready) {
+    Store({.className = "modDraw",
+           .text = "' '***Procedure A()***\r\n",
+           .procedures = {{.name = "A()", .code = "a", .position = 24},
+                          {.name = "B()", .code = "x = \"'***Procedure B()***\"", .position = 24},
+                          {.name = "C()", .code = "/***Procedure C()***/", .position = 24}}});
+    EXPECT_EQ(CodeNames(), (Rows{"A() (2)", "B() (2)", "C()"}));
+}
+
 TEST_F(UnitStoreTest, MarksProceduresAsTheLanguageOfTheFileWantsIt) {
     struct Case {
         std::string entry;
