@@ -15,6 +15,7 @@
 #include "import/tree_sitter_cutter.h"
 #include "support/text_file.h"
 #include "tests/fakes.h"
+#include "tests/import/cut_reassembly.h"
 
 namespace {
 
@@ -64,6 +65,9 @@ void List(const Source& source, const CutFile& file) {
         pass(procedure.code);
         std::printf("%s\t%zu\t%zu\t%s\n", source.name.c_str(), first, line, procedure.name.c_str());
     }
+    const UnitPlacement placement = addsBreak ? UnitPlacement::WholeLines : UnitPlacement::Exact;
+    if (test::Reassemble(file, placement, source.text) != source.text)
+        std::printf("%s\tdiffers\t\twhen it is put together again\n", source.name.c_str());
     for (const std::string& problem : file.problems)
         std::printf("%s\tproblem\t\t%s\n", source.name.c_str(), problem.c_str());
 }

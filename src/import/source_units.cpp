@@ -26,10 +26,11 @@ std::size_t LineStart(std::string_view text, std::size_t position) {
     return before == std::string_view::npos ? 0 : before + 1;
 }
 
+/// Looks back no further than it must: a file may be one long line.
 bool StartsItsLine(std::string_view text, std::size_t position) {
-    const std::size_t start = LineStart(text, position);
-    return std::all_of(text.begin() + static_cast<std::ptrdiff_t>(start),
-                       text.begin() + static_cast<std::ptrdiff_t>(position), IsBlank);
+    while (position > 0 && text[position - 1] != '\n' && IsBlank(text[position - 1]))
+        --position;
+    return position == 0 || text[position - 1] == '\n';
 }
 
 /// Cuts units out of one text, the first one first.
