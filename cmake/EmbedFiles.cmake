@@ -1,18 +1,19 @@
-# Makes text files a part of a program.
+# Makes files a part of a program.
 #
-#   snippetarium_embed(OUTPUT NAME.cpp FOLDER dir FILES file...)
+#   snippetarium_embed(OUTPUT NAME.cpp FUNCTION name FOLDER dir FILES file...)
 #
-# adds the rule that writes OUTPUT, in the build folder: a C++ source that defines
-# snippetarium::EmbeddedFiles() with the FILES, named below FOLDER. The source is written anew when
-# one of them changes. This file is also the script that the rule runs.
+# adds the rule that writes OUTPUT, in the build folder: a C++ source that defines the function
+# snippetarium::name() with the FILES, named below FOLDER. The source is written anew when one of
+# them changes. This file is also the script that the rule runs.
 
 function(snippetarium_embed)
-    cmake_parse_arguments(PARSE_ARGV 0 arg "" "OUTPUT;FOLDER" "FILES")
+    cmake_parse_arguments(PARSE_ARGV 0 arg "" "OUTPUT;FUNCTION;FOLDER" "FILES")
     list(TRANSFORM arg_FILES PREPEND "${arg_FOLDER}/" OUTPUT_VARIABLE paths)
     list(JOIN arg_FILES "," names)
     add_custom_command(
         OUTPUT ${arg_OUTPUT}
-        COMMAND ${CMAKE_COMMAND} -D OUTPUT=${arg_OUTPUT} -D FOLDER=${arg_FOLDER} -D NAMES=${names}
+        COMMAND ${CMAKE_COMMAND} -D OUTPUT=${arg_OUTPUT} -D FUNCTION=${arg_FUNCTION}
+                -D FOLDER=${arg_FOLDER} -D NAMES=${names}
                 -P ${PROJECT_SOURCE_DIR}/cmake/EmbedFiles.cmake
         DEPENDS ${paths} ${PROJECT_SOURCE_DIR}/cmake/EmbedFiles.cmake
         COMMENT "Writing ${arg_OUTPUT}"
@@ -28,19 +29,20 @@ string(REPLACE "," ";" names "${NAMES}")
 list(LENGTH names count)
 set(entries "")
 foreach(name IN LISTS names)
-    file(READ "${FOLDER}/${name}" text)
-    string(FIND "${text}" ")embedded\"" delimiter)
-    if(NOT delimiter EQUAL -1)
-        message(FATAL_ERROR "${name} holds the text that ends a literal; choose another delimiter.")
-    endif()
-    string(APPEND entries "    EmbeddedFile{\"${name}\", R\"embedded(${text})embedded\"},\n")
+    # Byte by byte, so that no encoding and no line end is changed on the way.
+    file(READ "${FOLDER}/${name}" bytes HEX)
+    string(LENGTH "${bytes}" digits)
+    math(EXPR size "${digits} / 2")
+    string(REGEX REPLACE "(..)" "\\\\x\\1" literal "${bytes}")
+    string(APPEND entries "    EmbeddedFile{\"${name}\", {\"${literal}\", ${size}}},\n")
 endforeach()
 file(WRITE "${OUTPUT}" "\
 // Written by cmake/EmbedFiles.cmake. Change the files under data/ instead.
 
-#include \"store/embedded_files.h\"
+#include \"support/embedded_file.h\"
 
 #include <array>
+#include <span>
 
 namespace snippetarium {
 
@@ -51,7 +53,7 @@ ${entries}};
 
 }  // namespace
 
-std::span<const EmbeddedFile> EmbeddedFiles() {
+std::span<const EmbeddedFile> ${FUNCTION}() {
     return kFiles;
 }
 

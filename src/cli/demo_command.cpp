@@ -3,16 +3,19 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <ostream>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "cli/command_context.h"
-#include "cli/demo_sample.h"
-#include "cli/query_output.h"
 #include "cli/run_command_line.h"
+#include "cli/sample_sources.h"
 #include "store/program_folder.h"
+#include "support/disk_file_system.h"
 #include "support/error.h"
+#include "support/node_key.h"
+#include "support/paths.h"
 
 namespace snippetarium {
 
@@ -20,23 +23,28 @@ namespace {
 
 // clang-format off
 constexpr CommandExample kExamples[] = {
-    {"demo", "Makes the sample and shows a first round of commands on it."},
+    {"demo", "Imports the samples, looks at them, and exports them again."},
 };
 // clang-format on
 
-constexpr std::string_view kSearch =
-    "SELECT a.appName, a.appID, cls.classID, cls.className, cd.codeID, cd.codeName FROM "
-    "(tblApplication a INNER JOIN tblClass cls ON a.appID = cls.appID) INNER JOIN tblCode cd ON "
-    "cls.classID = cd.classID WHERE cd.Code LIKE '%mod 400%' OR cls.classDI LIKE '%mod 400%';";
+/// A procedure of the samples that is worth reading.
+constexpr std::string_view kShownProcedure =
+    "SELECT codeID FROM tblCode WHERE codeName LIKE "
+    "'IsLeapYear%'";
 
 std::string MakeTemporaryFolder() {
     std::string name =
         (std::filesystem::temp_directory_path() / "snippetarium-demo-XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr) {
         throw Error(error_number::kPermissionDenied,
-                    "No folder for the sample can be made like '" + name + "'.");
+                    "No folder for the samples can be made like '" + name + "'.");
     }
     return name;
+}
+
+/// The folder of a sample's path that names its project.
+std::string ProjectOf(const EmbeddedFile& file) {
+    return std::string(file.path.substr(0, file.path.find('/')));
 }
 
 /// Runs the demonstration's steps on a catalogue of its own and tells what it does. Each command is
@@ -44,18 +52,21 @@ std::string MakeTemporaryFolder() {
 class Demonstration {
   public:
     explicit Demonstration(CommandContext& context)
-        : context_(context), output_(context.WantsJson() ? hidden_ : context.Output()) {}
+        : context_(context), output_(context.WantsJson() ? hidden_ : context.Output()) {
+        for (const EmbeddedFile& file : SampleSources())
+            projects_.insert(ProjectOf(file));
+    }
 
     void Run() {
-        output_ << "A sample catalogue, in a folder of its own:\n\n"
-                << "$ export SNIPPETARIUM_FOLDER='" << folder_ << "'\n";
+        WriteSources();
+        output_ << "$ export SNIPPETARIUM_FOLDER='" << folder_ << "'\n";
         RunCommand({"new"});
-        Fill();
+        for (const std::string& project : projects_)
+            RunCommand({"import", Sources(project), "--subfolders", "--every-kind"});
         RunCommand({"tree"});
-        RunCommand({"query", "qryAuthorsRSByOwner", "2", "1"});
-        RunCommand({"query", "qryClassWithCodeCountByAppID", "2"});
-        Search();
-        RunCommand({"compact"});
+        RunCommand({"show", ShownKey()});
+        ExportAll();
+        Compare();
         RunCommand({"check"});
         SayWhatIsNext();
     }
@@ -64,11 +75,29 @@ class Demonstration {
         Json document;
         document["folder"] = folder_;
         document["commands"] = commands_;
-        document["found"] = found_;
+        document["files"] = SampleSources().size();
         return document;
     }
 
   private:
+    std::string Sources(std::string_view path) const {
+        return folder_ + "/sources/" + std::string(path);
+    }
+    std::string Exported(std::string_view path) const {
+        return folder_ + "/export/" + std::string(path);
+    }
+
+    void WriteSources() {
+        DiskFileSystem files;
+        for (const EmbeddedFile& file : SampleSources()) {
+            files.MakeFolders(ParentFolder(Sources(file.path)));
+            files.WriteFile(Sources(file.path), file.text);
+        }
+        output_ << projects_.size()
+                << " small projects, in the languages that can be imported, lie in " << Sources("")
+                << "\n\n";
+    }
+
     void RunCommand(const std::vector<std::string>& words) {
         std::string line(kProgramName);
         for (const std::string& word : words)
@@ -85,25 +114,51 @@ class Demonstration {
         output_ << "\n";
     }
 
-    void Fill() {
-        Database db(context_.GetHost(), CatalogueProviders(), folder_);
-        db.Open();
-        const std::size_t count = AddDemoSample(db);
-        CloseCatalogue(db);
-        output_ << "(" << count << " statements fill it: an application with its classes, "
-                << "procedures, keywords, authors and dates.)\n\n";
-    }
-
-    void Search() {
+    /// Runs the body on the catalogue, opened for reading.
+    template <typename Body>
+    void Read(Body body) const {
         Database db(context_.GetHost(), CatalogueProviders(), folder_);
         db.SetMode(AccessMode::Read);
         db.Open();
-        output_ << "A search of the code for 'mod 400' runs this statement:\n" << kSearch << "\n\n";
-        Recordset topics = db.GetConnection().ExecuteSearch(kSearch);
-        found_ = topics.RowCount();
-        PrintRows(output_, std::move(topics));
+        body(db);
         CloseCatalogue(db);
-        output_ << "\n";
+    }
+
+    std::string ShownKey() const {
+        std::string key;
+        Read([&](Database& db) {
+            const std::int32_t codeID = ScalarLong(db, kShownProcedure);
+            const std::string code = std::to_string(codeID);
+            const std::int32_t classID =
+                ScalarLong(db, "SELECT classID FROM tblCode WHERE codeID = " + code);
+            const std::int32_t appID = ScalarLong(
+                db, "SELECT appID FROM tblClass WHERE classID = " + std::to_string(classID));
+            key = ProcedureNodeKey({appID, classID, codeID});
+        });
+        return key;
+    }
+
+    /// Each project is an application that bears its folder's name.
+    void ExportAll() {
+        for (const std::string& project : projects_) {
+            std::int32_t appID = 0;
+            Read([&](Database& db) {
+                appID = ScalarLong(
+                    db, "SELECT appID FROM tblApplication WHERE appName = '" + project + "'");
+            });
+            RunCommand({"export", ApplicationNodeKey(appID), Exported(project)});
+        }
+    }
+
+    void Compare() const {
+        const DiskFileSystem files;
+        for (const EmbeddedFile& file : SampleSources()) {
+            if (files.ReadFile(Exported(file.path)) == file.text) continue;
+            throw Error(error_number::kInternal,
+                        "The export of '" + std::string(file.path) + "' is not what was imported.");
+        }
+        output_ << "The export equals the samples: " << SampleSources().size()
+                << " files, byte for byte.\n\n";
     }
 
     void SayWhatIsNext() {
@@ -111,8 +166,8 @@ class Demonstration {
             FindProgramFolderSources({}).executableFolder + "/" + std::string(kProgramName);
         output_ << "The catalogue stays in " << folder_ << " until you delete it. To go on:\n\n"
                 << "  export SNIPPETARIUM_FOLDER='" << folder_ << "'\n"
+                << "  " << program << " import YOUR-SOURCES --subfolders\n"
                 << "  " << program << " tree --depth 1\n"
-                << "  " << program << " --json query qryCodeByID 1\n"
                 << "  " << program << " --help\n";
     }
 
@@ -120,8 +175,8 @@ class Demonstration {
     std::ostringstream hidden_;
     std::ostream& output_;
     std::string folder_ = MakeTemporaryFolder();
+    std::set<std::string> projects_;
     std::vector<std::string> commands_;
-    std::size_t found_ = 0;
 };
 
 void Run(CommandContext& context) {
@@ -134,11 +189,11 @@ void Run(CommandContext& context) {
 
 constexpr CliCommand kDemoCommand = {
     .name = "demo",
-    .summary = "make a small sample catalogue and show what can be done with it",
+    .summary = "import sample sources into a new catalogue and export them again",
     .description =
-        "Makes a catalogue in a new temporary folder, fills it with a small application, and runs "
-        "a first round of commands on it. The catalogue stays, so that you can go on with it; "
-        "your own is not touched.",
+        "Makes a catalogue in a new temporary folder, imports small projects in every language "
+        "into it, shows what became of them, exports them, and compares the export with the "
+        "samples. The catalogue stays, so that you can go on with it; your own is not touched.",
     .arguments = {},
     .options = {},
     .examples = kExamples,

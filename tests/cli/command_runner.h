@@ -9,9 +9,9 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/demo_sample.h"
 #include "cli/run_command_line.h"
 #include "store/database.h"
+#include "tests/cli/sample_catalogue.h"
 #include "tests/fakes.h"
 #include "tests/temporary_folder.h"
 
@@ -52,7 +52,7 @@ class CommandTest : public ::testing::Test {
     /// A catalogue with the sample of the demonstration: application 2 with the classes 2 and 3.
     void MakeSample() const {
         MakeCatalogue();
-        Change([](Database& db) { AddDemoSample(db); });
+        Change([](Database& db) { AddSampleCatalogue(db); });
     }
     /// Changes the catalogue as another program would, between two runs of this one.
     void Change(const std::function<void(Database&)>& change) const {

@@ -84,9 +84,9 @@ TEST_F(ProgramTest, DemonstratesItselfOnACatalogueOfItsOwn) {
     saved.empty() ? unsetenv("TMPDIR") : setenv("TMPDIR", saved.c_str(), 1);
 
     EXPECT_EQ(shown.status, kDone) << shown.error;
-    EXPECT_NE(shown.output.find("a2f2c1  IsLeapYear"), std::string::npos);
+    EXPECT_NE(shown.output.find("The export equals the samples"), std::string::npos);
     auto document = DocumentOf(json);
-    EXPECT_EQ(document["found"], 1);
+    EXPECT_GT(document["files"], 10);
     EXPECT_EQ(RunProgram({"--folder", document["folder"], "check"}).status, kDone);
 }
 

@@ -1,4 +1,4 @@
-#include "cli/demo_sample.h"
+#include "tests/cli/sample_catalogue.h"
 
 #include <iterator>
 #include <string>
@@ -109,7 +109,7 @@ std::string WithCrLf(std::string_view text) {
 
 }  // namespace
 
-std::size_t AddDemoSample(Database& db) {
+std::size_t AddSampleCatalogue(Database& db) {
     for (const std::string_view statement : kStatements)
         ExecuteSQL(db, WithCrLf(statement));
     return std::size(kStatements);
