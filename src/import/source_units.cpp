@@ -80,7 +80,10 @@ class UnitCutter {
 
     /// From the start of the comment's first line, without the line break that export adds.
     TextRange WholeLines(const TextRange& comment) const {
-        if (comment.begin == comment.end) return comment;
+        const std::string_view above = text_.substr(0, comment.end);
+        if (comment.begin == comment.end || !above.ends_with(kLineBreak)) {
+            return {comment.end, comment.end};
+        }
         return {LineStart(text_, comment.begin), comment.end - kLineBreak.size()};
     }
 
