@@ -178,18 +178,24 @@ class MacroMasker {
     /// FOO_API type name(      FOO(x) type name(
     void LookBeforeDeclaration(const Use& use) {
         if (!live_.IsWord(use.next)) return;
-        const std::string_view next = live_.Text(use.next);
-        if (use.hasArguments || IsOneOf(next, kBuiltInTypes) || IsOneOf(next, kSpecifiers) ||
-            IsOneOf(next, kAlwaysMasked) || IsOneOf(next, kMaskedWithList)) {
-            Mask(use.name, use.last);
-        } else if (live_.IsWord(use.next + 1) && LooksLikeMacro(next) &&
-                   live_.Is(use.next + 2, '(')) {
-            // BOOL CALLBACK Dialog(: the first is the type.
+        if (!use.hasArguments && IsMacroBehindType(use.next)) {
             Mask(use.next, use.next);
-        } else if (IsConstructor(use.next) || live_.IsWord(use.next + 1) ||
-                   live_.IsScope(use.next + 1) || live_.IsAnyOf(use.next + 1, "<*&")) {
+        } else if (use.hasArguments || StartsDeclaration(use.next)) {
             Mask(use.name, use.last);
         }
+    }
+
+    /// BOOL CALLBACK Dialog(: the first is the type.
+    bool IsMacroBehindType(std::size_t i) const {
+        return LooksLikeMacro(live_.Text(i)) && live_.IsWord(i + 1) && live_.Is(i + 2, '(') &&
+               !IsOneOf(live_.Text(i), kAlwaysMasked) && !IsOneOf(live_.Text(i), kMaskedWithList);
+    }
+
+    bool StartsDeclaration(std::size_t i) const {
+        const std::string_view word = live_.Text(i);
+        return IsOneOf(word, kBuiltInTypes) || IsOneOf(word, kSpecifiers) ||
+               IsOneOf(word, kAlwaysMasked) || IsOneOf(word, kMaskedWithList) || IsConstructor(i) ||
+               live_.IsWord(i + 1) || live_.IsScope(i + 1) || live_.IsAnyOf(i + 1, "<*&");
     }
 
     bool IsConstructor(std::size_t i) const {
