@@ -9,16 +9,6 @@
 namespace snippetarium::test {
 namespace {
 
-constexpr Owner Application(std::int32_t id) {
-    return {OwnerKind::Application, id};
-}
-constexpr Owner Class(std::int32_t id) {
-    return {OwnerKind::Class, id};
-}
-constexpr Owner Code(std::int32_t id) {
-    return {OwnerKind::Procedure, id};
-}
-
 /// Every kind, with and without a marker in its class's text, and what is only emptied.
 constexpr Owner kOwners[] = {Code(1),  Code(2),        Code(3),        Code(5),       Code(7),
                              Code(8),  Class(2),       Class(3),       Class(4),      Class(1),
@@ -251,33 +241,6 @@ TEST_F(Trash, JoinsAClassAndItsApplicationInWhateverOrderTheyComeBack) {
     }
 }
 
-TEST_F(Trash, PutsAMarkerWhereItWasAlsoWhenTheTextHasChanged) {
-    Delete(Code(1));
-    db_.GetConnection().RunScript(
-        "UPDATE tblClass SET classDI = replace(classDI, 'int end', 'long end') WHERE classID = 2");
-    RestoreNewest();
-    EXPECT_EQ(Field("SELECT classDI FROM tblClass WHERE classID = 2"),
-              "int top;\r\n/***Procedure Draw()***/\r\nint middle;\r\n/***Procedure "
-              "it's***/\r\nlong end;");
-}
-
-TEST_F(Trash, MarksAProcedureByTheNameAndInTheClassThatItComesBackTo) {
-    Delete(Code(1));
-    db_.GetConnection().RunScript("INSERT INTO tblCode(codeName, classID) VALUES ('Draw()', 2)");
-    RestoreNewest();
-    EXPECT_NE(Field("SELECT classDI FROM tblClass WHERE classID = 2")
-                  .find("int top;\r\n/***Procedure Draw() (2)***/\r\nint middle;"),
-              std::string::npos);
-
-    Delete(Code(8));
-    db_.GetConnection().RunScript(
-        "DELETE FROM tblClass WHERE classID = 6;"
-        "INSERT INTO tblClass(className, appID, languageID, classDI) VALUES ('Loose', 1, 1, 'x')");
-    RestoreNewest();
-    EXPECT_EQ(Field("SELECT classDI FROM tblClass WHERE className = 'Loose'"),
-              "x\r\n'***Procedure Loosen***\r\n");
-}
-
 TEST_F(Trash, BringsBackWholeWhatADeletionThatWasCutShortHasLeft) {
     const Rows before = Dump();
     db_.Close();
@@ -340,70 +303,6 @@ TEST_F(Trash, ThatCannotBeBroughtBackStaysWhole) {
     }
     RestoreNewest();
     EXPECT_EQ(DifferenceTo(before), "");
-}
-
-TEST_F(Trash, TellsItsEntriesTheNewestFirst) {
-    Delete(Code(1));
-    host_.clock.Advance(std::chrono::hours(24));
-    Delete(Application(2));
-    EXPECT_EQ(KeepInTrash(db_, Code(77)), 0) << "there is none";
-    const std::vector<TrashEntry> entries = ListTrash(db_);
-    ASSERT_EQ(entries.size(), 2U);
-    EXPECT_EQ(entries[0].name, "Paint");
-    EXPECT_EQ(entries[0].owner.kind, OwnerKind::Application);
-    EXPECT_EQ(entries[0].classCount, 3);
-    EXPECT_EQ(entries[0].codeCount, 4);
-    EXPECT_EQ(entries[0].deletedOn.substr(0, 10), "2024-05-18");
-    EXPECT_EQ(KeptUntil(entries[0]), "2024-06-17");
-    EXPECT_EQ(entries[1].name, "Draw()");
-    EXPECT_EQ(entries[1].className, "grid.cpp");
-    EXPECT_EQ(entries[1].appName, "Paint");
-    EXPECT_EQ(entries[1].codeCount, 1);
-
-    RestoreFromTrash(db_, 99);
-    EXPECT_NE(TakeBox().text.find("no entry 99 in the trash"), std::string::npos);
-}
-
-TEST_F(Trash, KeepsADeletionForThirtyDays) {
-    constexpr std::chrono::hours kDay(24);
-    Delete(Code(1));
-    host_.clock.Advance(30 * kDay);
-    Delete(Code(2));
-    EXPECT_EQ(ListTrash(db_).size(), 2U);
-    db_.Close();
-    OpenCatalogue(db_);
-    EXPECT_EQ(ListTrash(db_).size(), 2U);
-
-    host_.clock.Advance(std::chrono::seconds(1));
-    db_.Close();
-    db_.SetMode(AccessMode::Read);
-    OpenCatalogue(db_);
-    EXPECT_EQ(ListTrash(db_).size(), 2U) << "who only reads removes nothing";
-    db_.Close();
-    db_.SetMode(AccessMode::ReadWrite);
-    OpenCatalogue(db_);
-    ASSERT_EQ(ListTrash(db_).size(), 1U);
-    EXPECT_EQ(ListTrash(db_).front().name, "it's");
-
-    host_.clock.Advance(30 * kDay);
-    Delete(Code(3));
-    ASSERT_EQ(ListTrash(db_).size(), 1U);
-    EXPECT_EQ(ListTrash(db_).front().name, "Draw");
-    EXPECT_TRUE(CheckCatalogue(db_).IsSound());
-}
-
-TEST_F(Trash, IsEmptiedByAge) {
-    for (const std::int32_t codeID : {1, 2, 3}) {
-        Delete(Code(codeID));
-        host_.clock.Advance(std::chrono::hours(24));
-    }
-    EXPECT_EQ(EmptyTrash(db_, std::chrono::days(4)), 0);
-    EXPECT_EQ(EmptyTrash(db_, std::chrono::days(2)), 2);
-    EXPECT_EQ(ListTrash(db_).front().name, "Draw");
-    EXPECT_EQ(EmptyTrash(db_), 1);
-    ExpectEmptyTrash();
-    Delete(Code(5));
-    EXPECT_EQ(ListTrash(db_).front().trashID, 4) << "no number means two deletions";
 }
 
 }  // namespace
