@@ -2,7 +2,8 @@
 -- its deletion removes.
 --
 -- [kind] and [owner] say which it is, [deletedOn] is the time of day, [hasMarker] whether the
--- procedure has a marker in its class's text, and [entry] leads to the entry made here.
+-- procedure has a marker in its class's text, [limit] how many characters of that its column takes,
+-- and [entry] leads to the entry made here.
 
 INSERT INTO tblTrash(deletedOn, kind, ownerID, name, appID, appName, namesakes, classCount, codeCount)
 SELECT [deletedOn], [kind], a.appID, a.appName, a.appID, a.appName,
@@ -30,7 +31,10 @@ SELECT [deletedOn], [kind], d.codeID, d.codeName, c.appID, a.appName, d.classID,
      WHERE x.classID = d.classID AND x.codeName = d.codeName AND x.codeID <> d.codeID),
     0,
     1,
-    CASE WHEN [hasMarker] THEN c.classDI END
+    CASE WHEN [hasMarker] THEN c.classDI || CASE WHEN length(c.classDI) = [limit]
+        THEN coalesce((SELECT o.text FROM tblOverlong o
+            WHERE o.ownerID = c.classID AND o.ownerTableID = 2 AND o.part = 'classDI'), '')
+        ELSE '' END END
 FROM tblCode d LEFT JOIN tblClass c ON c.classID = d.classID
     LEFT JOIN tblApplication a ON a.appID = c.appID
 WHERE [kind] = 3 AND d.codeID = [owner];

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <string_view>
 
 #include "support/node_key.h"
@@ -12,10 +11,6 @@ class Database;
 // What a person may enter, whatever the field belongs to. Each function returns whether the entry
 // is good, and where it is not has told the user why. Names have rules of their own besides
 // (store/name_rules.h).
-
-/// What a column of long texts takes, in characters. An import cuts what is longer and keeps the
-/// rest beside it; what a person enters is never cut.
-inline constexpr std::size_t kLongTextLimit = 64'000;
 
 /// Tells the user why an entry is refused. Returns false.
 bool RefuseEntry(Database& db, std::string_view message);

@@ -20,7 +20,7 @@ constexpr std::string_view kTaken = "The language you specified already exists."
 
 /// Another language than `languageID` may not have the name.
 bool MayHaveName(Database& db, std::int32_t languageID, std::string_view name) {
-    if (TrimBlanks(name).empty()) return RefuseEntry(db, kEmpty);
+    if (name.empty()) return RefuseEntry(db, kEmpty);
     if (!IsOneLine(db, name)) return false;
     if (CharacterCount(name) > kShortTextLimit) return RefuseEntry(db, kTooLong);
     const std::int32_t holder = LanguageID(db, name);
@@ -30,13 +30,16 @@ bool MayHaveName(Database& db, std::int32_t languageID, std::string_view name) {
 }  // namespace
 
 bool AddLanguage(Database& db, std::string_view name) {
-    return Guarded(db.Reporter(), Procedure::AddLanguage,
-                   [&] { return MayHaveName(db, 0, name) && SaveLanguage(db, name, 0) != 0; });
+    return Guarded(db.Reporter(), Procedure::AddLanguage, [&] {
+        const std::string_view trimmed = TrimBlanks(name);
+        return MayHaveName(db, 0, trimmed) && SaveLanguage(db, trimmed, 0) != 0;
+    });
 }
 
 bool RenameLanguage(Database& db, std::int32_t languageID, std::string_view name) {
     return Guarded(db.Reporter(), Procedure::RenameLanguage, [&] {
-        return MayHaveName(db, languageID, name) && SaveLanguage(db, name, languageID) != 0;
+        const std::string_view trimmed = TrimBlanks(name);
+        return MayHaveName(db, languageID, trimmed) && SaveLanguage(db, trimmed, languageID) != 0;
     });
 }
 

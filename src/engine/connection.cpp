@@ -1,5 +1,7 @@
 #include "engine/connection.h"
 
+#include <utility>
+
 #include "engine/connection_string.h"
 #include "engine/engine_error.h"
 
@@ -11,6 +13,13 @@ void Connection::Open() {
     }
     const ConnectionStringParts parts = ParseConnectionString(connectionString_);
     session_ = providers_.Open(parts.provider, {parts.dataSource, mode_, versions_});
+    writeMode_ = WriteMode::EachStatement;
+}
+
+void Connection::SetWriteMode(WriteMode mode) {
+    Session& session = OpenSession();
+    writeMode_ = mode;
+    session.SetWriteMode(mode);
 }
 
 Session& Connection::OpenSession() const {
@@ -22,12 +31,13 @@ Session& Connection::OpenSession() const {
     return *session_;
 }
 
-BulkWriting::BulkWriting(Connection& connection) : connection_(connection) {
-    connection_.SetWriteMode(WriteMode::Bulk);
+BulkWriting::BulkWriting(Connection& connection)
+    : connection_(connection), isDone_(connection.GetWriteMode() == WriteMode::Bulk) {
+    if (!isDone_) connection_.SetWriteMode(WriteMode::Bulk);
 }
 
 BulkWriting::~BulkWriting() {
-    if (isFinished_ || !connection_.IsOpen()) return;
+    if (isDone_ || !connection_.IsOpen()) return;
     try {
         connection_.SetWriteMode(WriteMode::EachStatement);
     } catch (const EngineError&) {
@@ -37,7 +47,7 @@ BulkWriting::~BulkWriting() {
 }
 
 void BulkWriting::Finish() {
-    isFinished_ = true;
+    if (std::exchange(isDone_, true)) return;
     connection_.SetWriteMode(WriteMode::EachStatement);
 }
 

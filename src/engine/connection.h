@@ -46,7 +46,8 @@ class Connection {
     std::int64_t ExecuteAction(std::string_view text) { return OpenSession().Act(text); }
     void RunScript(std::string_view script) { OpenSession().RunScript(script); }
     std::int32_t UserVersion() { return OpenSession().UserVersion(); }
-    void SetWriteMode(WriteMode mode) { OpenSession().SetWriteMode(mode); }
+    void SetWriteMode(WriteMode mode);
+    WriteMode GetWriteMode() const { return writeMode_; }
     void Checkpoint() { OpenSession().Checkpoint(); }
     void SetCancelPoll(const CancelPoll* poll) { OpenSession().SetCancelPoll(poll); }
 
@@ -59,11 +60,15 @@ class Connection {
     AccessMode mode_ = AccessMode::ReadWrite;
     FileVersions versions_;
     std::unique_ptr<Session> session_;
+    WriteMode writeMode_ = WriteMode::EachStatement;
 };
 
 /// Bulk writing on a connection. Finish makes safe what was written and goes back to the mode for
 /// single edits. An object that dies unfinished, because the job failed, does the same but tells of
 /// no failure: what could not be made safe then is so with the next single edit.
+///
+/// One that is made while another is at work, by a job within a job, leaves all that to the outer
+/// one, which must outlive it.
 class BulkWriting {
   public:
     explicit BulkWriting(Connection& connection);
@@ -74,7 +79,8 @@ class BulkWriting {
 
   private:
     Connection& connection_;
-    bool isFinished_ = false;
+    /// The job is over, or the mode is another's to end.
+    bool isDone_ = false;
 };
 
 }  // namespace snippetarium

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "store/reads_source_files.h"
+#include "store/sql_text.h"
 #include "support/utf8.h"
 
 namespace snippetarium {
@@ -43,7 +44,7 @@ std::string WholeTexts::Whole(const StoredText& stored, Remarks& remarks) const 
     std::string text(stored.text);
     const auto rest = rests_.find({stored.owner.kind, stored.owner.id, std::string(stored.part)});
     if (rest == rests_.end()) return text;
-    if (CharacterCount(text) == kTextLimit) return text += rest->second;
+    if (CharacterCount(text) == kLongTextLimit) return text += rest->second;
     remarks.push_back("The " + Name(stored) +
                       " was too long for the catalogue and has been changed since: the " +
                       std::to_string(CharacterCount(rest->second)) +

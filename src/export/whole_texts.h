@@ -13,10 +13,6 @@ namespace snippetarium {
 
 class Database;
 
-/// What a text column of the catalogue takes, in characters. Import cuts what is longer and keeps
-/// the rest beside it.
-inline constexpr std::size_t kTextLimit = 64000;
-
 /// Sentences for the report.
 using Remarks = std::vector<std::string>;
 

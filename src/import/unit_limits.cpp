@@ -11,13 +11,12 @@ namespace snippetarium {
 
 namespace {
 
-constexpr std::size_t kUnitTextLimit = 64000;
 constexpr std::string_view kIsTooLong = " is too long (over 64,000 characters) in the ";
 
 }  // namespace
 
 std::string_view WithinUnitLimit(std::string_view text) {
-    return CutToCharacters(text, kUnitTextLimit);
+    return CutToCharacters(text, kLongTextLimit);
 }
 
 void KeepRest(Database& db, const Owner& owner, std::string_view column, std::string_view text) {

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
+#include "store/class_text.h"
 #include "store/database.h"
 #include "store/owner.h"
 #include "store/reads_classes.h"
 #include "store/reads_languages.h"
 #include "store/reads_procedures.h"
-#include "store/reads_source_files.h"
 #include "store/sql_text.h"
 #include "support/guard.h"
 #include "support/utf8.h"
@@ -16,62 +16,29 @@ namespace snippetarium {
 
 namespace {
 
-/// What the column of a class's text takes, in characters. An import keeps what is behind it in
-/// tblOverlong, and export puts it back as long as the text has this very length.
-constexpr std::size_t kTextLimit = 64'000;
-
 /// A class's text, and by what its markers are told apart.
 struct MarkedClass {
-    std::int32_t classID = 0;
-    /// With the rest that its column does not take.
-    std::string text = {};
-    bool hasRest = false;
-    MarkedProcedures procedures = {};
+    ClassText stored;
+    MarkedProcedures procedures;
 
+    const std::string& Text() const { return stored.text; }
     auto Bearing(std::string_view codeName) const {
         return std::ranges::count(procedures.codeNames, codeName);
     }
 };
 
 MarkedClass ReadClass(Database& db, std::int32_t classID) {
-    MarkedClass marked{classID, ClassDIByClassID(db, classID), false,
-                       MarkedProceduresOf(db, classID)};
-    if (CharacterCount(marked.text) != kTextLimit) return marked;
-    for (Recordset row = OverlongTextsOfClass(db, classID); !row.EndOfFile(); row.MoveNext()) {
-        if (row["ownerTableID"].Long() != static_cast<std::int32_t>(OwnerKind::Class)) continue;
-        if (row["part"].TextView() != "classDI") continue;
-        marked.text += row["text"].TextView();
-        marked.hasRest = true;
-    }
-    return marked;
+    return {ReadClassText(db, classID), MarkedProceduresOf(db, classID)};
 }
 
-void WriteText(Database& db, const MarkedClass& marked, const std::string& text) {
-    if (text == marked.text) return;
-    const std::string_view stored =
-        marked.hasRest ? CutToCharacters(text, kTextLimit) : std::string_view(text);
-    const std::string column =
-        Sql("UPDATE tblClass SET classDI = ", SqlText(stored), " WHERE classID = ", marked.classID);
-    if (!marked.hasRest) {
-        ExecuteSQL(db, column);
-        return;
-    }
-    const std::string_view rest = std::string_view(text).substr(stored.size());
-    const std::string ofClass =
-        Sql(" WHERE ownerID = ", marked.classID, " AND ownerTableID = ", OwnerKind::Class,
-            " AND part = 'classDI'");
-    const std::string side = rest.empty()
-                                 ? Sql("DELETE FROM tblOverlong", ofClass)
-                                 : Sql("UPDATE tblOverlong SET text = ", SqlText(rest), ofClass);
-    // Where the program ends between the two, characters stand in both and not in neither.
-    const bool isLonger = text.size() > marked.text.size();
-    ExecuteSQL(db, isLonger ? side : column);
-    ExecuteSQL(db, isLonger ? column : side);
+void WriteText(Database& db, const MarkedClass& marked, std::string_view text) {
+    for (const std::string& statement : ClassTextStatements(marked.stored, text))
+        ExecuteSQL(db, statement);
 }
 
 /// Takes the markers of a procedure that is gone from the class, or is about to go.
 void TakeOut(Database& db, const MarkedClass& marked, std::string_view codeName) {
-    WriteText(db, marked, RemoveMarker(marked.text, marked.procedures, codeName));
+    WriteText(db, marked, RemoveMarker(marked.Text(), marked.procedures, codeName));
 }
 
 }  // namespace
@@ -89,7 +56,7 @@ void AddMarker(Database& db, std::int32_t codeID) {
         if (code.EndOfFile() || code["classID"].Long() == kUndefinedClassID) return;
         const MarkedClass marked = ReadClass(db, code["classID"].Long());
         WriteText(db, marked,
-                  AppendMarker(marked.text, marked.procedures, code["codeName"].TextView()));
+                  AppendMarker(marked.Text(), marked.procedures, code["codeName"].TextView()));
     });
 }
 
@@ -99,11 +66,11 @@ void RenameMarker(Database& db, std::int32_t classID, std::string_view oldName,
         const std::string_view before = CutToCharacters(oldName, kNameLimit);
         const std::string_view now = CutToCharacters(newName, kNameLimit);
         const MarkedClass marked = ReadClass(db, classID);
-        if (before == now || !HasMarker(marked.text, marked.procedures, before)) return;
+        if (before == now || !HasMarker(marked.Text(), marked.procedures, before)) return;
         const bool isShared = marked.Bearing(before) > 0;
         WriteText(db, marked,
-                  isShared ? AppendMarker(marked.text, marked.procedures, now)
-                           : RenameMarker(marked.text, marked.procedures, before, now));
+                  isShared ? AppendMarker(marked.Text(), marked.procedures, now)
+                           : RenameMarker(marked.Text(), marked.procedures, before, now));
     });
 }
 

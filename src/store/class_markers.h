@@ -18,9 +18,9 @@ class Database;
 // rule, two procedures of a class have the same name, they share their marker, and it stays for the
 // one when the other is renamed or leaves.
 //
-// What an import cut off a long text counts as a part of it, and markers are found there too. A
-// class's text that does not change is not written. Without the class or procedure nothing
-// happens.
+// What a column does not take of a long text counts as a part of it, and markers are found there
+// too (store/class_text.h). A class's text that does not change is not written. Without the class
+// or procedure nothing happens.
 
 /// The family of a class's markers and the names of its procedures. A class that does not exist has
 /// none.

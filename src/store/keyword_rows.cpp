@@ -47,6 +47,16 @@ constexpr OwnerTable TableOf(OwnerKind kind) {
     return {"tblCode", "codeID"};
 }
 
+/// Gives all keywords of one search word the other in its place.
+void ReplaceSearchWord(Database& db, SearchWordChange change) {
+    Recordset link = db.GetConnection().Execute(
+        Sql("SELECT keywordID FROM tblKeyword_link_searchWord WHERE searchWordID = ",
+            change.oldSearchWordID));
+    for (; !link.EndOfFile(); link.MoveNext())
+        RelinkSearchWord(db, link["keywordID"].Long(), change);
+    DeleteSearchWord(db, change.oldSearchWordID);
+}
+
 }  // namespace
 
 std::int32_t AddKeyword(Database& db, std::string_view keyword, std::int32_t separatorID) {
@@ -127,7 +137,13 @@ void LinkSearchWord(Database& db, std::int32_t keywordID, std::int32_t searchWor
 
 void RenameSearchWord(Database& db, std::int32_t searchWordID, std::string_view word) {
     Guarded(db.Reporter(), Procedure::RenameSearchWord, [&] {
-        ExecuteSQL(db, Sql("UPDATE tblSearchWord SET searchWord = ", SqlSearchWord(word),
+        const std::string text = SqlSearchWord(word);
+        const std::int32_t holder = FindSearchWord(db, word);
+        if (holder != 0 && holder != searchWordID) {
+            ReplaceSearchWord(db, {.oldSearchWordID = searchWordID, .newSearchWordID = holder});
+            return;
+        }
+        ExecuteSQL(db, Sql("UPDATE tblSearchWord SET searchWord = ", text,
                            " WHERE searchWordID = ", searchWordID, ";"));
     });
 }

@@ -44,8 +44,8 @@ std::int32_t FindSearchWord(Database& db, std::string_view word);
 std::int32_t AddSearchWord(Database& db, std::string_view word);
 /// Does nothing where the link is there already.
 void LinkSearchWord(Database& db, std::int32_t keywordID, std::int32_t searchWordID);
-/// Whether another row has that word already is for the caller to ask (FindSearchWord): two rows of
-/// one word would both stand in the index.
+/// Where another row has that word already, the two become that one with the keywords of both: two
+/// rows of one word would both stand in the index.
 void RenameSearchWord(Database& db, std::int32_t searchWordID, std::string_view word);
 
 /// The two search words of a link that is moved from one to the other.

@@ -17,6 +17,10 @@ namespace snippetarium {
 /// (Parameter::Text255, Text50), so that it is found.
 inline constexpr std::size_t kNameLimit = 255;
 inline constexpr std::size_t kShortTextLimit = 50;
+/// What a column of long texts takes: code, the text of a class, comments. What a person enters is
+/// never cut to it but refused; an import cuts what is longer and keeps the rest in tblOverlong,
+/// which belongs to the text as long as that has this very length.
+inline constexpr std::size_t kLongTextLimit = 64'000;
 
 /// The text as an SQL literal: "it's" gives "'it''s'".
 std::string SqlText(std::string_view text);

@@ -1,4 +1,5 @@
 #include "store/class_markers.h"
+#include "store/class_text.h"
 #include "store/database.h"
 #include "store/sql_text.h"
 #include "store/trash_entry.h"
@@ -29,11 +30,10 @@ bool Exists(Database& db, const Owner& owner) {
 bool HasMarkerInItsClass(Database& db, const Owner& owner) {
     if (owner.kind != OwnerKind::Procedure) return false;
     const Recordset row = db.GetConnection().Execute(
-        Sql("SELECT d.codeName, c.classID, c.classDI FROM tblCode d INNER JOIN tblClass c ON "
-            "d.classID = c.classID WHERE d.codeID = ",
-            owner.id));
-    return !row.EndOfFile() &&
-           HasMarker(row["classDI"].Text(), MarkedProceduresOf(db, row["classID"].Long()),
+        Sql("SELECT codeName, classID FROM tblCode WHERE codeID = ", owner.id));
+    if (row.EndOfFile()) return false;
+    const std::int32_t classID = row["classID"].Long();
+    return HasMarker(ReadClassText(db, classID).text, MarkedProceduresOf(db, classID),
                      row["codeName"].Text());
 }
 
@@ -49,6 +49,7 @@ std::int32_t KeepInTrash(Database& db, const Owner& owner) {
                                      {"owner", Sql(owner.id)},
                                      {"deletedOn", SqlText(TrashTimeText(now))},
                                      {"hasMarker", HasMarkerInItsClass(db, owner) ? "1" : "0"},
+                                     {"limit", std::to_string(kLongTextLimit)},
                                      {"entry", std::string(kNewestEntry)}}));
         const Recordset newest = db.GetConnection().Execute("SELECT max(trashID) FROM tblTrash");
         return newest[std::size_t{0}].Long();

@@ -72,9 +72,11 @@ class Renaming {
         Recordset row = db_.GetConnection().Execute(ClashesSql(level_, entry_, namesakes));
         for (; !row.EndOfFile(); row.MoveNext()) {
             const std::string old = row["name"].Text();
-            names.push_back({{level_.kind, row["id"].Long()},
-                             old,
-                             FreeName(old, row["oldParent"].Long(), row["newParent"].Long())});
+            const std::int32_t parentID = row["newParent"].Long();
+            names.push_back({.owner = {level_.kind, row["id"].Long()},
+                             .parentID = parentID,
+                             .oldName = old,
+                             .name = FreeName(old, row["oldParent"].Long(), parentID)});
         }
     }
 

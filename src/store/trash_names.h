@@ -12,6 +12,8 @@ namespace snippetarium {
 /// Something of an entry whose name was given to another one, beside which it comes back.
 struct NewName {
     Owner owner;  ///< by its ID in the entry
+    /// What it comes back into; 0 for an application.
+    std::int32_t parentID = 0;
     std::string oldName;
     std::string name;  ///< "Draw (2)"
 };

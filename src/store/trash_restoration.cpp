@@ -1,8 +1,11 @@
 #include <algorithm>
+#include <iterator>
+#include <map>
 
 #include "store/class_markers.h"
+#include "store/class_text.h"
 #include "store/database.h"
-#include "store/reads_classes.h"
+#include "store/job_progress.h"
 #include "store/sql_text.h"
 #include "store/trash_entry.h"
 #include "store/trash_ids.h"
@@ -21,6 +24,10 @@ namespace {
 // renamed, while it is still in the trash, copies the rows, puts the marker back, and removes the
 // entry.
 
+/// Of the time that a large entry takes, what has gone by before its one transaction begins. How
+/// far that is cannot be seen from here.
+constexpr double kShareOfNumbering = 0.2;
+
 /// The name that the entry comes back under.
 std::string NameOf(const TrashEntry& entry, const std::vector<NewName>& names) {
     const auto renamed = std::ranges::find_if(names, [&](const NewName& candidate) {
@@ -35,23 +42,49 @@ std::string NewApplicationScript(const TrashEntry& entry, const TrashPlace& plac
                SqlText(entry.appName), ");\n");
 }
 
-/// Puts the marker of a procedure that had one back into the text of its class.
+std::string TextScript(const ClassText& stored, std::string_view text) {
+    std::string script;
+    for (const std::string& statement : ClassTextStatements(stored, text))
+        script += statement + ";\n";
+    return script;
+}
+
+/// Puts the marker of a procedure back into the text of its class. One that had none stays without
+/// it where it was; what is new to a class, or bears a new name, always gets one.
 std::string MarkerScript(Database& db, const TrashEntry& entry, const TrashPlace& place,
                          std::string_view newName) {
-    if (entry.owner.kind != OwnerKind::Procedure || place.classID == kUndefinedClassID) return {};
+    if (place.classID == kUndefinedClassID) return {};
     const Recordset kept = db.GetConnection().Execute(
         Sql("SELECT classText FROM tblTrash WHERE trashID = ", entry.trashID));
-    if (kept["classText"].IsNull()) return {};
     const bool isItsClass = place.classID == entry.classID;
-    const std::string now = ClassDIByClassID(db, place.classID);
-    const std::string text =
-        PutMarkersBack(now, MarkedProceduresOf(db, place.classID),
-                       {.codeName = entry.name,
-                        .newName = newName,
-                        .textBefore = isItsClass ? kept["classText"].TextView() : ""});
-    if (text == now) return {};
-    return Sql("UPDATE tblClass SET classDI = ", SqlText(text), " WHERE classID = ", place.classID,
-               ";\n");
+    if (kept["classText"].IsNull() && isItsClass && newName == entry.name) return {};
+    const ClassText now = ReadClassText(db, place.classID);
+    return TextScript(
+        now, PutMarkersBack(now.text, MarkedProceduresOf(db, place.classID),
+                            {.codeName = entry.name,
+                             .newName = newName,
+                             .textBefore = isItsClass ? kept["classText"].TextView() : ""}));
+}
+
+/// Gives markers to the procedures that come back under new names into a class that is there: their
+/// old ones are another's now.
+std::string NewNamesMarkerScript(Database& db, const std::vector<NewName>& names) {
+    std::map<std::int32_t, std::vector<std::string>> ofClasses;
+    for (const NewName& renamed : names) {
+        if (renamed.owner.kind == OwnerKind::Procedure && renamed.parentID != kUndefinedClassID)
+            ofClasses[renamed.parentID].push_back(renamed.name);
+    }
+    std::string script;
+    for (const auto& [classID, codeNames] : ofClasses) {
+        MarkedProcedures procedures = MarkedProceduresOf(db, classID);
+        std::ranges::copy(codeNames, std::back_inserter(procedures.codeNames));
+        const ClassText now = ReadClassText(db, classID);
+        std::string text = now.text;
+        for (const std::string& codeName : codeNames)
+            text = AppendMarker(text, procedures, codeName);
+        script += TextScript(now, text);
+    }
+    return script;
 }
 
 /// The names of the class and the application in which the entry is now.
@@ -79,18 +112,26 @@ Recordset ReadWhere(Database& db, const Owner& owner) {
 
 TrashReturn RestoreFromTrash(Database& db, std::int32_t trashID) {
     return Guarded(db.Reporter(), Procedure::RestoreFromTrash, [&] {
+        JobProgress progress(db.GetHost(), "Restoring", JobProgress::Cancelling::Impossible);
         const TrashEntry entry = ReadTrashEntry(db, trashID);
+        progress.SetStage("Restoring " + entry.name);
+        progress.Show(0.0);
         const TrashPlace place = FindTrashPlace(db, entry);
         db.GetConnection().RunScript(NumberingScript(entry, place));
         const std::vector<NewName> names = FindNewNames(db, entry, place);
+        progress.Show(kShareOfNumbering);
 
         TrashReturn returned;
         returned.owner = {entry.owner.kind, ReadNewID(db, entry)};
         returned.name = NameOf(entry, names);
-        db.GetConnection().RunScript(
-            RenamingScript(entry, names) + NewApplicationScript(entry, place) +
-            TrashScript("restore.sql", {{"entry", Sql(trashID)}}) +
-            MarkerScript(db, entry, place, returned.name) + ForgetNumberingScript());
+        db.GetConnection().RunScript(RenamingScript(entry, names) +
+                                     NewApplicationScript(entry, place) +
+                                     TrashScript("restore.sql", {{"entry", Sql(trashID)}}) +
+                                     (entry.owner.kind == OwnerKind::Procedure
+                                          ? MarkerScript(db, entry, place, returned.name)
+                                          : NewNamesMarkerScript(db, names)) +
+                                     ForgetNumberingScript());
+        progress.Show(1.0);
         if (const Recordset where = ReadWhere(db, returned.owner); !where.EndOfFile()) {
             returned.appName = where["appName"].Text();
             returned.className = where["className"].Text();

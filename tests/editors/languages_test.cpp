@@ -19,7 +19,7 @@ class LanguagesTest : public EditorsFixture {
 
 TEST_F(LanguagesTest, HaveNamesOfTheirOwn) {
     ExpectNothingButTheMessage(AddLanguage(db_, " "), "Please enter a language.");
-    ExpectNothingButTheMessage(AddLanguage(db_, "JAVA"),
+    ExpectNothingButTheMessage(AddLanguage(db_, " JAVA "),
                                "The language you specified already exists.");
     ExpectNothingButTheMessage(RenameLanguage(db_, 2, "c"),
                                "The language you specified already exists.");
@@ -28,7 +28,7 @@ TEST_F(LanguagesTest, HaveNamesOfTheirOwn) {
     ExpectNothingButTheMessage(
         AddLanguage(db_, "a\tb"),
         "A name cannot hold a line break, a tab or another control character.");
-    EXPECT_TRUE(RenameLanguage(db_, 2, "JAVA"));
+    EXPECT_TRUE(RenameLanguage(db_, 2, " JAVA"));
     EXPECT_EQ(LanguageByID(db_, 2), "JAVA");
     EXPECT_TRUE(AddLanguage(db_, std::string(50, 'x')));
     EXPECT_FALSE(RenameLanguage(db_, 99, "Nothing"));

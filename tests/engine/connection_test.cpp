@@ -181,6 +181,27 @@ TEST(Connection, EmptiesItsLogWhenBulkWritingEndsHoweverItEnds) {
     EXPECT_EQ(logSize(), 0U);
 }
 
+TEST(Connection, GoesOnWritingInBulkWhenAJobWithinAJobEnds) {
+    TestCatalogue catalogue;
+    const auto logSize = [&] { return std::filesystem::file_size(catalogue.Path() + "-wal"); };
+    const auto insert = [&] {
+        catalogue.connection.ExecuteAction("INSERT INTO tblCode (codeName) VALUES ('bulk')");
+    };
+    BulkWriting outer(catalogue.connection);
+    insert();
+    {
+        BulkWriting inner(catalogue.connection);
+        insert();
+        inner.Finish();
+    }
+    { const BulkWriting fails(catalogue.connection); }
+    EXPECT_EQ(catalogue.connection.GetWriteMode(), WriteMode::Bulk);
+    EXPECT_GT(logSize(), 0U) << "nothing was made safe before the outer job's end";
+    outer.Finish();
+    EXPECT_EQ(catalogue.connection.GetWriteMode(), WriteMode::EachStatement);
+    EXPECT_EQ(logSize(), 0U);
+}
+
 TEST(Connection, KilledAtAnyMomentKeepsEveryFinishedStatement) {
     for (const WriteMode mode : {WriteMode::EachStatement, WriteMode::Bulk}) {
         TestCatalogue catalogue;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "export/expand.h"
+#include "store/sql_text.h"
 #include "support/text_file.h"
 #include "support/utf8.h"
 #include "tests/export/export_fixture.h"
@@ -138,14 +139,14 @@ struct CutText {
 };
 
 CutText Cut(const std::string& text) {
-    const std::string stored(CutToCharacters(text, kTextLimit));
+    const std::string stored(CutToCharacters(text, kLongTextLimit));
     return {stored, text.substr(stored.size())};
 }
 
 TEST_F(WriterTest, AppendsWhatTheColumnsCouldNotTake) {
     const std::string umlauts = [] {
         std::string text;
-        for (std::size_t i = 0; i < kTextLimit - 3; ++i)
+        for (std::size_t i = 0; i < kLongTextLimit - 3; ++i)
             text += "\xC3\xA4";
         return text;
     }();
@@ -177,7 +178,7 @@ TEST_F(WriterTest, LeavesOutTheRestOfATextThatWasChangedAndSaysSo) {
     const std::int32_t classID = MakeClass(
         {.name = "Grid", .declarations = "/***Procedure f***/", .comment = "//", .languageID = kC});
     const std::int32_t codeID = AddCode(db_, {.name = "f",
-                                              .code = std::string(kTextLimit + 1, 'x'),
+                                              .code = std::string(kLongTextLimit + 1, 'x'),
                                               .classID = classID,
                                               .comment = "c"});
     AddRest({OwnerKind::Class, classID}, "classDI", "\xC3\xA4\xC3\xA4");
@@ -185,7 +186,7 @@ TEST_F(WriterTest, LeavesOutTheRestOfATextThatWasChangedAndSaysSo) {
     AddRest({OwnerKind::Procedure, codeID}, "code", "22");
     AddRest({OwnerKind::Procedure, codeID}, "codeComment", "333");
     const Remarks remarks = Put(classID, "f.c");
-    EXPECT_TRUE(Read("f.c") == "//\r\nc" + std::string(kTextLimit + 1, 'x') + "\r\n");
+    EXPECT_TRUE(Read("f.c") == "//\r\nc" + std::string(kLongTextLimit + 1, 'x') + "\r\n");
     ASSERT_EQ(remarks.size(), 4U);
     EXPECT_EQ(remarks[0],
               "The class 'Grid' was too long for the catalogue and has been changed since: the 2 "

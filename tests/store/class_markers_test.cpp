@@ -1,6 +1,7 @@
 #include "store/class_markers.h"
 
 #include "store/reads_classes.h"
+#include "store/sql_text.h"
 #include "store/writes_classes.h"
 #include "store/writes_codes.h"
 #include "tests/store/write_fixture.h"
@@ -168,6 +169,21 @@ TEST_F(ClassMarkers, OfATextThatIsTooLongForItsColumnMayStandInWhatWasCutOff) {
     TakeMarkerOut(db_, fill);
     EXPECT_EQ(Text(classID), middle + "0123456789abcdef");
     EXPECT_EQ(Select("SELECT * FROM tblOverlong"), Rows()) << "the column takes all of it";
+}
+
+TEST_F(ClassMarkers, ThatMakeATextTooLongForItsColumnPutItsEndBesideIt) {
+    const std::string text(63'990, 'x');
+    const std::int32_t classID = Class(kCpp, text);
+    db_.GetConnection().RunScript(
+        Sql("INSERT INTO tblOverlong VALUES (", classID, ", 2, 'classDI', 'of a text long gone')"));
+    const auto rest = [&] { return Select("SELECT text FROM tblOverlong"); };
+    const std::int32_t draw = Code(classID, "Draw");
+    AddMarker(db_, draw);
+    EXPECT_EQ(Text(classID), text + "\r\n/***Proc");
+    EXPECT_EQ(rest(), Rows{"edure Draw***/"});
+    TakeMarkerOut(db_, draw);
+    EXPECT_EQ(Text(classID), text + "\r\n");
+    EXPECT_EQ(rest(), Rows());
 }
 
 TEST_F(ClassMarkers, AreInBothClassesAndNotInNeitherWhenAMoveFails) {

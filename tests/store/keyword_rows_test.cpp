@@ -117,6 +117,19 @@ TEST_F(KeywordRowsTest, LinkAKeywordOnceToAWordThatTakesAnothersPlace) {
     EXPECT_EQ(Count("tblKeyword_link_searchWord"), 2) << "keyword 6 keeps its link";
 }
 
+TEST_F(KeywordRowsTest, BecomeOneSearchWordWhenOneIsRenamedToAnother) {
+    const std::string_view both[] = {"gird", "grid"};
+    LinkKeywordSearchWords(db_, 5, both);
+    LinkSearchWord(db_, 6, 1);
+    RenameSearchWord(db_, 1, "GIRD");
+    EXPECT_EQ(Word(1), "GIRD") << "letter case alone is no other word";
+    RenameSearchWord(db_, 1, "Grid");
+    EXPECT_EQ(Word(2), "grid");
+    EXPECT_EQ(Count("tblSearchWord"), 1);
+    EXPECT_EQ(Count("tblKeyword_link_searchWord WHERE searchWordID = 2"), 2);
+    EXPECT_EQ(Count("tblKeyword_link_searchWord"), 2);
+}
+
 TEST_F(KeywordRowsTest, OfSearchWordsAreDeletedByTheirTextTogetherWithTheirLinks) {
     const std::string_view linked[] = {"Grid", "don't", "form"};
     LinkKeywordSearchWords(db_, 5, linked);

@@ -65,6 +65,16 @@ inline constexpr std::string_view kDumpQueries[] = {
 };
 // clang-format on
 
+constexpr Owner Application(std::int32_t id) {
+    return {OwnerKind::Application, id};
+}
+constexpr Owner Class(std::int32_t id) {
+    return {OwnerKind::Class, id};
+}
+constexpr Owner Code(std::int32_t id) {
+    return {OwnerKind::Procedure, id};
+}
+
 class TrashFixture : public OpenCatalogueFixture {
   protected:
     TrashFixture() { db_.GetConnection().RunScript(kTrashSample); }
