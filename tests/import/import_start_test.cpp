@@ -64,6 +64,25 @@ TEST_F(ImportStartTest, WithoutANameGoesToTheUndefinedApplicationAndAsksNothingM
     EXPECT_EQ(state_.overwriteChoice, OverwriteChoice::None);
 }
 
+TEST_F(ImportStartTest, WithoutANameTakesAnAnswerThatWasGiven) {
+    texts_ = {.application = "", .applicationPath = "/p", .language = "C"};
+    struct Case {
+        StandardAnswer answer;
+        bool mayStart;
+        OverwriteChoice choice;
+    };
+    for (const Case& test : {Case{StandardAnswer::Yes, true, OverwriteChoice::Yes},
+                             Case{StandardAnswer::No, true, OverwriteChoice::No},
+                             Case{StandardAnswer::Cancel, false, OverwriteChoice::None}}) {
+        const ImportStart start = StartImport(
+            db_, state_, texts_, 1, {.supplyName = StandardAnswer::No, .overwrite = test.answer});
+        EXPECT_EQ(start.mayStart, test.mayStart);
+        EXPECT_EQ(start.appID, test.mayStart ? 1 : 0);
+        EXPECT_EQ(state_.overwriteChoice, test.choice);
+    }
+    EXPECT_TRUE(host_.messages.shown.empty());
+}
+
 TEST_F(ImportStartTest, AddsAnApplicationThatIsNewWithItsPathInTheCataloguesForm) {
     texts_ = {.application = "Ann's", .applicationPath = "/home/ann/Paint", .language = "C"};
     const ImportStart start = Start();
