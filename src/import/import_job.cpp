@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <iterator>
 #include <utility>
 
 #include "engine/engine_error.h"
@@ -135,14 +136,19 @@ ImportOutcome ImportJob::RunToEnd(const ImportRequest& request) {
 void ImportJob::ImportEntries(Running& running) {
     Progress& progress = db_.GetHost().progress;
     const ImportWindow window(db_.GetHost(), state_, kImportTexts);
-    const double step = 99.0 / static_cast<double>(running.request.entries.size());
-    for (const std::string& entry : running.request.entries) {
-        if (!ImportEntry(running, entry)) running.failedEntries.push_back(entry);
+    const std::vector<std::string>& entries = running.request.entries;
+    std::vector<std::string>& failed = running.failedEntries;
+    const double step = 99.0 / static_cast<double>(entries.size());
+    for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+        if (!ImportEntry(running, *entry)) failed.push_back(*entry);
         progress.SetUnit(0);
         progress.SetTotal(progress.Total() + step);
         db_.GetHost().events.Yield();
         MakeSafe(running);
-        if (state_.importCancelled || running.catalogueFailed) return;
+        if (state_.importCancelled || running.catalogueFailed) {
+            failed.insert(failed.end(), std::next(entry), entries.end());
+            return;
+        }
     }
 }
 

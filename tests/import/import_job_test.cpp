@@ -143,6 +143,7 @@ TEST_F(ImportJobTest, StopsBehindTheFileWhereItIsCancelled) {
     const ImportOutcome outcome = Import({"a.bas", "b.bas"});
     EXPECT_EQ(outcome.ending, ImportEnding::Cancelled);
     EXPECT_EQ(outcome.texts.importedFiles, "  a.bas\r\n");
+    EXPECT_EQ(outcome.failedEntries, Names{"b.bas"});
     EXPECT_EQ(TakeBox().title, "Import Code File");
     EXPECT_EQ(Select("SELECT count(classID) FROM tblClass"), (Rows{"2"}));
 
@@ -277,7 +278,7 @@ TEST_F(ImportJobTest, EndsWhereTheCatalogueItselfFails) {
     });
     const ImportOutcome outcome = Import({"a.bas", "b.bas"});
     EXPECT_EQ(outcome.ending, ImportEnding::Failed);
-    EXPECT_EQ(outcome.failedEntries, (Names{"a.bas"}));
+    EXPECT_EQ(outcome.failedEntries, (Names{"a.bas", "b.bas"}));
     EXPECT_FALSE(host_.messages.shown.empty());
     host_.messages.shown.clear();
 }
