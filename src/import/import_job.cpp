@@ -84,6 +84,12 @@ struct ImportJob::Running {
     std::chrono::steady_clock::time_point lastCheckpoint;
     std::vector<std::string> failedEntries = {};
     bool catalogueFailed = false;
+    /// A part of the file at hand may be in the catalogue.
+    bool isStoring = false;
+
+    std::string NotImported(const std::string& entry) const {
+        return entry + (isStoring ? " was not imported to its end" : " was not imported");
+    }
 };
 
 ImportJob::ImportJob(Database& db, const FileSystem& files, ImportState& state,
@@ -169,16 +175,16 @@ bool ImportJob::ImportEntry(Running& running, const std::string& entry) {
 }
 
 bool ImportJob::ImportCodeFile(Running& running, CodeFileKind kind, const std::string& entry) {
-    const std::string notImported = entry + " was not imported to its end";
+    running.isStoring = false;
     return GuardedStage(db_.Reporter(), Procedure::ImportCodeFile, [&] {
         try {
             return AnalyseAndStore(running, kind, entry);
         } catch (const Error& error) {
-            state_.Report(notImported + ": " + error.Description());
+            state_.Report(running.NotImported(entry) + ": " + error.Description());
             running.catalogueFailed = ConcernsAllFiles(error);
             return false;
         } catch (...) {
-            state_.Report(notImported + ".");
+            state_.Report(running.NotImported(entry) + ".");
             throw;
         }
     });
@@ -199,6 +205,7 @@ bool ImportJob::AnalyseAndStore(Running& running, CodeFileKind kind, const std::
         state_.Report(entry + " was not imported, because the import was cancelled.");
         return false;
     }
+    running.isStoring = true;
     const StoreResult result = running.store.Store(*cut, {.entry = entry, .form = file.form});
     return result == StoreResult::Stored || result == StoreResult::LeftAlone;
 }

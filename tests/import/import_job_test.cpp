@@ -103,11 +103,10 @@ TEST_F(ImportJobTest, GoesOnAfterAFileThatCannotBeRead) {
     const ImportOutcome outcome = Import({"a.bas", "gone.bas", "b.bas"});
     EXPECT_EQ(outcome.ending, ImportEnding::WithProblems);
     EXPECT_TRUE(
-        outcome.texts.errors.starts_with("  a.bas was not imported to its end: The file "
+        outcome.texts.errors.starts_with("  a.bas was not imported: The file "
                                          "'/home/ann/Paint/a.bas' cannot be read:"))
         << outcome.texts.errors;
-    EXPECT_NE(outcome.texts.errors.find("  gone.bas was not imported to its end: "),
-              std::string::npos);
+    EXPECT_NE(outcome.texts.errors.find("  gone.bas was not imported: "), std::string::npos);
     EXPECT_EQ(outcome.texts.importedFiles, "  b.bas\r\n");
     EXPECT_EQ(outcome.failedEntries, (Names{"a.bas", "gone.bas"}));
 }
