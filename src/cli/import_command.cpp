@@ -1,6 +1,7 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <ostream>
+#include <set>
 #include <string>
 
 #include "cli/command_context.h"
@@ -69,14 +70,36 @@ std::string NamedEntry(const std::string& name) {
     return ToCataloguePath(path.string());
 }
 
+/// The named entries in their order, each once: a file that is stored twice would be two classes.
+std::vector<std::string> NamedEntries(const Arguments& given) {
+    std::vector<std::string> entries;
+    std::set<std::string> known;
+    for (const std::string& name : given.All(kEntry)) {
+        std::string entry = NamedEntry(name);
+        if (known.insert(entry).second) entries.push_back(std::move(entry));
+    }
+    return entries;
+}
+
+/// The folder's whole path, the same for "sub", "sub/" and "sub/.": the catalogue knows an
+/// application by it.
+std::string SourceFolder(const Arguments& given, const FileSystem& files) {
+    const std::string name = *given.Value(kFolder);
+    if (!files.FolderExists(name))
+        throw Error(error_number::kPathNotFound, "There is no folder '" + name + "'.");
+    std::filesystem::path folder =
+        std::filesystem::absolute(ToPlatformPath(name)).lexically_normal();
+    if (!folder.has_filename()) folder = folder.parent_path();
+    return folder.string();
+}
+
 ImportList ListFiles(CommandContext& context, Database& db, ImportState& state,
                      const FileSystem& files) {
     const Arguments& given = context.Given();
     ImportList list;
-    list.folder = std::filesystem::absolute(*given.Value(kFolder)).lexically_normal().string();
+    list.folder = SourceFolder(given, files);
     if (given.Has(kEntry)) {
-        for (const std::string& name : given.All(kEntry))
-            list.entries.push_back(NamedEntry(name));
+        list.entries = NamedEntries(given);
         return list;
     }
     ImportSelection selection(db, files, state,
@@ -172,7 +195,7 @@ void Print(CommandContext& context, Database& db, const ImportOutcome& outcome,
                              {"notImported", outcome.failedEntries}});
     } else if (!outcome.texts.errors.empty()) {
         context.Output() << TerminalText(ImportReportText(outcome.texts));
-    } else {
+    } else if (!outcome.texts.importedFiles.empty()) {
         context.Output() << "The following files were successfully imported:\n\n"
                          << TerminalText(outcome.texts.importedFiles);
     }
@@ -187,7 +210,11 @@ void Run(CommandContext& context) {
     ImportList list = ListFiles(context, db, state, files);
     const ImportTexts texts = TextsFor(context.Given(), db, list);
     const ImportStart start = StartImport(db, state, texts, list.entries.size(), answers);
-    if (!start.mayStart) throw Error(error_number::kInvalidCall, "Nothing was imported.");
+    if (!start.mayStart) {
+        const bool lacksLanguage = start.focus == ImportControl::Language;
+        throw Error(error_number::kInvalidCall, std::string("Nothing was imported.") +
+                                                    (lacksLanguage ? " Add --language." : ""));
+    }
 
     const NoiseWords noise = LoadNoiseWords(db);
     const ImportOutcome outcome =

@@ -53,6 +53,8 @@ class ApplicationJob {
         JobProgress progress(db_.GetHost(), kCaption, JobProgress::Cancelling::Possible);
         Recordset row = ClassIDNameRSByAppID(db_, request_.appID);
         const auto count = static_cast<double>(row.RowCount());
+        // Where this fails, every class would fail in the same words.
+        if (!row.EndOfFile()) files_.MakeFolders(request_.destinationFolder);
         for (double done = 1; !row.EndOfFile(); row.MoveNext(), ++done) {
             progress.SetStage(row["className"].Text());
             if (!TryToExport(row["classID"].Long(), row["className"].Text())) return false;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <iterator>
 #include <utility>
 
 #include "engine/engine_error.h"
@@ -83,6 +84,12 @@ struct ImportJob::Running {
     std::chrono::steady_clock::time_point lastCheckpoint;
     std::vector<std::string> failedEntries = {};
     bool catalogueFailed = false;
+    /// A part of the file at hand may be in the catalogue.
+    bool isStoring = false;
+
+    std::string NotImported(const std::string& entry) const {
+        return entry + (isStoring ? " was not imported to its end" : " was not imported");
+    }
 };
 
 ImportJob::ImportJob(Database& db, const FileSystem& files, ImportState& state,
@@ -135,14 +142,19 @@ ImportOutcome ImportJob::RunToEnd(const ImportRequest& request) {
 void ImportJob::ImportEntries(Running& running) {
     Progress& progress = db_.GetHost().progress;
     const ImportWindow window(db_.GetHost(), state_, kImportTexts);
-    const double step = 99.0 / static_cast<double>(running.request.entries.size());
-    for (const std::string& entry : running.request.entries) {
-        if (!ImportEntry(running, entry)) running.failedEntries.push_back(entry);
+    const std::vector<std::string>& entries = running.request.entries;
+    std::vector<std::string>& failed = running.failedEntries;
+    const double step = 99.0 / static_cast<double>(entries.size());
+    for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+        if (!ImportEntry(running, *entry)) failed.push_back(*entry);
         progress.SetUnit(0);
         progress.SetTotal(progress.Total() + step);
         db_.GetHost().events.Yield();
         MakeSafe(running);
-        if (state_.importCancelled || running.catalogueFailed) return;
+        if (state_.importCancelled || running.catalogueFailed) {
+            failed.insert(failed.end(), std::next(entry), entries.end());
+            return;
+        }
     }
 }
 
@@ -163,16 +175,16 @@ bool ImportJob::ImportEntry(Running& running, const std::string& entry) {
 }
 
 bool ImportJob::ImportCodeFile(Running& running, CodeFileKind kind, const std::string& entry) {
-    const std::string notImported = entry + " was not imported to its end";
+    running.isStoring = false;
     return GuardedStage(db_.Reporter(), Procedure::ImportCodeFile, [&] {
         try {
             return AnalyseAndStore(running, kind, entry);
         } catch (const Error& error) {
-            state_.Report(notImported + ": " + error.Description());
+            state_.Report(running.NotImported(entry) + ": " + error.Description());
             running.catalogueFailed = ConcernsAllFiles(error);
             return false;
         } catch (...) {
-            state_.Report(notImported + ".");
+            state_.Report(running.NotImported(entry) + ".");
             throw;
         }
     });
@@ -193,6 +205,7 @@ bool ImportJob::AnalyseAndStore(Running& running, CodeFileKind kind, const std::
         state_.Report(entry + " was not imported, because the import was cancelled.");
         return false;
     }
+    running.isStoring = true;
     const StoreResult result = running.store.Store(*cut, {.entry = entry, .form = file.form});
     return result == StoreResult::Stored || result == StoreResult::LeftAlone;
 }

@@ -45,8 +45,8 @@ struct ImportOutcome {
     std::string time = {};
     /// What the report is made of (ImportReportText).
     JobTexts texts = {};
-    /// The entries of which nothing, or not all, is in the catalogue now. One that was left alone,
-    /// because its class is to be kept, is none of them.
+    /// The entries of which nothing, or not all, is in the catalogue now, those too that the job
+    /// stopped before. One that was left alone, because its class is to be kept, is none of them.
     std::vector<std::string> failedEntries = {};
 };
 

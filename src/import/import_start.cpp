@@ -44,11 +44,21 @@ std::optional<Refusal> FindRefusal(const ImportTexts& texts, std::size_t fileCou
     return std::nullopt;
 }
 
-ImportStart StartWithoutName(Database& db, const ImportAnswers& answers) {
+ImportStart StartInExisting(ImportState& state, std::int32_t appID, StandardAnswer overwrite) {
+    if (overwrite == StandardAnswer::Cancel) return {};
+    state.overwriteChoice =
+        overwrite == StandardAnswer::Yes ? OverwriteChoice::Yes : OverwriteChoice::No;
+    return {.mayStart = true, .appID = appID};
+}
+
+/// Here nobody is asked what to overwrite, but an answer that was given counts.
+ImportStart StartWithoutName(Database& db, ImportState& state, const ImportAnswers& answers) {
     const StandardAnswer answer =
         answers.supplyName ? *answers.supplyName
                            : AskYesNo(db.GetHost().messages, kNoNameQuestion, kQuestionTitle);
     if (answer == StandardAnswer::Yes) return {.focus = ImportControl::Application};
+    if (answers.overwrite)
+        return StartInExisting(state, kUndefinedApplicationID, *answers.overwrite);
     return {.mayStart = true, .appID = kUndefinedApplicationID};
 }
 
@@ -71,12 +81,9 @@ ImportStart StartWithName(Database& db, ImportState& state, const ImportTexts& t
         return {.mayStart = true,
                 .appID = AddApplication(db, {.name = texts.application, .path = path})};
     }
-    const StandardAnswer answer =
-        answers.overwrite ? *answers.overwrite : AskToOverwrite(db, texts.application);
-    if (answer == StandardAnswer::Cancel) return {};
-    state.overwriteChoice =
-        answer == StandardAnswer::Yes ? OverwriteChoice::Yes : OverwriteChoice::No;
-    return {.mayStart = true, .appID = appID};
+    return StartInExisting(
+        state, appID,
+        answers.overwrite ? *answers.overwrite : AskToOverwrite(db, texts.application));
 }
 
 }  // namespace
@@ -89,7 +96,7 @@ ImportStart StartImport(Database& db, ImportState& state, const ImportTexts& tex
             ShowInformation(db.GetHost().messages, refusal->message, kInformationTitle);
             return {.focus = refusal->focus};
         }
-        if (IsBlank(texts.application)) return StartWithoutName(db, answers);
+        if (IsBlank(texts.application)) return StartWithoutName(db, state, answers);
         return StartWithName(db, state, texts, answers);
     });
 }

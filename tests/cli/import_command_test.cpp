@@ -63,9 +63,27 @@ TEST_F(ImportCommandTest, ImportsSubfoldersAndNamedEntries) {
     EXPECT_NE(Tree().find("Other  (2 classes)"), std::string::npos);
 }
 
+TEST_F(ImportCommandTest, TakesAFileOnceHoweverOftenAndInWhateverFormItIsNamed) {
+    EXPECT_EQ(Import({"Draw.bas", "./Draw.bas", "sub/../Draw.bas", "Draw.bas"}).output,
+              "The following files were successfully imported:\n\n  Draw.bas\n");
+    EXPECT_NE(Tree().find("Paint  (1 class)"), std::string::npos) << Tree();
+}
+
+TEST_F(ImportCommandTest, KnowsAFolderHoweverItIsWritten) {
+    Import({"--application", "Other"});
+    for (const std::string_view end : {"/", "/.", "/sub/..", "//"}) {
+        const std::string folder = Sources() + std::string(end);
+        EXPECT_EQ(Run({"import", folder, "--existing", "new"}).status, kDone);
+    }
+    EXPECT_NE(Tree().find("a2  Other  (1 class)"), std::string::npos) << Tree();
+    EXPECT_EQ(Tree().find("a3"), std::string::npos) << Tree();
+}
+
 TEST_F(ImportCommandTest, PutsClassesUnderNoApplicationWhereTheNameIsEmpty) {
     EXPECT_EQ(Import({"--application", ""}).status, kDone);
     EXPECT_NE(Tree().find("a1f2  modDraw"), std::string::npos) << Tree();
+    EXPECT_EQ(Import({"--application", "", "--existing", "overwrite"}).status, kDone);
+    EXPECT_NE(Tree().find("a1f3  modDraw"), std::string::npos) << Tree();
 }
 
 TEST_F(ImportCommandTest, DoesWithAnExistingApplicationWhatTheOptionsSay) {
@@ -125,13 +143,19 @@ TEST_F(ImportCommandTest, RefusesWhatMakesNoSense) {
         {{"/etc/Draw.bas"}, kWrongUsage, "is no file below the folder"},
         {{"."}, kWrongUsage, "is no file below the folder"},
         {{"Draw.bas", "--language", " "}, kFailed, "Please specify the programming language"},
+        {{"Draw.bas", "--language", " "}, kFailed, "Nothing was imported. Add --language."},
     };
     for (const Case& test : cases) {
         const CommandResult result = Import(test.options);
         EXPECT_EQ(result.status, test.status) << test.message;
         EXPECT_NE(result.error.find(test.message), std::string::npos) << result.error;
     }
-    EXPECT_EQ(Run({"import", sources_.File("nowhere")}).status, kFailed);
+    for (const std::string& folder : {sources_.File("nowhere"), Sources() + "/Draw.bas"}) {
+        const CommandResult missing = Run({"import", folder, "Draw.bas"});
+        EXPECT_EQ(missing.status, kFailed);
+        EXPECT_EQ(missing.error, "snippetarium-cli: There is no folder '" + folder + "'.\n");
+    }
+    EXPECT_EQ(Tree().find("nowhere"), std::string::npos);
     const CommandResult empty = Run({"import", Sources() + "/sub"});
     EXPECT_EQ(empty.status, kFailed);
     EXPECT_NE(empty.error.find("holds no file that can be imported"), std::string::npos);

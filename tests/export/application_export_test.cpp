@@ -270,6 +270,19 @@ TEST_F(ApplicationExportTest, TellsOfAFullDisk) {
     ExpectError(Procedure::ExportApplication, "the disk is full");
 }
 
+TEST_F(ApplicationExportTest, EndsAtOnceWhereTheDestinationIsNoFolder) {
+    FakeFileSystem disk;
+    disk.AddFile("/out", "a file");
+    for (const std::string name : {"A", "B"})
+        Make(name, name + ".c");
+    const ExportResult result =
+        ExportApplication(db_, disk, {.appID = appID_, .destinationFolder = "/out"});
+    EXPECT_EQ(result.outcome, ExportOutcome::Failed);
+    EXPECT_EQ(result.problems, Names{});
+    ExpectError(Procedure::ExportApplication, "The folder '/out' cannot be made");
+    EXPECT_TRUE(host_.messages.shown.empty());
+}
+
 TEST_F(ApplicationExportTest, ShowsItsProgressAndStopsWhenTheUserCancels) {
     for (const std::string name : {"A", "B", "C", "D"})
         Make(name, name + ".c");

@@ -103,11 +103,10 @@ TEST_F(ImportJobTest, GoesOnAfterAFileThatCannotBeRead) {
     const ImportOutcome outcome = Import({"a.bas", "gone.bas", "b.bas"});
     EXPECT_EQ(outcome.ending, ImportEnding::WithProblems);
     EXPECT_TRUE(
-        outcome.texts.errors.starts_with("  a.bas was not imported to its end: The file "
+        outcome.texts.errors.starts_with("  a.bas was not imported: The file "
                                          "'/home/ann/Paint/a.bas' cannot be read:"))
         << outcome.texts.errors;
-    EXPECT_NE(outcome.texts.errors.find("  gone.bas was not imported to its end: "),
-              std::string::npos);
+    EXPECT_NE(outcome.texts.errors.find("  gone.bas was not imported: "), std::string::npos);
     EXPECT_EQ(outcome.texts.importedFiles, "  b.bas\r\n");
     EXPECT_EQ(outcome.failedEntries, (Names{"a.bas", "gone.bas"}));
 }
@@ -143,6 +142,7 @@ TEST_F(ImportJobTest, StopsBehindTheFileWhereItIsCancelled) {
     const ImportOutcome outcome = Import({"a.bas", "b.bas"});
     EXPECT_EQ(outcome.ending, ImportEnding::Cancelled);
     EXPECT_EQ(outcome.texts.importedFiles, "  a.bas\r\n");
+    EXPECT_EQ(outcome.failedEntries, Names{"b.bas"});
     EXPECT_EQ(TakeBox().title, "Import Code File");
     EXPECT_EQ(Select("SELECT count(classID) FROM tblClass"), (Rows{"2"}));
 
@@ -277,7 +277,7 @@ TEST_F(ImportJobTest, EndsWhereTheCatalogueItselfFails) {
     });
     const ImportOutcome outcome = Import({"a.bas", "b.bas"});
     EXPECT_EQ(outcome.ending, ImportEnding::Failed);
-    EXPECT_EQ(outcome.failedEntries, (Names{"a.bas"}));
+    EXPECT_EQ(outcome.failedEntries, (Names{"a.bas", "b.bas"}));
     EXPECT_FALSE(host_.messages.shown.empty());
     host_.messages.shown.clear();
 }

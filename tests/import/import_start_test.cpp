@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "store/reads_applications.h"
 #include "store/writes_applications.h"
 #include "support/message_boxes.h"
@@ -11,6 +9,21 @@
 
 namespace snippetarium::test {
 namespace {
+
+/// What follows from an answer to the question about an application that is there.
+struct AnswerCase {
+    StandardAnswer answer;
+    bool mayStart;
+    OverwriteChoice choice;
+};
+
+// clang-format off
+constexpr AnswerCase kAnswers[] = {
+    {StandardAnswer::Yes,    true,  OverwriteChoice::Yes},
+    {StandardAnswer::No,     true,  OverwriteChoice::No},
+    {StandardAnswer::Cancel, false, OverwriteChoice::None},
+};
+// clang-format on
 
 class ImportStartTest : public WriteFixture {
   protected:
@@ -64,6 +77,18 @@ TEST_F(ImportStartTest, WithoutANameGoesToTheUndefinedApplicationAndAsksNothingM
     EXPECT_EQ(state_.overwriteChoice, OverwriteChoice::None);
 }
 
+TEST_F(ImportStartTest, WithoutANameTakesAnAnswerThatWasGiven) {
+    texts_ = {.application = "", .applicationPath = "/p", .language = "C"};
+    for (const AnswerCase& test : kAnswers) {
+        const ImportStart start = StartImport(
+            db_, state_, texts_, 1, {.supplyName = StandardAnswer::No, .overwrite = test.answer});
+        EXPECT_EQ(start.mayStart, test.mayStart);
+        EXPECT_EQ(start.appID, test.mayStart ? 1 : 0);
+        EXPECT_EQ(state_.overwriteChoice, test.choice);
+    }
+    EXPECT_TRUE(host_.messages.shown.empty());
+}
+
 TEST_F(ImportStartTest, AddsAnApplicationThatIsNewWithItsPathInTheCataloguesForm) {
     texts_ = {.application = "Ann's", .applicationPath = "/home/ann/Paint", .language = "C"};
     const ImportStart start = Start();
@@ -77,14 +102,7 @@ TEST_F(ImportStartTest, AddsAnApplicationThatIsNewWithItsPathInTheCataloguesForm
 TEST_F(ImportStartTest, AsksWhatIsToBecomeOfAnApplicationThatIsThere) {
     texts_ = {.application = "PAINT", .applicationPath = "/p", .language = "C"};
     const std::int32_t appID = AddApplication(db_, {.name = "Paint", .path = "\\p"});
-    struct Case {
-        StandardAnswer answer;
-        bool mayStart;
-        OverwriteChoice choice;
-    };
-    for (const Case& test : {Case{StandardAnswer::Yes, true, OverwriteChoice::Yes},
-                             Case{StandardAnswer::No, true, OverwriteChoice::No},
-                             Case{StandardAnswer::Cancel, false, OverwriteChoice::None}}) {
+    for (const AnswerCase& test : kAnswers) {
         host_.messages.Expect(test.answer);
         const ImportStart start = Start();
         const ShownBox box = TakeBox();

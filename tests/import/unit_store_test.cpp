@@ -3,10 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "export/markers.h"
-#include "store/writes_applications.h"
 #include "store/writes_languages.h"
 #include "support/utf8.h"
-#include "tests/import/import_fixture.h"
+#include "tests/import/unit_store_fixture.h"
 #include "tests/killed_child.h"
 
 namespace snippetarium::test {
@@ -21,31 +20,6 @@ std::string LongText(std::size_t characters) {
         text += "\xC3\xA9";
     return text;
 }
-
-class UnitStoreTest : public ImportFixture {
-  protected:
-    UnitStoreTest() { AddApplication(db_, {.name = "Paint"}); }
-
-    StoreResult Store(const CutFile& file, const std::string& entry = "Draw.bas") {
-        return store_.Store(file, {.entry = entry});
-    }
-    /// As a later job would, with that answer to the question.
-    StoreResult StoreAgain(const CutFile& file, OverwriteChoice choice,
-                           const std::string& entry = "Draw.bas") {
-        state_ = {.overwriteChoice = choice};
-        return UnitStore(db_, state_, noise_, target_).Store(file, {.entry = entry});
-    }
-    std::string TakeErrors() { return std::exchange(state_.importErrorLog, {}); }
-    Rows Classes() {
-        return Select(
-            "SELECT classID, className, classPathInApp FROM tblClass WHERE classID > 1 "
-            "ORDER BY classID");
-    }
-    Rows CodeNames() { return Select("SELECT codeName FROM tblCode ORDER BY codeID"); }
-
-    StoreTarget target_{.appID = 2, .language = "Visual Basic"};
-    UnitStore store_{db_, state_, noise_, target_};
-};
 
 TEST_F(UnitStoreTest, WritesTheClassFirstThenItsProceduresAndItsWholeTextLast) {
     EXPECT_EQ(Store({.className = "modDraw",
@@ -243,87 +217,6 @@ TEST_F(UnitStoreTest, BringsADeletedLanguageOfTheClassBack) {
     Store({.className = "Grid.hh"}, "Grid.hh");
     EXPECT_EQ(Select("SELECT language FROM tblLanguage WHERE languageID = 11"),
               (Rows{"C++ Header"}));
-}
-
-TEST_F(UnitStoreTest, LeavesAClassThatIsThereAloneUnlessItIsToBeOverwritten) {
-    Store({.className = "modDraw", .text = "old"});
-    for (const OverwriteChoice choice : {OverwriteChoice::None, OverwriteChoice::No}) {
-        EXPECT_EQ(StoreAgain({.className = "MODDRAW", .text = "new"}, choice),
-                  StoreResult::LeftAlone);
-        EXPECT_EQ(TakeErrors(),
-                  "  Draw.bas was not imported, because its class MODDRAW is in the catalogue "
-                  "already.\r\n");
-        EXPECT_FALSE(state_.codeFound);
-    }
-    EXPECT_EQ(ClassText(2), "old");
-    // Another path or another name is another class.
-    EXPECT_EQ(StoreAgain({.className = "modDraw"}, OverwriteChoice::No, "sub\\Draw.bas"),
-              StoreResult::Stored);
-    EXPECT_EQ(StoreAgain({.className = "modGrid"}, OverwriteChoice::No), StoreResult::Stored);
-    EXPECT_EQ(Classes(),
-              (Rows{"2|modDraw|Draw.bas", "3|modDraw|sub\\Draw.bas", "4|modGrid|Draw.bas"}));
-}
-
-TEST_F(UnitStoreTest, OverwritesAClassByANewOneWithNothingOfTheOld) {
-    Store({.className = "modDraw",
-           .comment = "' Author: Ann Lee",
-           .text = "old",
-           .procedures = {{.name = "A()", .comment = "' Keywords: grid", .code = "old a"},
-                          {.name = "B()", .code = "old b"}}});
-    Store({.className = "modGrid"}, "Grid.bas");
-    EXPECT_EQ(StoreAgain({.className = "modDraw",
-                          .text = "new",
-                          .procedures = {{.name = "A()", .code = "new a"}}},
-                         OverwriteChoice::Yes),
-              StoreResult::Stored);
-    EXPECT_EQ(TakeErrors(), "");
-    EXPECT_EQ(Classes(), (Rows{"3|modGrid|Grid.bas", "4|modDraw|Draw.bas"}));
-    EXPECT_EQ(ClassText(4), "'***Procedure A()***new");
-    EXPECT_EQ(Select("SELECT code, classID FROM tblCode"), (Rows{"new a|4"}));
-    for (const std::string table : {"tblAuthor", "tblKeyword", "tbl_Author_Link"})
-        EXPECT_EQ(Select("SELECT * FROM " + table), Rows{}) << table;
-}
-
-TEST_F(UnitStoreTest, KeepsTheOldClassUntilTheNewOneIsComplete) {
-    const CutFile old{.className = "modDraw", .procedures = {{.name = "A()", .code = "old"}}};
-    const CutFile young{.className = "modDraw",
-                        .text = "ab",
-                        .procedures = {{.name = "A()", .code = "new", .position = 0},
-                                       {.name = "B()", .code = "new", .position = 1}}};
-    Store(old);
-    host_.events.yields = 0;
-    host_.events.At(1, [this] { state_.importCancelled = true; });
-    EXPECT_EQ(StoreAgain(young, OverwriteChoice::Yes), StoreResult::Cancelled);
-    EXPECT_EQ(TakeErrors(),
-              "  Draw.bas was not imported to its end: 1 of its 2 procedures are in the "
-              "catalogue.\r\n");
-    EXPECT_EQ(Classes(), (Rows{"2|modDraw|Draw.bas", "3|modDraw|Draw.bas"}));
-    EXPECT_EQ(ClassText(3), "'***Procedure A()***");
-
-    // The next time the old one goes, and with it what was left unfinished.
-    EXPECT_EQ(StoreAgain(young, OverwriteChoice::Yes), StoreResult::Stored);
-    EXPECT_EQ(Classes(), (Rows{"4|modDraw|Draw.bas"}));
-    EXPECT_EQ(CodeNames(), (Rows{"A()", "B()"}));
-}
-
-TEST_F(UnitStoreTest, OverwritesOnlyTheFileOfTheSameLetterCaseWhereThereAreTwo) {
-    state_.overwriteChoice = OverwriteChoice::Yes;
-    for (const char* const entry : {"a.bas", "A.bas"})
-        EXPECT_EQ(Store({.className = entry}, entry), StoreResult::Stored);
-    EXPECT_EQ(Classes(), (Rows{"2|a.bas|a.bas", "3|A.bas|A.bas"}));
-    EXPECT_EQ(StoreAgain({.className = "A.bas"}, OverwriteChoice::Yes, "A.bas"),
-              StoreResult::Stored);
-    EXPECT_EQ(Classes(), (Rows{"2|a.bas|a.bas", "4|A.bas|A.bas"}));
-}
-
-TEST_F(UnitStoreTest, SaysSoWhereTheOverwrittenClassCannotBeDeleted) {
-    Store({.className = "modDraw"});
-    db_.GetConnection().RunScript(
-        "CREATE TRIGGER keep BEFORE DELETE ON tblClass BEGIN SELECT RAISE(ABORT, 'kept'); END;");
-    EXPECT_EQ(StoreAgain({.className = "modDraw"}, OverwriteChoice::Yes), StoreResult::Stored);
-    ExpectFailedStatement();
-    EXPECT_EQ(TakeErrors(),
-              "  Draw.bas was imported, but the class that it replaces could not be deleted.\r\n");
 }
 
 TEST_F(UnitStoreTest, KilledAnywhereLeavesTheProceduresStoredSoFar) {
