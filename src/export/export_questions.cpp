@@ -38,7 +38,7 @@ FileChoice ChooseForExisting(MessageBoxes& messages, std::string_view fileName,
     if (const auto choice = ChoiceWithoutAsking(existing)) return *choice;
     const std::string question = "The file '" + std::string(fileName) +
                                  "' already exists.\r\n"
-                                 "Would you like to append the content to the end of the file?\r\n"
+                                 "Would you like to append the content to the end of the file?"
                                  "Click 'Yes' to append, click 'No' to overwrite.";
     switch (AskYesNoCancel(messages, question, kQuestionTitle)) {
         case StandardAnswer::Yes:

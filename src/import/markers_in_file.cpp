@@ -1,27 +1,35 @@
 #include "import/markers_in_file.h"
 
 #include <algorithm>
-#include <string>
 
 namespace snippetarium {
 
-MarkersInFile::MarkersInFile(const CutFile& file, MarkerFamily family) : family_(family) {
-    const auto add = [this](std::string_view text) {
-        // What the markers of all families have in common.
-        if (text.find("**Procedure ") != std::string_view::npos) texts_.push_back(text);
+MarkersInFile::MarkersInFile(const CutFile& file, MarkerFamily family) {
+    // No name holds a line break.
+    const std::string pattern = MarkerText(family, "\n");
+    const std::size_t nameAt = pattern.find('\n');
+    const std::string beginning = pattern.substr(0, nameAt);
+    ending_ = pattern.substr(nameAt + 1);
+
+    const auto add = [&](std::string_view text) {
+        for (std::size_t at = text.find(beginning); at != text.npos;
+             at = text.find(beginning, at)) {
+            at += beginning.size();
+            tails_.push_back(text.substr(at, text.find('\n', at) - at));
+        }
     };
     add(file.text);
     for (const CutProcedure& procedure : file.procedures) {
         add(procedure.comment);
         add(procedure.code);
     }
+    std::ranges::sort(tails_);
 }
 
 bool MarkersInFile::HasMarkerOf(std::string_view name) const {
-    if (texts_.empty()) return false;
-    const std::string marker = MarkerText(family_, name);
-    return std::ranges::any_of(
-        texts_, [&](std::string_view text) { return text.find(marker) != text.npos; });
+    const std::string rest = std::string(name) + ending_;
+    const auto found = std::ranges::lower_bound(tails_, std::string_view(rest));
+    return found != tails_.end() && found->starts_with(rest);
 }
 
 }  // namespace snippetarium

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -19,9 +20,10 @@ class MarkersInFile {
     bool HasMarkerOf(std::string_view name) const;
 
   private:
-    MarkerFamily family_;
-    /// Those of the file's texts that hold something like a marker.
-    std::vector<std::string_view> texts_;
+    /// What ends a marker.
+    std::string ending_;
+    /// What stands behind each beginning of a marker, up to the end of its line; sorted.
+    std::vector<std::string_view> tails_;
 };
 
 }  // namespace snippetarium

@@ -89,7 +89,7 @@ TEST_F(FileExportTest, AsksWhatToDoWithAFileThatExists) {
             EXPECT_EQ(TakeBox(),
                       (ShownBox{BoxKind::YesNoCancel, "Snippetarium Question",
                                 "The file 'Grid.c' already exists.\r\n"
-                                "Would you like to append the content to the end of the file?\r\n"
+                                "Would you like to append the content to the end of the file?"
                                 "Click 'Yes' to append, click 'No' to overwrite."}));
         }
         if (test.isWritten) ExpectInformation("The class has been successfully exported.");
