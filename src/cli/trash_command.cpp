@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/command_context.h"
+#include "cli/node_output.h"
 #include "cli/text_table.h"
 #include "cli/usage_error.h"
 #include "store/trash.h"
@@ -126,8 +127,9 @@ void Restore(CommandContext& context) {
 void Empty(CommandContext& context) {
     const auto days = context.Given().Number(kOlderThan, 0, kMostDays);
     Database& db = context.Catalogue(CatalogueUse::Change);
-    context.RequireConsent(days ? "Remove for good what was deleted " + std::to_string(*days) +
-                                      " days ago or earlier?"
+    context.RequireConsent(days ? "Remove for good what was deleted " +
+                                      Counted(static_cast<std::size_t>(*days), "day", "days") +
+                                      " ago or earlier?"
                                 : std::string("Remove everything that is in the trash for good?"));
     const std::int64_t removed = EmptyTrash(db, std::chrono::days(days.value_or(0)));
     if (context.WantsJson()) return context.SetDocument({{"removed", removed}});
@@ -157,9 +159,8 @@ constexpr CliCommand kTrashCommand = {
     .description =
         "A deleted application, class or procedure is kept in the trash for 30 days, with all that "
         "belongs to it. Restoring puts it back where it was, or says where it went when that place "
-        "is "
-        "gone. The trash is a part of the catalogue's file: "
-        "emptying it and then compacting makes the file smaller.",
+        "is gone. The trash is a part of the catalogue's file: emptying it and then compacting "
+        "makes the file smaller.",
     .arguments = kArguments,
     .options = kOptions,
     .examples = kExamples,

@@ -5,6 +5,7 @@
 #include "store/class_markers.h"
 #include "store/class_text.h"
 #include "store/database.h"
+#include "store/job_progress.h"
 #include "store/sql_text.h"
 #include "store/trash_entry.h"
 #include "store/trash_ids.h"
@@ -22,6 +23,10 @@ namespace {
 // names can its rows have. Then one script does it all in one transaction: renames what has to be
 // renamed, while it is still in the trash, copies the rows, puts the marker back, and removes the
 // entry.
+
+/// Of the time that a large entry takes, what has gone by before its one transaction begins. How
+/// far that is cannot be seen from here.
+constexpr double kShareOfNumbering = 0.2;
 
 /// The name that the entry comes back under.
 std::string NameOf(const TrashEntry& entry, const std::vector<NewName>& names) {
@@ -107,10 +112,14 @@ Recordset ReadWhere(Database& db, const Owner& owner) {
 
 TrashReturn RestoreFromTrash(Database& db, std::int32_t trashID) {
     return Guarded(db.Reporter(), Procedure::RestoreFromTrash, [&] {
+        JobProgress progress(db.GetHost(), "Restoring", JobProgress::Cancelling::Impossible);
         const TrashEntry entry = ReadTrashEntry(db, trashID);
+        progress.SetStage("Restoring " + entry.name);
+        progress.Show(0.0);
         const TrashPlace place = FindTrashPlace(db, entry);
         db.GetConnection().RunScript(NumberingScript(entry, place));
         const std::vector<NewName> names = FindNewNames(db, entry, place);
+        progress.Show(kShareOfNumbering);
 
         TrashReturn returned;
         returned.owner = {entry.owner.kind, ReadNewID(db, entry)};
@@ -122,6 +131,7 @@ TrashReturn RestoreFromTrash(Database& db, std::int32_t trashID) {
                                           ? MarkerScript(db, entry, place, returned.name)
                                           : NewNamesMarkerScript(db, names)) +
                                      ForgetNumberingScript());
+        progress.Show(1.0);
         if (const Recordset where = ReadWhere(db, returned.owner); !where.EndOfFile()) {
             returned.appName = where["appName"].Text();
             returned.className = where["className"].Text();
