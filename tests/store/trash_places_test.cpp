@@ -7,6 +7,12 @@ namespace {
 /// Where deleted things come back to, and under which names.
 class TrashPlaces : public TrashFixture {};
 
+struct TakenName {
+    Owner owner;
+    std::string_view meanwhile;
+    std::string_view name;
+};
+
 TEST_F(TrashPlaces, BringsBackUnderANumberedNameWhatAnotherIsCalledNow) {
     const std::string longest(252, 'x');
     const TakenName cases[] = {

@@ -142,12 +142,6 @@ TEST_F(Trash, GivesIDsAnewThatASpoiltCounterGaveToStrangers) {
     EXPECT_TRUE(CheckCatalogue(db_).IsSound());
 }
 
-struct TakenName {
-    Owner owner;
-    std::string_view meanwhile;
-    std::string_view name;
-};
-
 TEST_F(Trash, BringsBackWholeWhatADeletionThatWasCutShortHasLeft) {
     const Rows before = Dump();
     db_.Close();
