@@ -10,7 +10,7 @@ class ErrorReporter;
 
 // A search entry turned into the text of a condition, which a search statement then holds.
 //
-//     grid* and "tide table"
+//     grid* and not view  ->  sw.searchWord LIKE 'grid%' and not sw.searchWord ='view'
 //
 // The entry is made ready and checked (search/search_entry.h), cut at single spaces into words, and
 // each word is copied, where it is an operator or a bracket, or becomes a comparison. Words go into

@@ -35,8 +35,8 @@ std::string InsertImplicitOr(std::string_view entry);
 
 /// Counts the brackets and puts spaces around them; false when they are not balanced. A space is
 /// put before an opening bracket and behind each bracket, never before a closing one, which so
-/// stays with the word before it. The byte behind a bracket's space is not looked at: of two
-/// brackets in a row only the first counts.
+/// stays with the word before it. The byte behind a bracket is never a bracket to be counted: of
+/// two opening ones in a row only the first counts.
 ///
 ///     x(a or b)  ->  x ( a or b)_    with a space in the place of the _
 bool CheckBrackets(std::string& entry);

@@ -169,7 +169,7 @@ TEST_F(SearchEntry, GetsSpacesAroundBracketsButNotBeforeClosingOnes) {
 }
 
 TEST_F(SearchEntry, HasItsBracketsCheckedAsInASlowWalk) {
-    ForEveryText("() a", 9, [](const std::string& entry) {
+    ForEveryText("() a", 8, [](const std::string& entry) {
         std::string fast = entry;
         std::string slow = entry;
         const bool isBalanced = CheckBracketsSlowly(slow);

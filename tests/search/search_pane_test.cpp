@@ -7,6 +7,7 @@
 
 #include "tests/search/search_fixture.h"
 #include "tests/store/statement_log.h"
+#include "tests/support/every_text.h"
 
 namespace snippetarium::test {
 namespace {
@@ -127,6 +128,18 @@ TEST_F(SearchPaneTest, ReportsWhatTheEngineRefusesOnceWithTheSearchsCode) {
             << entry << ": " << box.text;
         EXPECT_NE(db_.LastSearchStatement(), "") << entry;
     }
+}
+
+TEST_F(SearchPaneTest, FindsNothingByBracketsAndPhrasesBesideWordsWhateverTheirPlace) {
+    const std::string_view pieces[] = {"a", " or ", "(", ")", "\"", "not "};
+    ForEveryText("012345", 5, [&](const std::string& choice) {
+        std::string entry;
+        for (const char digit : choice)
+            entry += pieces[digit - '0'];
+        if (entry.find_first_of("()\"") == std::string::npos || entry.starts_with('"')) return;
+        EXPECT_EQ(pane_.ListTopics({.entry = entry}), SearchOutcome::NotRun) << entry;
+        EXPECT_EQ(std::exchange(host_.messages.shown, {}).size(), 1U) << entry;
+    });
 }
 
 TEST_F(SearchPaneTest, RunsHostileEntriesWithoutHarm) {
