@@ -44,6 +44,9 @@ class Database {
     /// The text of the statement that was executed last, or is being executed.
     const std::string& CurrentStatement() const { return currentStatement_; }
     void SetCurrentStatement(std::string_view sql);
+    /// The text of the last search that was run, or is being run; reads in between leave it alone.
+    const std::string& LastSearchStatement() const { return lastSearchStatement_; }
+    void SetLastSearchStatement(std::string_view sql) { lastSearchStatement_ = sql; }
     /// Told of every statement before it runs. For tests and for tracing.
     void SetStatementObserver(std::function<void(std::string_view)> observer);
 
@@ -80,6 +83,7 @@ class Database {
     Recordset lastRecordset_;
     std::string programFolder_;
     std::string currentStatement_;
+    std::string lastSearchStatement_;
     std::function<void(std::string_view)> observer_;
     std::function<void()> endProgram_;
     AccessMode wantedMode_ = AccessMode::ReadWrite;

@@ -1,0 +1,99 @@
+#include "search/topic_list.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include "search/queries.h"
+#include "store/database.h"
+#include "store/reads_applications.h"
+#include "store/reads_classes.h"
+#include "store/reads_procedures.h"
+#include "support/guard.h"
+
+namespace snippetarium {
+
+namespace {
+
+ListedTopic ReadTopic(const Recordset& row) {
+    ListedTopic topic;
+    topic.ids = {row["appID"].Long(), row["classID"].Long(), row["codeID"].Long()};
+    topic.appName = row["appName"].Text();
+    if (topic.ids.classID > 0) topic.className = row["className"].Text();
+    if (topic.ids.codeID > 0) topic.procedureName = row["codeName"].Text();
+    return topic;
+}
+
+NodeIDs ProcedureOf(Database& db, std::int32_t codeID) {
+    const Recordset row = AppIDClassIDRSByCodeID(db, codeID);
+    if (row.EndOfFile()) return {};
+    return {row["appID"].Long(), row["classID"].Long(), codeID};
+}
+
+NodeIDs ClassOf(Database& db, std::int32_t classID) {
+    const std::int32_t appID = AppIDByClassID(db, classID);
+    return appID == 0 ? NodeIDs() : NodeIDs{appID, classID, 0};
+}
+
+NodeIDs ApplicationOf(Database& db, std::int32_t appID) {
+    return ApplicationRSByID(db, appID).EndOfFile() ? NodeIDs() : NodeIDs{appID, 0, 0};
+}
+
+}  // namespace
+
+Topic TopicOf(const ListedTopic& topic) {
+    if (topic.ids.codeID > 0) return {TopicLevel::Procedure, topic.ids.codeID};
+    if (topic.ids.classID > 0) return {TopicLevel::Class, topic.ids.classID};
+    return {TopicLevel::Application, topic.ids.appID};
+}
+
+void TopicList::Replace(std::vector<ListedTopic> topics) {
+    topics_ = std::move(topics);
+    selected_.reset();
+}
+
+void TopicList::Select(std::size_t index) {
+    if (index >= topics_.size()) throw std::out_of_range("There is no such topic in the list.");
+    selected_ = index;
+}
+
+bool ListSearchResults(Database& db, Recordset found, TopicList& list) {
+    return Guarded(db.Reporter(), Procedure::ListSearchResults, [&] {
+        if (found.EndOfFile()) return false;
+        std::vector<ListedTopic> topics;
+        topics.reserve(found.RowCount());
+        for (; !found.EndOfFile(); found.MoveNext())
+            topics.push_back(ReadTopic(found));
+        list.Replace(std::move(topics));
+        return true;
+    });
+}
+
+bool ListTopicsOfWord(Database& db, std::string_view word, TopicList& list) {
+    return Guarded(db.Reporter(), Procedure::ListTopicsOfWord,
+                   [&] { return ListSearchResults(db, IndexWordSearch(db, word), list); });
+}
+
+NodeIDs TopicNode(Database& db, std::string_view key) {
+    return Guarded(db.Reporter(), Procedure::TopicNode, [&] {
+        const Topic topic = ParseTopicKey(key);
+        if (topic.id == 0) return NodeIDs();
+        switch (topic.level) {
+            case TopicLevel::Procedure:
+                return ProcedureOf(db, topic.id);
+            case TopicLevel::Class:
+                return ClassOf(db, topic.id);
+            case TopicLevel::Application:
+                return ApplicationOf(db, topic.id);
+        }
+        return NodeIDs();
+    });
+}
+
+std::string TopicNodeKey(Database& db, std::string_view key) {
+    const NodeIDs node = TopicNode(db, key);
+    if (node.codeID != 0) return ProcedureNodeKey(node);
+    if (node.classID != 0) return ClassNodeKey(node.appID, node.classID);
+    return node.appID == 0 ? std::string() : ApplicationNodeKey(node.appID);
+}
+
+}  // namespace snippetarium
