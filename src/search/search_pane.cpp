@@ -7,6 +7,7 @@
 #include "search/expression.h"
 #include "store/database.h"
 #include "support/ascii_search.h"
+#include "support/busy_pointer.h"
 #include "support/guard.h"
 #include "support/message_boxes.h"
 #include "support/text.h"
@@ -20,20 +21,6 @@ constexpr std::string_view kSearchTitle = "Search";
 constexpr std::string_view kNoLanguage = "Please select a language.";
 constexpr std::string_view kNoEntry = "Please enter search word(s) in the text box.";
 constexpr std::string_view kNoTopics = "No topics found.";
-
-/// The pointer that tells the user to wait.
-class BusyPointer {
-  public:
-    explicit BusyPointer(EventLoop& events) : events_(events) {
-        events_.SetPointer(Pointer::Hourglass);
-    }
-    ~BusyPointer() { events_.SetPointer(Pointer::Default); }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-
-  private:
-    EventLoop& events_;
-};
 
 /// The entry is one phrase when it begins with a quotation mark, and a list of words otherwise.
 enum class EntryForm { Words, Phrase };

@@ -7,6 +7,7 @@
 #include "engine/engine_error.h"
 #include "store/backup.h"
 #include "store/database.h"
+#include "support/busy_pointer.h"
 #include "support/guard.h"
 #include "support/message_boxes.h"
 #include "support/paths.h"
@@ -20,20 +21,6 @@ constexpr std::string_view kDone =
 constexpr std::string_view kOpenElsewhere =
     "Snippetarium has detected that the database is currently opened by another application.  "
     "Please close the database before compacting the database.";
-
-/// The hourglass, for as long as the work takes and however it ends.
-class BusyPointer {
-  public:
-    explicit BusyPointer(EventLoop& events) : events_(events) {
-        events_.SetPointer(Pointer::Hourglass);
-    }
-    ~BusyPointer() { events_.SetPointer(Pointer::Default); }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-
-  private:
-    EventLoop& events_;
-};
 
 class CompactionProgress {
   public:
