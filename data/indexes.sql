@@ -15,8 +15,8 @@ CREATE INDEX ixClassComment ON tblClass(classComment, appID, languageID, classNa
     WHERE classComment IS NOT NULL;
 
 CREATE INDEX ixCodeClass ON tblCode(classID, codeName, keywordID);
-CREATE INDEX ixCodeKeyword ON tblCode(keywordID, classID, codeName) WHERE keywordID IS NOT NULL;
-CREATE INDEX ixCodeName ON tblCode(codeName, classID);
+CREATE INDEX ixCodeKeyword ON tblCode(keywordID, classID, codeName);
+CREATE INDEX ixCodeName ON tblCode(codeName, classID, keywordID);
 CREATE INDEX ixCodeComment ON tblCode(codeComment, classID, codeName) WHERE codeComment IS NOT NULL;
 
 CREATE INDEX ixSearchWord ON tblSearchWord(searchWord);

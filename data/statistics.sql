@@ -24,7 +24,7 @@ INSERT INTO sqlite_stat1(tbl, idx, stat) VALUES
     ('tblClass', 'ixClassComment', '20000 1 1 1 1'),
     ('tblCode', 'ixCodeClass', '1000000 20 1 1'),
     ('tblCode', 'ixCodeKeyword', '1000000 3 3 1'),
-    ('tblCode', 'ixCodeName', '1000000 2 1'),
+    ('tblCode', 'ixCodeName', '1000000 2 1 1'),
     ('tblCode', 'ixCodeComment', '40000 2 1 1'),
     ('tblKeyword', NULL, '40000'),
     ('tblSearchWord', 'ixSearchWord', '20000 1'),

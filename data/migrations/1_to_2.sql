@@ -1,13 +1,5 @@
--- From version 1 of the catalogue file to 2: the trash, and two indexes that cost less when keywords
--- are deleted. What stands here never changes again; later changes are steps of their own.
-
-DROP INDEX ixCodeKeyword;
-DROP INDEX ixCodeName;
-CREATE INDEX ixCodeKeyword ON tblCode(keywordID, classID, codeName) WHERE keywordID IS NOT NULL;
-CREATE INDEX ixCodeName ON tblCode(codeName, classID);
-INSERT INTO sqlite_stat1(tbl, idx, stat) VALUES
-    ('tblCode', 'ixCodeKeyword', '1000000 3 3 1'),
-    ('tblCode', 'ixCodeName', '1000000 2 1');
+-- From version 1 of the catalogue file to 2: the trash. What stands here never changes again; later
+-- changes of these tables are steps of their own.
 
 CREATE TABLE tblTrash(
     trashID INTEGER PRIMARY KEY AUTOINCREMENT,
