@@ -67,7 +67,12 @@ void Database::Open() {
         connection_.SetVersions(OpenableVersions());
         connection_.Open();
         BringUpToDate(*this);
-        if (mode_ == AccessMode::ReadWrite) PurgeTrash(*this, host_.clock.Now());
+        if (mode_ == AccessMode::ReadWrite) {
+            // A deletion that was killed leaves IDs here, and the next one would take them for its
+            // own, as IDs of other things.
+            connection_.ExecuteAction("DELETE FROM tblIDsToDelete WHERE true");
+            PurgeTrash(*this, host_.clock.Now());
+        }
     } catch (...) {
         Close();
         throw;

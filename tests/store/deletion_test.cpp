@@ -12,6 +12,13 @@ namespace {
 
 using Deletion = DeletionFixture;
 
+TEST_F(Deletion, LeavesNoListOfIDsBehindForTheNextOpeningWhenItIsKilled) {
+    ExecuteSQL(db_, "INSERT INTO tblIDsToDelete VALUES (7)");
+    CloseCatalogue(db_);
+    OpenCatalogue(db_);
+    EXPECT_FALSE(RecordExists(db_, "SELECT * FROM tblIDsToDelete"));
+}
+
 TEST_F(Deletion, LeavesASearchWordThatAnotherApplicationUses) {
     Run("INSERT INTO tblApplication(appID, appName, keywordID) VALUES (8, 'Draw', 81);"
         "INSERT INTO tblKeyword VALUES (81, 'd', 1);"
