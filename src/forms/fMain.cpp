@@ -70,6 +70,10 @@ void fMain::ConnectParts() {
             [this](const NodeIDs& node) { page_->History().Forget(node); });
     connect(contents_, &fContents::CatalogueChanged, this, [this] { areCountsStale_ = true; });
     connect(contents_, &fContents::MenuRequested, this, &fMain::ShowContentsMenu);
+    connect(menus_->PopUp("mnuClassHide"), &QMenu::aboutToHide, this, &fMain::RestoreContentsMenu,
+            Qt::QueuedConnection);
+    menus_->LendKeys("mnuClassHide", contents_);
+    menus_->LendKeys("mnuBkmkHide", this);
     connect(page_, &fPage::SelectionChanged, this, &fMain::ShowCommandState);
     connect(page_, &fPage::NodeRequested, this, [this](const NodeIDs& node) {
         Handle(db_.Reporter(), form_procedure::MainWindowEvent,
@@ -96,11 +100,22 @@ void fMain::ConnectToolBar() {
             ShowCommandState();
         });
     }
-    ui_->tbrBack->setIcon(Icon("back"));
-    ui_->tbrForward->setIcon(Icon("forward"));
-    connect(ui_->tbrBack, &QAction::triggered, this, [this] { commands_->Run(Command::GoBack); });
-    connect(ui_->tbrForward, &QAction::triggered, this,
-            [this] { commands_->Run(Command::GoForward); });
+    // Commands of the keys' table that also have a button, with its icon.
+    const std::pair<const char*, const char*> before[] = {{"actBack", "back"},
+                                                          {"actForward", "forward"}};
+    for (const auto& [name, image] : before)
+        ui_->tbrMain->insertAction(ui_->tbrContents, AsButton(name, image));
+    ui_->tbrMain->insertSeparator(ui_->tbrContents);
+    ui_->tbrMain->addSeparator();
+    ui_->tbrMain->addAction(AsButton("actUndoDelete", "undo"));
+    ui_->tbrMain->addAction(AsButton("actTrash", "trash"));
+}
+
+QAction* fMain::AsButton(const char* name, const char* image) {
+    QAction* const action = menus_->Action(name);
+    action->setIcon(Icon(image));
+    action->setPriority(QAction::LowPriority);
+    return action;
 }
 
 void fMain::ConnectPanes() {
@@ -138,7 +153,7 @@ void fMain::CloseSplash() {
 }
 
 void fMain::SetWrapCommands(bool wrap) {
-    menus_->SetChecked(Command::ToggleWrap, wrap);
+    menus_->SetChecked(MenuCommand::ToggleWrap, wrap);
     page_->SetWrap(wrap);
 }
 
@@ -239,10 +254,14 @@ void fMain::ShowContentsMenu(const NodeIDs& node, const QPoint& globalPosition) 
     menus_->PopUp("mnuClassHide")->popup(globalPosition);
 }
 
+void fMain::RestoreContentsMenu() {
+    // A hidden item's key would be dead.
+    for (QAction* action : menus_->PopUp("mnuClassHide")->actions())
+        action->setVisible(true);
+}
+
 void fMain::ShowCommandState() {
-    menus_->EnableBy([this](Command command) { return commands_->CanRun(command, IsBusy()); });
-    ui_->tbrBack->setEnabled(commands_->CanRun(Command::GoBack, IsBusy()));
-    ui_->tbrForward->setEnabled(commands_->CanRun(Command::GoForward, IsBusy()));
+    menus_->EnableBy([this](MenuCommand command) { return commands_->CanRun(command, IsBusy()); });
     ui_->tbrContents->setChecked(layout_.IsOpen(Pane::Contents));
     for (QAction* action : {ui_->tbrIndex, ui_->tbrSearch, ui_->tbrBookmarks})
         action->setEnabled(false);

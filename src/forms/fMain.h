@@ -61,10 +61,12 @@ class fMain final : public QMainWindow, private ProgramWindow {
     void ConnectParts();
     void ConnectToolBar();
     void ConnectPanes();
+    QAction* AsButton(const char* name, const char* image);
     void StartIdleWork();
     void OnIdle();
     void OnNodeSelected(const NodeIDs& node);
     void ShowContentsMenu(const NodeIDs& node, const QPoint& globalPosition);
+    void RestoreContentsMenu();
     void ShowCommandState();
     void ShowTitle();
     bool IsBusy() const;

@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QTextDocumentFragment>
 #include <algorithm>
 
 #include "forms/handler.h"

@@ -32,6 +32,7 @@ class fPage final : public ChildPane {
     bool HasSelection() const;
 
     PageHistory& History() { return history_; }
+    const PageHistory& History() const { return history_; }
 
     void SetWrap(bool wrap);
     void Copy();

@@ -23,26 +23,26 @@ namespace snippetarium {
 namespace {
 
 /// Those whose windows are there.
-constexpr Command kMade[] = {
-    Command::DeleteSelected, Command::Print,         Command::Exit,
-    Command::CopyPageText,   Command::ClearPage,     Command::SelectAllPageText,
-    Command::ToggleWrap,     Command::CopyWholePage, Command::GoBack,
-    Command::GoForward,      Command::LargerText,    Command::SmallerText,
-    Command::NormalText,     Command::RenameNode,    Command::UndoDelete,
-    Command::ShowTrash,      Command::CompactDatabase, Command::Configure,
-    Command::ShowHelp,       Command::ShowAbout,     Command::ShowContents,
-    Command::NextPane,       Command::BackToPage,
+constexpr MenuCommand kMade[] = {
+    MenuCommand::DeleteSelected, MenuCommand::Print,         MenuCommand::Exit,
+    MenuCommand::CopyPageText,   MenuCommand::ClearPage,     MenuCommand::SelectAllPageText,
+    MenuCommand::ToggleWrap,     MenuCommand::CopyWholePage, MenuCommand::GoBack,
+    MenuCommand::GoForward,      MenuCommand::LargerText,    MenuCommand::SmallerText,
+    MenuCommand::NormalText,     MenuCommand::RenameNode,    MenuCommand::UndoDelete,
+    MenuCommand::ShowTrash,      MenuCommand::CompactDatabase, MenuCommand::Configure,
+    MenuCommand::ShowHelp,       MenuCommand::ShowAbout,     MenuCommand::ShowContents,
+    MenuCommand::NextPane,       MenuCommand::BackToPage,
 };
 
 }  // namespace
 
 MainCommands::MainCommands(const MainParts& parts) : QObject(&parts.window), parts_(parts) {}
 
-bool MainCommands::IsMade(Command command) {
+bool MainCommands::IsMade(MenuCommand command) {
     return std::ranges::find(kMade, command) != std::end(kMade);
 }
 
-bool MainCommands::CanRun(Command command, bool isBusy) const {
+bool MainCommands::CanRun(MenuCommand command, bool isBusy) const {
     if (!IsMade(command)) return false;
     const fPage& page = parts_.page;
     const ProgramFacts facts = {
@@ -59,79 +59,79 @@ bool MainCommands::CanRun(Command command, bool isBusy) const {
     return IsEnabled(command, facts);
 }
 
-void MainCommands::Run(Command command) {
+void MainCommands::Run(MenuCommand command) {
     Handle(parts_.db.Reporter(), form_procedure::RunCommand, [&] { Perform(command); });
 }
 
-void MainCommands::Perform(Command command) {
+void MainCommands::Perform(MenuCommand command) {
     switch (command) {
-        case Command::Exit:
+        case MenuCommand::Exit:
             parts_.window.close();
             return;
-        case Command::CompactDatabase:
+        case MenuCommand::CompactDatabase:
             return Compact();
-        case Command::Configure:
+        case MenuCommand::Configure:
             return Configure();
-        case Command::ShowHelp:
+        case MenuCommand::ShowHelp:
             return OpenHelp(parts_.db, "");
-        case Command::ShowAbout:
+        case MenuCommand::ShowAbout:
             return ShowAbout();
-        case Command::ShowContents:
+        case MenuCommand::ShowContents:
             return ShowPane(Pane::Contents);
-        case Command::NextPane:
+        case MenuCommand::NextPane:
             return NextPane();
-        case Command::BackToPage:
+        case MenuCommand::BackToPage:
             return parts_.page.FocusFirst();
         default:
             PerformOnTree(command);
     }
 }
 
-void MainCommands::PerformOnTree(Command command) {
+void MainCommands::PerformOnTree(MenuCommand command) {
     switch (command) {
-        case Command::DeleteSelected:
+        case MenuCommand::DeleteSelected:
             return parts_.contents.DeleteSelected();
-        case Command::UndoDelete:
+        case MenuCommand::UndoDelete:
             return parts_.contents.UndoDelete();
-        case Command::RenameNode:
+        case MenuCommand::RenameNode:
             if (MayRename(parts_.db, parts_.contents.Selection())) {
                 ShowPane(Pane::Contents);
                 parts_.contents.StartRename();
             }
             return;
-        case Command::ShowTrash:
+        case MenuCommand::ShowTrash:
             return ShowTrash();
         default:
             PerformOnPage(command);
     }
 }
 
-void MainCommands::PerformOnPage(Command command) {
+void MainCommands::PerformOnPage(MenuCommand command) {
     fPage& page = parts_.page;
     switch (command) {
-        case Command::Print:
+        case MenuCommand::Print:
             return page.Print();
-        case Command::CopyPageText:
+        case MenuCommand::CopyPageText:
             return page.Copy();
-        case Command::CopyWholePage:
+        case MenuCommand::CopyWholePage:
             return page.CopyWhole();
-        case Command::ClearPage:
+        case MenuCommand::ClearPage:
             return page.Clear();
-        case Command::SelectAllPageText:
+        case MenuCommand::SelectAllPageText:
             return page.SelectAll();
-        case Command::ToggleWrap:
+        case MenuCommand::ToggleWrap:
             parts_.layout.SetWrap(!parts_.layout.State().wrap);
             emit WrapChanged(parts_.layout.State().wrap);
             return;
-        case Command::GoBack:
+        case MenuCommand::GoBack:
             return GoTo(page.History().Back());
-        case Command::GoForward:
+        case MenuCommand::GoForward:
             return GoTo(page.History().Forward());
-        case Command::LargerText:
+        case MenuCommand::LargerText:
             return page.ChangeTextSize(1);
-        case Command::SmallerText:
+        case MenuCommand::SmallerText:
             return page.ChangeTextSize(-1);
-        case Command::NormalText:
+        case MenuCommand::NormalText:
             return page.ChangeTextSize(0);
         default:
             return;

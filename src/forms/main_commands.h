@@ -34,9 +34,9 @@ class MainCommands final : public QObject {
     explicit MainCommands(const MainParts& parts);
 
     /// Whether the command can be given now. One whose window does not exist yet never can.
-    bool CanRun(Command command, bool isBusy) const;
+    bool CanRun(MenuCommand command, bool isBusy) const;
     /// Does nothing where it cannot be given. Reports its failures.
-    void Run(Command command);
+    void Run(MenuCommand command);
 
     /// Opens the pane at its side, or closes it.
     void TogglePane(Pane pane);
@@ -45,10 +45,10 @@ class MainCommands final : public QObject {
     void WrapChanged(bool wrap);
 
   private:
-    static bool IsMade(Command command);
-    void Perform(Command command);
-    void PerformOnPage(Command command);
-    void PerformOnTree(Command command);
+    static bool IsMade(MenuCommand command);
+    void Perform(MenuCommand command);
+    void PerformOnPage(MenuCommand command);
+    void PerformOnTree(MenuCommand command);
     void ShowPane(Pane pane);
     void GoTo(const NodeIDs& node);
     void ShowTrash();

@@ -57,7 +57,7 @@ void MainMenus::AddKey(const KeyRow& row) {
     Remember(action, row.name, row.command);
 }
 
-void MainMenus::Remember(QAction* action, std::string_view name, Command command) {
+void MainMenus::Remember(QAction* action, std::string_view name, MenuCommand command) {
     action->setObjectName(ToQt(name));
     connect(action, &QAction::triggered, this, [this, command] { emit Triggered(command); });
     actions_.emplace(name, action);
@@ -73,12 +73,20 @@ QAction* MainMenus::Action(std::string_view name) const {
     return found == actions_.end() ? nullptr : found->second;
 }
 
-void MainMenus::EnableBy(const std::function<bool(Command)>& isEnabled) {
+void MainMenus::LendKeys(std::string_view popUp, QWidget* widget) const {
+    for (QAction* action : PopUp(popUp)->actions()) {
+        if (action->shortcut().isEmpty()) continue;
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        widget->addAction(action);
+    }
+}
+
+void MainMenus::EnableBy(const std::function<bool(MenuCommand)>& isEnabled) {
     for (const auto& [command, action] : byCommand_)
         action->setEnabled(isEnabled(command));
 }
 
-void MainMenus::SetChecked(Command command, bool isChecked) {
+void MainMenus::SetChecked(MenuCommand command, bool isChecked) {
     const auto [first, last] = byCommand_.equal_range(command);
     for (auto at = first; at != last; ++at)
         at->second->setChecked(isChecked);

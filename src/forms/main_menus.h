@@ -11,6 +11,7 @@
 class QAction;
 class QMainWindow;
 class QMenu;
+class QWidget;
 
 namespace snippetarium {
 
@@ -26,13 +27,16 @@ class MainMenus final : public QObject {
     /// Null where no item has the name.
     QAction* Action(std::string_view name) const;
 
+    /// Makes the keys of a pop-up menu's items work while the widget or one inside it has the focus.
+    void LendKeys(std::string_view popUp, QWidget* widget) const;
+
     /// Enables and disables every item by its command.
-    void EnableBy(const std::function<bool(Command)>& isEnabled);
+    void EnableBy(const std::function<bool(MenuCommand)>& isEnabled);
     /// Checks all check items of the command.
-    void SetChecked(Command command, bool isChecked);
+    void SetChecked(MenuCommand command, bool isChecked);
 
   signals:
-    void Triggered(Command command);
+    void Triggered(MenuCommand command);
     /// A menu opens: what its items depend on may have changed.
     void AboutToShow();
 
@@ -40,12 +44,12 @@ class MainMenus final : public QObject {
     void AddRow(const MenuRow& row);
     void AddMenu(const MenuRow& row);
     void AddKey(const KeyRow& row);
-    void Remember(QAction* action, std::string_view name, Command command);
+    void Remember(QAction* action, std::string_view name, MenuCommand command);
 
     QMainWindow* window_;
     std::map<std::string_view, QMenu*> menus_;
     std::map<std::string_view, QAction*> actions_;
-    std::multimap<Command, QAction*> byCommand_;
+    std::multimap<MenuCommand, QAction*> byCommand_;
 };
 
 }  // namespace snippetarium
