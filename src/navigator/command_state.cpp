@@ -5,24 +5,24 @@ namespace snippetarium {
 namespace {
 
 /// Whether the command changes the catalogue, or opens an editor whose only purpose that is.
-bool NeedsWriting(Command command) {
+bool NeedsWriting(MenuCommand command) {
     switch (command) {
-        case Command::NewApplication:
-        case Command::NewClass:
-        case Command::NewProcedure:
-        case Command::Import:
-        case Command::AddExistingClass:
-        case Command::DeleteSelected:
-        case Command::RenameNode:
-        case Command::AddNew:
-        case Command::AddExisting:
-        case Command::UndoDelete:
-        case Command::EditIndexWord:
-        case Command::DeleteIndexWord:
-        case Command::RemoveBookmark:
-        case Command::AddBookmark:
-        case Command::CompactDatabase:
-        case Command::Configure:
+        case MenuCommand::NewApplication:
+        case MenuCommand::NewClass:
+        case MenuCommand::NewProcedure:
+        case MenuCommand::Import:
+        case MenuCommand::AddExistingClass:
+        case MenuCommand::DeleteSelected:
+        case MenuCommand::RenameNode:
+        case MenuCommand::AddNew:
+        case MenuCommand::AddExisting:
+        case MenuCommand::UndoDelete:
+        case MenuCommand::EditIndexWord:
+        case MenuCommand::DeleteIndexWord:
+        case MenuCommand::RemoveBookmark:
+        case MenuCommand::AddBookmark:
+        case MenuCommand::CompactDatabase:
+        case MenuCommand::Configure:
             return true;
         default:
             return false;
@@ -30,64 +30,64 @@ bool NeedsWriting(Command command) {
 }
 
 /// Whether the command leaves alone what a load or a long job works on.
-bool IsHarmless(Command command) {
+bool IsHarmless(MenuCommand command) {
     switch (command) {
-        case Command::Exit:
-        case Command::ShowHelp:
-        case Command::ShowAbout:
-        case Command::CopyPageText:
-        case Command::CopyWholePage:
-        case Command::SelectAllPageText:
-        case Command::CopyZoomText:
-        case Command::SelectAllZoomText:
-        case Command::FindInPage:
-        case Command::FindInZoom:
-        case Command::LargerText:
-        case Command::SmallerText:
-        case Command::NormalText:
-        case Command::NextPane:
-        case Command::BackToPage:
+        case MenuCommand::Exit:
+        case MenuCommand::ShowHelp:
+        case MenuCommand::ShowAbout:
+        case MenuCommand::CopyPageText:
+        case MenuCommand::CopyWholePage:
+        case MenuCommand::SelectAllPageText:
+        case MenuCommand::CopyZoomText:
+        case MenuCommand::SelectAllZoomText:
+        case MenuCommand::FindInPage:
+        case MenuCommand::FindInZoom:
+        case MenuCommand::LargerText:
+        case MenuCommand::SmallerText:
+        case MenuCommand::NormalText:
+        case MenuCommand::NextPane:
+        case MenuCommand::BackToPage:
             return true;
         default:
             return false;
     }
 }
 
-bool HasItsObject(Command command, const ProgramFacts& facts) {
+bool HasItsObject(MenuCommand command, const ProgramFacts& facts) {
     const bool hasSelection = facts.selection != NodeIDs{};
     switch (command) {
-        case Command::ExportSelected:
-        case Command::ExportNode:
-        case Command::DeleteSelected:
-        case Command::RenameNode:
-        case Command::EditNode:
-        case Command::AddExisting:
+        case MenuCommand::ExportSelected:
+        case MenuCommand::ExportNode:
+        case MenuCommand::DeleteSelected:
+        case MenuCommand::RenameNode:
+        case MenuCommand::EditNode:
+        case MenuCommand::AddExisting:
             return hasSelection;
-        case Command::ExportShownPage:
-        case Command::EditShownPage:
+        case MenuCommand::ExportShownPage:
+        case MenuCommand::EditShownPage:
             return facts.shownPage.classID != 0;
-        case Command::AddBookmark:
+        case MenuCommand::AddBookmark:
             return facts.selection.classID != 0 || facts.shownPage.classID != 0;
-        case Command::CopyPageText:
+        case MenuCommand::CopyPageText:
             return facts.hasPageSelection;
-        case Command::Print:
-        case Command::ClearPage:
-        case Command::SelectAllPageText:
-        case Command::FindInPage:
-        case Command::CopyWholePage:
-        case Command::ZoomWindow:
+        case MenuCommand::Print:
+        case MenuCommand::ClearPage:
+        case MenuCommand::SelectAllPageText:
+        case MenuCommand::FindInPage:
+        case MenuCommand::CopyWholePage:
+        case MenuCommand::ZoomWindow:
             return facts.hasPageText;
-        case Command::EditIndexWord:
-        case Command::DeleteIndexWord:
+        case MenuCommand::EditIndexWord:
+        case MenuCommand::DeleteIndexWord:
             return facts.hasIndexWord;
-        case Command::ShowBookmark:
-        case Command::RemoveBookmark:
+        case MenuCommand::ShowBookmark:
+        case MenuCommand::RemoveBookmark:
             return facts.hasBookmark;
-        case Command::UndoDelete:
+        case MenuCommand::UndoDelete:
             return facts.canUndoDelete;
-        case Command::GoBack:
+        case MenuCommand::GoBack:
             return facts.canGoBack;
-        case Command::GoForward:
+        case MenuCommand::GoForward:
             return facts.canGoForward;
         default:
             return true;
@@ -96,7 +96,7 @@ bool HasItsObject(Command command, const ProgramFacts& facts) {
 
 }  // namespace
 
-bool IsEnabled(Command command, const ProgramFacts& facts) {
+bool IsEnabled(MenuCommand command, const ProgramFacts& facts) {
     if (facts.isBusy && !IsHarmless(command)) return false;
     if (facts.isReadOnly && NeedsWriting(command)) return false;
     return HasItsObject(command, facts);
