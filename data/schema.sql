@@ -313,3 +313,9 @@ CREATE TABLE tblTrashOverlong(
     part TEXT COLLATE CATNC,
     text TEXT COLLATE CATNC
 );
+
+-- The classes all of whose procedures are being deleted: see trgKeywordDeleted. Empty between
+-- deletions.
+CREATE TABLE tblClassesToEmpty(
+    classID INTEGER PRIMARY KEY
+);

@@ -2,12 +2,33 @@
 
 -- The IDs of keywords and search words are given out again (maximum plus one). Whatever still names
 -- a deleted one would then belong to a stranger.
+--
+-- A procedure whose class is being emptied keeps the ID of its deleted keyword: taking it away
+-- would write the row and its indexes anew just before they go. Should the deletion not come so
+-- far, the ID is taken away when the class leaves the list tblClassesToEmpty, and before that when
+-- a new keyword gets it.
 CREATE TRIGGER trgKeywordDeleted AFTER DELETE ON tblKeyword
 BEGIN
     UPDATE tblApplication SET keywordID = NULL WHERE keywordID = old.keywordID;
     UPDATE tblClass SET keywordID = NULL WHERE keywordID = old.keywordID;
-    UPDATE tblCode SET keywordID = NULL WHERE keywordID = old.keywordID;
+    UPDATE tblCode SET keywordID = NULL
+    WHERE keywordID = old.keywordID
+        AND classID NOT IN (SELECT classID FROM tblClassesToEmpty);
     DELETE FROM tblKeyword_link_searchWord WHERE keywordID = old.keywordID;
+END;
+
+CREATE TRIGGER trgKeywordAdded AFTER INSERT ON tblKeyword
+WHEN EXISTS (SELECT 1 FROM tblClassesToEmpty)
+BEGIN
+    UPDATE tblCode SET keywordID = NULL
+    WHERE keywordID = new.keywordID
+        AND classID IN (SELECT classID FROM tblClassesToEmpty);
+END;
+
+CREATE TRIGGER trgClassEmptied AFTER DELETE ON tblClassesToEmpty
+BEGIN
+    UPDATE tblCode SET keywordID = NULL
+    WHERE classID = old.classID AND keywordID NOT IN (SELECT keywordID FROM tblKeyword);
 END;
 
 CREATE TRIGGER trgSearchWordDeleted AFTER DELETE ON tblSearchWord

@@ -88,6 +88,7 @@ constexpr std::array kRules = {
     CheckRule{SourceFormWithoutClass, Fault, "tblSourceForm", kNoClass, kClassID, "notes on the source files of classes that do not exist", "DELETE FROM tblSourceForm", kLinkAdvice},
     CheckRule{OverlongTextWithoutOwner, Fault, "tblOverlong", kNoOwner, kOwner, "cut off ends of texts whose owner does not exist", "DELETE FROM tblOverlong", kLinkAdvice},
     CheckRule{LeftoverToDelete, Fault, "tblIDsToDelete", "1", "coalesce('ID ' || ID, 'no ID')", "rows that a deletion which was cut short left in its list", "DELETE FROM tblIDsToDelete", kLinkAdvice},
+    CheckRule{LeftoverToDelete, Fault, "tblClassesToEmpty", "1", kClassID, "classes that a deletion which was cut short left in its list", "DELETE FROM tblClassesToEmpty", kLinkAdvice},
     CheckRule{TrashWithoutEntry, Fault, "tblTrashApplication", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashApplication", kTrashAdvice},
     CheckRule{TrashWithoutEntry, Fault, "tblTrashClass", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashClass", kTrashAdvice},
     CheckRule{TrashWithoutEntry, Fault, "tblTrashCode", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashCode", kTrashAdvice},

@@ -151,6 +151,7 @@ constexpr std::array kTables = {
     std::string_view("tblTrashFavorite"),
     std::string_view("tblTrashSourceForm"),
     std::string_view("tblTrashOverlong"),
+    std::string_view("tblClassesToEmpty"),
 };
 
 constexpr std::array kKinds = {
