@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace snippetarium {
+
+class Database;
+
+enum class IdleStep { MoreToDo, Done };
+
+/// Work that waits until the user does nothing: the main window's timer calls Step again and again.
+///
+///     idle.Add("Backing up", [&] { BackUpOncePerDay(db); return IdleStep::Done; });
+class IdleWork {
+  public:
+    using Work = std::function<IdleStep()>;
+
+    /// `name` is what the status bar says meanwhile. A step is to take a few milliseconds, where
+    /// the work can be divided so; it reports its failures itself.
+    void Add(std::string name, Work work);
+    /// Does one step of the work that was added first. Does nothing inside another step, which may
+    /// let events run.
+    void Step();
+    bool IsDone() const { return tasks_.empty(); }
+    /// Of the work that is next; empty where there is none.
+    std::string_view CurrentName() const;
+    /// The rest is not done: the program ends.
+    void Clear();
+
+  private:
+    struct Task {
+        std::string name;
+        Work work;
+    };
+
+    std::vector<Task> tasks_;
+    bool isStepping_ = false;
+};
+
+/// The first backup of the day.
+void AddDailyBackup(IdleWork& idle, Database& db);
+
+}  // namespace snippetarium
