@@ -215,15 +215,6 @@ TEST_F(Expression, OfPartsIsThatOfEachPartByItself) {
     });
 }
 
-TEST_F(Expression, IsEmptyForARefusedEntryAndTheUserIsToldOnce) {
-    for (const std::string_view entry : {"(alpha", "x \"alpha", "alpha) (beta"}) {
-        EXPECT_EQ(Field(entry, "cd.Code"), "") << entry;
-        EXPECT_EQ(And(entry).text, "") << entry;
-        EXPECT_EQ(host_.messages.shown.size(), 2U) << entry;
-        host_.messages.shown.clear();
-    }
-}
-
 TEST_F(Expression, OfAnEmptyOrTornPhraseIsAReportedFailure) {
     EXPECT_EQ(Field("x \"\"", "cd.Code"), "");
     EXPECT_EQ(And("x \"a and b\"").text, "");
