@@ -140,6 +140,8 @@ void ThrowEngineError(sqlite3* database, int resultCode) {
     const std::string libraryText =
         database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(resultCode);
     const Failure failure = DescribeFailure(resultCode, libraryText);
+    if (failure.code == EngineErrorCode::Cancelled)
+        throw EngineError(failure.code, std::string(failure.text));
     throw EngineError(failure.code, std::string(failure.text) + " (" + libraryText + ")");
 }
 
