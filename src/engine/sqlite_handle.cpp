@@ -7,6 +7,7 @@
 
 #include "engine/collation.h"
 #include "engine/engine_error.h"
+#include "engine/log_frames.h"
 
 namespace snippetarium {
 
@@ -146,7 +147,8 @@ void ThrowEngineError(sqlite3* database, int resultCode) {
 DatabaseHandle OpenDatabase(const std::string& path, OpenFlag flag) {
     const std::string address = flag == OpenFlag::ReadUnchanging ? ImmutableAddress(path) : path;
     sqlite3* opened = nullptr;
-    const int result = sqlite3_open_v2(address.c_str(), &opened, LibraryFlags(flag), nullptr);
+    const char* const vfs = flag == OpenFlag::ReadWrite ? LogFramesVfs() : nullptr;
+    const int result = sqlite3_open_v2(address.c_str(), &opened, LibraryFlags(flag), vfs);
     DatabaseHandle database(opened);
     if (result != SQLITE_OK) ThrowEngineError(opened, result);
     sqlite3_busy_timeout(opened, kBusyTimeoutMilliseconds);
