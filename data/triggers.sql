@@ -28,7 +28,8 @@ END;
 CREATE TRIGGER trgClassEmptied AFTER DELETE ON tblClassesToEmpty
 BEGIN
     UPDATE tblCode SET keywordID = NULL
-    WHERE classID = old.classID AND keywordID NOT IN (SELECT keywordID FROM tblKeyword);
+    WHERE classID = old.classID AND keywordID IS NOT NULL
+        AND keywordID NOT IN (SELECT keywordID FROM tblKeyword);
 END;
 
 CREATE TRIGGER trgSearchWordDeleted AFTER DELETE ON tblSearchWord

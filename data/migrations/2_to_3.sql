@@ -31,7 +31,8 @@ END;
 CREATE TRIGGER trgClassEmptied AFTER DELETE ON tblClassesToEmpty
 BEGIN
     UPDATE tblCode SET keywordID = NULL
-    WHERE classID = old.classID AND keywordID NOT IN (SELECT keywordID FROM tblKeyword);
+    WHERE classID = old.classID AND keywordID IS NOT NULL
+        AND keywordID NOT IN (SELECT keywordID FROM tblKeyword);
 END;
 
 INSERT INTO sqlite_stat1(tbl, idx, stat) VALUES

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "engine/engine_error.h"
+#include "store/emptied_classes.h"
 #include "store/migration.h"
 #include "store/trash.h"
 #include "support/guard.h"
@@ -71,6 +72,7 @@ void Database::Open() {
             // A deletion that was killed leaves IDs here, and the next one would take them for its
             // own, as IDs of other things.
             connection_.ExecuteAction("DELETE FROM tblIDsToDelete WHERE true");
+            ForgetClassesToEmpty(*this);
             PurgeTrash(*this, host_.clock.Now());
         }
     } catch (...) {
