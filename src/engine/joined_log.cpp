@@ -38,6 +38,8 @@ class JoinedLog {
     sqlite3_file* System() { return reinterpret_cast<sqlite3_file*>(this + 1); }
 
     int Write(const void* data, int size, sqlite3_int64 offset) {
+        if (hasGap_ && offset > end_) return SQLITE_IOERR_WRITE;
+        hasGap_ = false;
         const bool isHeader = size == kFrameHeader;
         const bool isNext = offset == end_ + static_cast<sqlite3_int64>(joined_.size());
         // What is written over is rare (the header of the log, a page that a statement changed
@@ -54,13 +56,15 @@ class JoinedLog {
         return isCommit_ ? Flush() : SQLITE_OK;
     }
 
-    /// Call it before anything that looks at the file. After a failure what was held is gone, and
-    /// the library writes it anew.
+    /// Call it before anything that looks at the file. After a failure what was held is gone; it
+    /// may have been accepted long before, so nothing is taken behind the gap until the library
+    /// writes there anew, as it does after a rollback.
     int Flush() {
         if (joined_.empty()) return SQLITE_OK;
         const int size = static_cast<int>(joined_.size());
         const int result = System()->pMethods->xWrite(System(), joined_.data(), size, end_);
         if (result == SQLITE_OK) end_ += size;
+        hasGap_ = result != SQLITE_OK;
         joined_.clear();
         return result;
     }
@@ -97,6 +101,7 @@ class JoinedLog {
     std::vector<char> joined_;
     sqlite3_int64 end_ = 0;  // what is held belongs here
     bool isCommit_ = false;  // the page that comes next ends a commit
+    bool hasGap_ = false;    // what was held for end_ could not be written
 };
 
 /// A method of the system's file, after what is held back for it was written.

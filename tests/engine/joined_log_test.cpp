@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+#include <sys/resource.h>
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -33,11 +35,14 @@ class OpenLog {
     OpenLog(const OpenLog&) = delete;
     OpenLog& operator=(const OpenLog&) = delete;
 
-    void Write(const std::string& bytes, sqlite3_int64 offset) {
-        EXPECT_EQ(
-            File()->pMethods->xWrite(File(), bytes.data(), static_cast<int>(bytes.size()), offset),
-            SQLITE_OK);
+    int TryWrite(const std::string& bytes, sqlite3_int64 offset) {
+        return File()->pMethods->xWrite(File(), bytes.data(), static_cast<int>(bytes.size()),
+                                        offset);
     }
+    void Write(const std::string& bytes, sqlite3_int64 offset) {
+        EXPECT_EQ(TryWrite(bytes, offset), SQLITE_OK);
+    }
+    int TrySync() { return File()->pMethods->xSync(File(), SQLITE_SYNC_NORMAL); }
     void Truncate(sqlite3_int64 size) {
         EXPECT_EQ(File()->pMethods->xTruncate(File(), size), SQLITE_OK);
     }
@@ -167,6 +172,50 @@ TEST(JoinedLog, HoldsTheSameBytesAsOneThatIsWrittenPieceByPiece) {
             }
         }
     }
+}
+
+/// A disk that takes no more than this into a file.
+class FullDisk {
+  public:
+    explicit FullDisk(rlim_t bytes) {
+        handler_ = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before_);
+        rlimit limit = before_;
+        limit.rlim_cur = bytes;
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+  private:
+    rlimit before_ = {};
+    void (*handler_)(int) = nullptr;
+};
+
+TEST(JoinedLog, TakesNothingBehindPagesThatCouldNotBeWritten) {
+    const TemporaryFolder folder;
+    OpenLog log(folder.File("log-wal"));
+    log.Write(std::string(kFirstFrame, 'h'), 0);
+    const auto writeFrame = [&](bool isCommit, sqlite3_int64 offset) {
+        const int header = log.TryWrite(FrameHeader(isCommit, 'f'), offset);
+        if (header != SQLITE_OK) return header;
+        return log.TryWrite(std::string(kPage, 'p'), offset + sqlite3_int64{kHeader});
+    };
+    const sqlite3_int64 secondFrame = kFirstFrame + sqlite3_int64{kHeader + kPage};
+    ASSERT_EQ(writeFrame(false, kFirstFrame), SQLITE_OK);
+    {
+        const FullDisk disk(kFirstFrame);
+        EXPECT_NE(log.TrySync(), SQLITE_OK);
+    }
+    EXPECT_NE(writeFrame(true, secondFrame), SQLITE_OK);
+    EXPECT_EQ(writeFrame(false, kFirstFrame), SQLITE_OK);
+    EXPECT_EQ(writeFrame(true, secondFrame), SQLITE_OK);
+    EXPECT_EQ(BytesOnDisk(folder.File("log-wal")).size(),
+              static_cast<std::size_t>(secondFrame) + kHeader + kPage);
 }
 
 }  // namespace
