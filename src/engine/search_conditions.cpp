@@ -4,14 +4,15 @@
 #include <optional>
 #include <utility>
 
+#include "engine/sql_literals.h"
 #include "engine/sql_tokens.h"
 
 namespace snippetarium {
 
 // A condition is read by its precedence from outside: first it is cut at each OR outside of
 // brackets, then each part at its ANDs, then brackets around the whole of a part are taken off and
-// all begins anew. A part that is no comparison of a known form is unknown, whatever it says, and so
-// is what stands behind NOT. To take a part for unknown is never wrong: it only restricts less.
+// all begins anew. A part that is no comparison of a known form is unknown, whatever it says, and
+// so is what stands behind NOT. To take a part for unknown is never wrong: it only restricts less.
 
 namespace {
 
@@ -207,9 +208,8 @@ SearchCondition SelectReader::ReadComparison(Tokens tokens) const {
     const bool isEqual = tokens[3].Is('=');
     if (!source || (!isEqual && !tokens[3].IsWord("LIKE"))) return {};
     const std::span<const std::string_view> columns = select_.sources[*source].table->columns;
-    const auto column = std::ranges::find_if(columns, [&](std::string_view name) {
-        return IsSameSqlName(name, tokens[2].Unquoted());
-    });
+    const auto column = std::ranges::find_if(
+        columns, [&](std::string_view name) { return IsSameSqlName(name, tokens[2].Unquoted()); });
     if (column == columns.end()) return {};
     SearchCondition condition;
     condition.kind = Kind::Text;
@@ -253,8 +253,8 @@ std::optional<SearchSelect> ReadSelect(Tokens tokens, std::span<const TextTable>
     const std::size_t where = find(from, "WHERE");
     if (where + 1 >= tokens.size()) return std::nullopt;
     const Tokens condition = tokens.subspan(where + 1);
-    const bool isUnfamiliar = std::ranges::any_of(
-        condition, [](const SqlToken& token) { return token.IsWord("CASE"); });
+    const bool isUnfamiliar =
+        std::ranges::any_of(condition, [](const SqlToken& token) { return token.IsWord("CASE"); });
     SearchSelect select;
     SelectReader reader(tables, select);
     if (isUnfamiliar || !reader.ReadFrom(tokens.subspan(from + 1, where - from - 1)))

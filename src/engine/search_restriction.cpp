@@ -128,7 +128,7 @@ std::optional<std::string> RestrictionOf(const SearchSelect& select,
         TextCandidates found = restriction.Find(select.condition);
         if (!found) return std::nullopt;
         const SearchSelect::Source& source = select.sources[target];
-        return source.alias + "." + std::string(source.table->idColumn) +
+        return "[" + source.alias + "]." + std::string(source.table->idColumn) +
                " IN tblTextCandidates(" + std::to_string(lists.Add(*std::move(found))) + ")";
     }
     return std::nullopt;
@@ -146,8 +146,8 @@ std::optional<std::string> RestrictSearch(std::string_view statement,
         if (!restriction) continue;
         restricted.append(statement.substr(done, select.conditionBegin - done));
         restricted.append(*restriction).append(" AND (");
-        restricted.append(statement.substr(select.conditionBegin,
-                                           select.conditionEnd - select.conditionBegin));
+        restricted.append(
+            statement.substr(select.conditionBegin, select.conditionEnd - select.conditionBegin));
         restricted.append(")");
         done = select.conditionEnd;
     }

@@ -57,7 +57,8 @@ void TextBlockWriter::Finish(TextKey end) {
     std::string block(kChecksumSize, '\0');
     AppendNumber(block, end - firstKey_);
     block.append(lists_);
-    const std::uint32_t checksum = Checksum(firstKey_, std::string_view(block).substr(kChecksumSize));
+    const std::uint32_t checksum =
+        Checksum(firstKey_, std::string_view(block).substr(kChecksumSize));
     std::memcpy(block.data(), &checksum, kChecksumSize);
     sink_(firstKey_, block);
     firstKey_ = previousKey_ = end;

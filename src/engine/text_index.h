@@ -13,8 +13,9 @@ namespace snippetarium {
 // "x LIKE '%literal%'" asks for a text anywhere in another one, which no index of the engine below
 // can answer: it would read every text of the catalogue. The text index knows, for every three
 // characters that follow each other (a trigram, folded as the catalogue compares texts), which rows
-// hold them. A row that holds a literal holds all its trigrams; so the rows that are in the lists of
-// all of them are the candidates, few more than those that really hold it, and only these are read.
+// hold them. A row that holds a literal holds all its trigrams; so the rows that are in the lists
+// of all of them are the candidates, few more than those that really hold it, and only these are
+// read.
 //
 // The index lives in segments. A segment covers some rows of one table with all their indexed
 // columns, is written once and never changes. Rows that were changed since are noted in a table by
@@ -50,6 +51,13 @@ using TextCandidates = std::optional<std::vector<std::int64_t>>;
 struct TextColumn {
     std::string_view table;
     std::string_view column;
+};
+
+enum class TendingPace : std::uint8_t {
+    /// Some 10 milliseconds a call; a few rows may wait.
+    WhenIdle,
+    /// Larger steps, for whoever waits for the end; no row is left waiting.
+    ToTheEnd,
 };
 
 /// How far the index of one table is.

@@ -71,8 +71,8 @@ sqlite3_stmt* TextLookup::Prepare(const std::string& sql) {
     return statements_.Get(database_, sql);
 }
 
-TextCandidates TextLookup::Find(const TextTable& table, unsigned column,
-                                TextComparison comparison, const std::string& pattern) {
+TextCandidates TextLookup::Find(const TextTable& table, unsigned column, TextComparison comparison,
+                                const std::string& pattern) {
     const std::vector<TextKey> keys = KeysOf(column, comparison, pattern);
     if (keys.empty()) return std::nullopt;
     std::vector<std::int64_t> ids;
@@ -163,12 +163,14 @@ void TextLookup::FindInSegment(const Segment& segment, std::span<const TextKey> 
 /// False where the key has no list in this segment.
 bool TextLookup::ReadList(const Segment& segment, TextKey key, std::string& postings) {
     sqlite3_stmt* row = Prepare(
-        "SELECT blockID, block FROM tblTextBlock WHERE blockID <= ?1 ORDER BY blockID DESC LIMIT 1");
+        "SELECT blockID, block FROM tblTextBlock WHERE blockID <= ?1 ORDER BY blockID DESC LIMIT "
+        "1");
     const StatementRun run(row);
     sqlite3_bind_int64(row, 1, BlockIDOf(segment.segmentID, key));
     const int result = sqlite3_step(row);
     if (result != SQLITE_ROW && result != SQLITE_DONE) ThrowEngineError(database_, result);
-    const std::int64_t behindSegment = sqlite3_column_int64(row, 0) - BlockIDOf(segment.segmentID, 0);
+    const std::int64_t behindSegment =
+        sqlite3_column_int64(row, 0) - BlockIDOf(segment.segmentID, 0);
     if (result == SQLITE_ROW && behindSegment >= 0) {
         const auto* bytes = static_cast<const char*>(sqlite3_column_blob(row, 1));
         const auto size = static_cast<std::size_t>(sqlite3_column_bytes(row, 1));

@@ -52,8 +52,7 @@ class TextLookup {
                                     TextComparison comparison, const std::string& pattern,
                                     std::vector<std::int64_t> candidates);
     /// The rows of a table that belong to these rows of its parent.
-    std::vector<std::int64_t> ChildrenOf(const TextTable& table,
-                                         std::vector<std::int64_t> parents);
+    std::vector<std::int64_t> ChildrenOf(const TextTable& table, std::vector<std::int64_t> parents);
 
     /// The statements that it keeps belong to a schema that is going to change.
     void Clear() { statements_.Clear(); }

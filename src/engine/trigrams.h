@@ -22,7 +22,8 @@ constexpr Trigram TrigramOf(char32_t first, char32_t second, char32_t third) {
     }
     // The upper bits of a product depend on all bits of its factors.
     constexpr std::uint64_t kOddNumber = 0x9E3779B97F4A7C15U;
-    const std::uint64_t all = (std::uint64_t{first} << 42U) ^ (std::uint64_t{second} << 21U) ^ third;
+    const std::uint64_t all =
+        (std::uint64_t{first} << 42U) ^ (std::uint64_t{second} << 21U) ^ third;
     return kBehindAscii | static_cast<Trigram>((all * kOddNumber) >> (64U - 3 * kAsciiBits));
 }
 

@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "engine/text_index.h"
 
@@ -24,6 +26,9 @@ enum class TextKind : std::uint8_t {
 
 /// The tables and columns of the index, for the connection.
 std::span<const TextTable> IndexedTexts();
+
+/// A script in the engine's own SQL that leaves an index with nothing in it.
+std::string TextIndexResetScript();
 
 /// The IDs of the applications, classes or procedures whose text of this kind may hold the literal,
 /// without regard to case. The literal is taken as it is: it knows no wildcards. See TextCandidates
