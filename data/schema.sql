@@ -319,3 +319,32 @@ CREATE TABLE tblTrashOverlong(
 CREATE TABLE tblClassesToEmpty(
     classID INTEGER PRIMARY KEY
 );
+
+-- The text index (engine/text_lookup.h). tblTextIndex has a row for each table that is indexed; its
+-- numbers are those of ownerTableID. All of it is made of the texts and can be made again.
+CREATE TABLE tblTextIndex(
+    ownerTableID INTEGER PRIMARY KEY,
+    indexedTo INTEGER NOT NULL,
+    segments INTEGER NOT NULL
+);
+
+CREATE TABLE tblTextSegment(
+    segmentID INTEGER PRIMARY KEY,
+    ownerTableID INTEGER NOT NULL,
+    state INTEGER NOT NULL,
+    firstID INTEGER NOT NULL,
+    rows INTEGER NOT NULL,
+    bytes INTEGER NOT NULL
+);
+
+CREATE TABLE tblTextBlock(
+    blockID INTEGER PRIMARY KEY,
+    block BLOB NOT NULL
+);
+
+-- Rows whose texts were changed since they were indexed.
+CREATE TABLE tblTextDirty(
+    ownerTableID INTEGER NOT NULL,
+    ownerID INTEGER NOT NULL,
+    PRIMARY KEY (ownerTableID, ownerID)
+) WITHOUT ROWID;

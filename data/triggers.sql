@@ -88,3 +88,41 @@ BEGIN
     DELETE FROM tblTrashSourceForm WHERE trashID = old.trashID;
     DELETE FROM tblTrashOverlong WHERE trashID = old.trashID;
 END;
+
+-- The text index takes rows in by their IDs, in ascending order, so a new row needs no mark. One
+-- that comes back from the trash has an old ID.
+CREATE TRIGGER trgApplicationTextAdded AFTER INSERT ON tblApplication
+WHEN new.appID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 1)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (1, new.appID);
+END;
+
+CREATE TRIGGER trgApplicationTextChanged AFTER UPDATE OF appID, appName, appComment ON tblApplication
+WHEN new.appID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 1)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (1, new.appID);
+END;
+
+CREATE TRIGGER trgClassTextAdded AFTER INSERT ON tblClass
+WHEN new.classID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 2)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (2, new.classID);
+END;
+
+CREATE TRIGGER trgClassTextChanged AFTER UPDATE OF classID, className, classDI, classComment ON tblClass
+WHEN new.classID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 2)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (2, new.classID);
+END;
+
+CREATE TRIGGER trgCodeTextAdded AFTER INSERT ON tblCode
+WHEN new.codeID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 3)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (3, new.codeID);
+END;
+
+CREATE TRIGGER trgCodeTextChanged AFTER UPDATE OF codeID, codeName, code, codeComment ON tblCode
+WHEN new.codeID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 3)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (3, new.codeID);
+END;

@@ -5,6 +5,7 @@
 #include "engine/engine_error.h"
 #include "store/emptied_classes.h"
 #include "store/migration.h"
+#include "store/text_index.h"
 #include "store/trash.h"
 #include "support/guard.h"
 #include "support/message_boxes.h"
@@ -66,6 +67,7 @@ void Database::Open() {
         AcquireWriting();
         connection_.SetMode(mode_);
         connection_.SetVersions(OpenableVersions());
+        connection_.SetTextTables(IndexedTexts());
         connection_.Open();
         BringUpToDate(*this);
         if (mode_ == AccessMode::ReadWrite) {
