@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -9,6 +10,7 @@
 #include "engine/command.h"
 #include "engine/file_version.h"
 #include "engine/recordset.h"
+#include "engine/row_cursor.h"
 
 namespace snippetarium {
 
@@ -44,6 +46,9 @@ class Session {
     /// Runs a SELECT in which texts stand that a user typed: see engine/statement_guard.h for what
     /// it may do. Polls the cancel poll; throws Cancelled when that says so.
     virtual Recordset Search(std::string_view text) = 0;
+    /// Runs a SELECT of the program's own, in the engine's own SQL, and reads its rows as they come.
+    virtual std::unique_ptr<RowCursor> OpenCursor(std::string_view sql,
+                                                  std::span<const BoundValue> values) = 0;
     /// Runs an INSERT, UPDATE, DELETE or ALTER TABLE; returns the number of rows it changed.
     virtual std::int64_t Act(std::string_view text) = 0;
     /// Runs statements in the engine's own SQL, as they stand and as one transaction: all or

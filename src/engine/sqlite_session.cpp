@@ -13,6 +13,7 @@
 #include "engine/jet_sql.h"
 #include "engine/memory_limit.h"
 #include "engine/open_for_reading.h"
+#include "engine/sqlite_cursor.h"
 #include "support/paths.h"
 
 namespace snippetarium {
@@ -164,6 +165,12 @@ Recordset SqliteSession::RunSearch(std::string_view sql) {
         SearchCancel& cancel;
     } searching(cancel_);
     return ReadRows(statement.get(), kMostBytesFound);
+}
+
+std::unique_ptr<RowCursor> SqliteSession::OpenCursor(std::string_view sql,
+                                                     std::span<const BoundValue> values) {
+    return std::make_unique<SqliteCursor>(database_.get(),
+                                          PrepareCached(sql, StatementPurpose::Query), values);
 }
 
 std::int64_t SqliteSession::Act(std::string_view text) {

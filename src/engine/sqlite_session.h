@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -28,6 +29,8 @@ class SqliteSession final : public Session {
     Recordset Query(std::string_view text) override;
     Recordset NamedQuery(std::string_view name, std::span<const Parameter> parameters) override;
     Recordset Search(std::string_view text) override;
+    std::unique_ptr<RowCursor> OpenCursor(std::string_view sql,
+                                          std::span<const BoundValue> values) override;
     std::int64_t Act(std::string_view text) override;
     void RunScript(std::string_view script) override;
     std::int32_t UserVersion() override;
