@@ -4,6 +4,7 @@
 
 #include "engine/engine_error.h"
 #include "store/migration.h"
+#include "store/packed_names.h"
 #include "store/trash.h"
 #include "support/guard.h"
 #include "support/message_boxes.h"
@@ -72,6 +73,7 @@ void Database::Open() {
             // own, as IDs of other things.
             connection_.ExecuteAction("DELETE FROM tblIDsToDelete WHERE true");
             PurgeTrash(*this, host_.clock.Now());
+            PackNames(*this);
         }
     } catch (...) {
         Close();

@@ -152,6 +152,7 @@ constexpr std::array kTables = {
     std::string_view("tblTrashSourceForm"),
     std::string_view("tblTrashOverlong"),
     std::string_view("tblClassesToEmpty"),
+    std::string_view("tblNameBlock"),
 };
 
 constexpr std::array kKinds = {

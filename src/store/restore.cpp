@@ -35,6 +35,7 @@ struct LaterTables {
 constexpr LaterTables kLaterTables[] = {
     {"tblTrash", 2},
     {"tblClassesToEmpty", 3},
+    {"tblNameBlock", 3},
 };
 // clang-format on
 
@@ -85,7 +86,7 @@ SalvagePlan PlanOfSalvage(std::int32_t version) {
         if (IsNewerThan(version, table)) plan.newerTables.emplace_back(table);
     }
     plan.creationScript = CreationScript();
-    plan.deliveredTables = {"tblNamedQuery"};
+    plan.deliveredTables = {"tblNamedQuery", "tblNameBlock"};
     for (const PermanentTable& table : TablesWithPermanentRows()) {
         plan.tablesWithPermanentRows.emplace_back(table.name);
     }
