@@ -348,3 +348,17 @@ CREATE TABLE tblTextDirty(
     ownerID INTEGER NOT NULL,
     PRIMARY KEY (ownerTableID, ownerID)
 ) WITHOUT ROWID;
+
+-- The names of the applications, classes and procedures once more, packed so that quick search can
+-- look through all of them at a time. Block n of a level has the names of the IDs from n * 1024 on,
+-- in their order: `entries` has for each one four digits for the ID's place in the block and four
+-- for the name's length in bytes, `names` the names with a line break between. A block that is not
+-- here has to be read from its table: triggers remove it when a row of it changes, and make it when
+-- its last ID has been given.
+CREATE TABLE tblNameBlock(
+    ownerTableID INTEGER NOT NULL,
+    block INTEGER NOT NULL,
+    entries TEXT NOT NULL COLLATE CATNC,
+    names TEXT NOT NULL COLLATE CATNC,
+    PRIMARY KEY (ownerTableID, block)
+) WITHOUT ROWID;

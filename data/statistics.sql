@@ -68,5 +68,6 @@ INSERT INTO sqlite_stat1(tbl, idx, stat) VALUES
     ('tblTextIndex', NULL, '3'),
     ('tblTextSegment', NULL, '30'),
     ('tblTextBlock', NULL, '100000'),
-    ('tblTextDirty', 'tblTextDirty', '100 40 1');
+    ('tblTextDirty', 'tblTextDirty', '100 40 1'),
+    ('tblNameBlock', 'tblNameBlock', '1000 300 1');
 ANALYZE sqlite_schema;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -48,6 +49,11 @@ class Connection {
     Recordset ExecuteSearch(std::string_view text) { return OpenSession().Search(text); }
     Recordset ExecuteNamedSearch(std::string_view name, std::span<const Parameter> parameters) {
         return OpenSession().NamedSearch(name, parameters);
+    }
+    template <typename... Values>
+    std::unique_ptr<RowCursor> OpenCursor(std::string_view sql, const Values&... values) {
+        const std::array<BoundValue, sizeof...(Values)> bound{BoundValue(values)...};
+        return OpenSession().OpenCursor(sql, bound);
     }
     std::int64_t ExecuteAction(std::string_view text) { return OpenSession().Act(text); }
     void RunScript(std::string_view script) { OpenSession().RunScript(script); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -9,6 +10,7 @@
 #include "engine/command.h"
 #include "engine/file_version.h"
 #include "engine/recordset.h"
+#include "engine/row_cursor.h"
 #include "engine/text_index.h"
 
 namespace snippetarium {
@@ -49,6 +51,10 @@ class Session {
     virtual Recordset Search(std::string_view text) = 0;
     /// A named query that looks for a text: cancelled like Search.
     virtual Recordset NamedSearch(std::string_view name, std::span<const Parameter> parameters) = 0;
+    /// Runs a SELECT of the program's own, in the engine's own SQL, and reads its rows as they
+    /// come.
+    virtual std::unique_ptr<RowCursor> OpenCursor(std::string_view sql,
+                                                  std::span<const BoundValue> values) = 0;
     /// Runs an INSERT, UPDATE, DELETE or ALTER TABLE; returns the number of rows it changed.
     virtual std::int64_t Act(std::string_view text) = 0;
     /// Runs statements in the engine's own SQL, as they stand and as one transaction: all or

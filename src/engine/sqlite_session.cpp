@@ -15,6 +15,7 @@
 #include "engine/open_for_reading.h"
 #include "engine/read_snapshot.h"
 #include "engine/search_restriction.h"
+#include "engine/sqlite_cursor.h"
 #include "support/paths.h"
 
 namespace snippetarium {
@@ -260,6 +261,12 @@ bool SqliteSession::TendTextIndex(TendingPace pace) {
         sqlite3* database;
     } relaxed(database_.get());
     return care_->Tend(pace);
+}
+
+std::unique_ptr<RowCursor> SqliteSession::OpenCursor(std::string_view sql,
+                                                     std::span<const BoundValue> values) {
+    return std::make_unique<SqliteCursor>(database_.get(),
+                                          PrepareCached(sql, StatementPurpose::Query), values);
 }
 
 std::int64_t SqliteSession::Act(std::string_view text) {

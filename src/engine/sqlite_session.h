@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -33,6 +34,8 @@ class SqliteSession final : public Session {
     Recordset NamedQuery(std::string_view name, std::span<const Parameter> parameters) override;
     Recordset Search(std::string_view text) override;
     Recordset NamedSearch(std::string_view name, std::span<const Parameter> parameters) override;
+    std::unique_ptr<RowCursor> OpenCursor(std::string_view sql,
+                                          std::span<const BoundValue> values) override;
     std::int64_t Act(std::string_view text) override;
     void RunScript(std::string_view script) override;
     TextCandidates FindTextCandidates(const TextColumn& column, std::string_view literal) override;

@@ -38,6 +38,7 @@ enum class FindingKind : std::uint8_t {
     OverlongTextWithoutOwner,
     LeftoverToDelete,
     TrashWithoutEntry,
+    StaleNames,
     DateThatIsNone,
 };
 

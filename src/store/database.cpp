@@ -5,6 +5,7 @@
 #include "engine/engine_error.h"
 #include "store/emptied_classes.h"
 #include "store/migration.h"
+#include "store/packed_names.h"
 #include "store/text_index.h"
 #include "store/trash.h"
 #include "support/guard.h"
@@ -76,6 +77,7 @@ void Database::Open() {
             connection_.ExecuteAction("DELETE FROM tblIDsToDelete WHERE true");
             ForgetClassesToEmpty(*this);
             PurgeTrash(*this, host_.clock.Now());
+            PackNames(*this);
         }
     } catch (...) {
         Close();

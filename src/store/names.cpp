@@ -156,6 +156,7 @@ constexpr std::array kTables = {
     std::string_view("tblTextSegment"),
     std::string_view("tblTextBlock"),
     std::string_view("tblTextDirty"),
+    std::string_view("tblNameBlock"),
 };
 
 constexpr std::array kKinds = {

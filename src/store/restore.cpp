@@ -36,6 +36,7 @@ constexpr LaterTables kLaterTables[] = {
     {"tblTrash", 2},
     {"tblClassesToEmpty", 3},
     {"tblText", 3},
+    {"tblNameBlock", 3},
 };
 // clang-format on
 
@@ -87,8 +88,8 @@ SalvagePlan PlanOfSalvage(std::int32_t version) {
     }
     plan.creationScript = CreationScript();
     // An index of texts that were damaged is worth nothing.
-    plan.deliveredTables = {"tblNamedQuery", "tblTextIndex", "tblTextSegment", "tblTextBlock",
-                            "tblTextDirty"};
+    plan.deliveredTables = {"tblNamedQuery", "tblTextIndex", "tblTextSegment",
+                            "tblTextBlock",  "tblTextDirty", "tblNameBlock"};
     for (const PermanentTable& table : TablesWithPermanentRows()) {
         plan.tablesWithPermanentRows.emplace_back(table.name);
     }

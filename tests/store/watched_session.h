@@ -28,6 +28,10 @@ class WatchedSession final : public Session {
         return session_.FindTextCandidates(column, literal);
     }
     bool TendTextIndex(TendingPace pace) override { return session_.TendTextIndex(pace); }
+    std::unique_ptr<RowCursor> OpenCursor(std::string_view sql,
+                                          std::span<const BoundValue> values) override {
+        return session_.OpenCursor(sql, values);
+    }
     std::int64_t Act(std::string_view text) override { return session_.Act(text); }
     void RunScript(std::string_view script) override {
         beforeScript_();
