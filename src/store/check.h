@@ -39,6 +39,8 @@ enum class FindingKind : std::uint8_t {
     LeftoverToDelete,
     TrashWithoutEntry,
     DateThatIsNone,
+    DamagedTextIndex,
+    TextIndexWithGaps,
 };
 
 enum class FindingWeight : std::uint8_t { Information, Fault };
