@@ -32,7 +32,7 @@ class Connection {
     void SetVersions(const FileVersions& versions) { versions_ = versions; }
 
     /// What the text index knows of, for as long as the connection lives. Without it there is none.
-    void SetTextTables(std::span<const TextTable> tables) { textTables_ = tables; }
+    void SetTextTables(std::span<const IndexedTable> tables) { textTables_ = tables; }
 
     /// Throws EngineError: ObjectOpen when it is open already, ProviderNotFound, FileNotFound,
     /// UnrecognisedFormat, Corrupted, ReadOnly, CannotLock, CannotOpen. A refused file stays byte
@@ -75,7 +75,7 @@ class Connection {
     CursorLocation cursorLocation_ = CursorLocation::Client;
     AccessMode mode_ = AccessMode::ReadWrite;
     FileVersions versions_;
-    std::span<const TextTable> textTables_;
+    std::span<const IndexedTable> textTables_;
     std::unique_ptr<Session> session_;
     WriteMode writeMode_ = WriteMode::EachStatement;
 };

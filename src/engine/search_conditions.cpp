@@ -93,7 +93,7 @@ bool IsBracketed(Tokens tokens) {
 
 class SelectReader {
   public:
-    SelectReader(std::span<const TextTable> tables, SearchSelect& select)
+    SelectReader(std::span<const IndexedTable> tables, SearchSelect& select)
         : tables_(tables), select_(select) {}
 
     /// False where the joins are not of the simple kind that the catalogue's statements have.
@@ -107,7 +107,7 @@ class SelectReader {
     SearchCondition ReadParts(Kind kind, const std::vector<Tokens>& parts) const;
     SearchCondition ReadComparison(Tokens tokens) const;
 
-    std::span<const TextTable> tables_;
+    std::span<const IndexedTable> tables_;
     SearchSelect& select_;
 };
 
@@ -130,7 +130,7 @@ bool SelectReader::ReadFrom(Tokens from) {
 }
 
 void SelectReader::AddSource(Tokens from, std::size_t place) {
-    const auto table = std::ranges::find_if(tables_, [&](const TextTable& candidate) {
+    const auto table = std::ranges::find_if(tables_, [&](const IndexedTable& candidate) {
         return IsSameSqlName(candidate.name, from[place].Unquoted());
     });
     if (table == tables_.end()) return;
@@ -168,8 +168,8 @@ void SelectReader::AddLink(Tokens from, std::size_t place) {
     if (!isComparison || !isWhole || !left || !right) return;
     const auto add = [&](std::size_t child, const SqlToken& column, std::size_t parent,
                          const SqlToken& parentColumn) {
-        const TextTable& table = *select_.sources[child].table;
-        const TextTable& parentTable = *select_.sources[parent].table;
+        const IndexedTable& table = *select_.sources[child].table;
+        const IndexedTable& parentTable = *select_.sources[parent].table;
         if (IsSameSqlName(table.parentTable, parentTable.name) &&
             IsSameSqlName(table.parentColumn, column.Unquoted()) &&
             IsSameSqlName(parentTable.idColumn, parentColumn.Unquoted())) {
@@ -244,7 +244,7 @@ bool HasText(const SearchCondition& condition) {
     return condition.kind == Kind::Text || std::ranges::any_of(condition.parts, HasText);
 }
 
-std::optional<SearchSelect> ReadSelect(Tokens tokens, std::span<const TextTable> tables) {
+std::optional<SearchSelect> ReadSelect(Tokens tokens, std::span<const IndexedTable> tables) {
     const auto find = [&](std::size_t from, std::string_view word) {
         return FindOutside(tokens, from, [&](const SqlToken& token) { return token.IsWord(word); });
     };
@@ -278,7 +278,7 @@ bool AreBracketsPaired(Tokens tokens) {
 }  // namespace
 
 std::vector<SearchSelect> ReadSearchSelects(std::string_view statement,
-                                            std::span<const TextTable> tables) {
+                                            std::span<const IndexedTable> tables) {
     const std::vector<SqlToken> tokens = ReadTokens(statement);
     if (!AreBracketsPaired(tokens)) return {};
     std::vector<SearchSelect> selects;

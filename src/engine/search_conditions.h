@@ -46,7 +46,7 @@ struct SearchCondition {
 struct SearchSelect {
     struct Source {
         std::string alias;
-        const TextTable* table = nullptr;
+        const IndexedTable* table = nullptr;
     };
     /// Each row of one source stands beside its parent's row of the other one.
     struct Link {
@@ -67,6 +67,6 @@ struct SearchSelect {
 /// understand. For such a SELECT, "(condition)" may be replaced by "restriction AND (condition)"
 /// wherever the restriction follows from the condition.
 std::vector<SearchSelect> ReadSearchSelects(std::string_view statement,
-                                            std::span<const TextTable> tables);
+                                            std::span<const IndexedTable> tables);
 
 }  // namespace snippetarium

@@ -75,7 +75,7 @@ class RestrictionOfSelect {
     TextCandidates FindText(const SearchCondition& condition) const {
         const auto pattern = TextOfPattern(condition.pattern, parameters_);
         if (!pattern) return std::nullopt;
-        const TextTable& table = *select_.sources[condition.source].table;
+        const IndexedTable& table = *select_.sources[condition.source].table;
         TextCandidates found =
             lookup_.Find(table, condition.column, condition.comparison, *pattern);
         if (!found || condition.source == target_) return found;

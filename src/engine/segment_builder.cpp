@@ -9,7 +9,6 @@ namespace snippetarium {
 namespace {
 
 constexpr unsigned kIDBits = 32;
-constexpr unsigned kWordBits = 64;
 
 TextKey KeyOf(std::uint64_t posting) {
     return static_cast<TextKey>(posting >> kIDBits);
@@ -17,20 +16,9 @@ TextKey KeyOf(std::uint64_t posting) {
 
 }  // namespace
 
-SegmentBuilder::SegmentBuilder() : seen_((std::size_t{1} << kTrigramBits) / kWordBits, 0) {}
-
 void SegmentBuilder::Add(std::uint32_t id, unsigned column, std::string_view text) {
-    const std::size_t before = postings_.size();
-    ForEachTrigram(text, [&](Trigram trigram) {
-        std::uint64_t& word = seen_[trigram / kWordBits];
-        const std::uint64_t bit = std::uint64_t{1} << trigram % kWordBits;
-        if ((word & bit) != 0) return;
-        word |= bit;
+    for (const Trigram trigram : distinct_.Of(text))
         postings_.push_back(Posting{TextKeyOf(column, trigram)} << kIDBits | id);
-    });
-    constexpr TextKey kTrigramMask = (TextKey{1} << kTrigramBits) - 1;
-    for (std::size_t i = before; i < postings_.size(); ++i)
-        seen_[(KeyOf(postings_[i]) & kTrigramMask) / kWordBits] = 0;
     textSize_ += text.size();
 }
 

@@ -13,8 +13,6 @@ namespace snippetarium {
 /// takes some 7 MB of memory until then.
 class SegmentBuilder {
   public:
-    SegmentBuilder();
-
     /// Rows come with ascending IDs, each with its columns in any order.
     void Add(std::uint32_t id, unsigned column, std::string_view text);
     /// The bytes of all texts since the last segment.
@@ -31,8 +29,7 @@ class SegmentBuilder {
 
     std::vector<Posting> postings_;
     std::vector<Posting> spare_;
-    /// One bit for each trigram: whether the text at hand has it already.
-    std::vector<std::uint64_t> seen_;
+    DistinctTrigrams distinct_;
     std::size_t textSize_ = 0;
 };
 

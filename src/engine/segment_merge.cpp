@@ -45,8 +45,7 @@ SegmentMerge::SegmentMerge(std::vector<TextSegment> sources) : segments_(std::mo
 bool SegmentMerge::GoOn(sqlite3* database, std::chrono::steady_clock::time_point until) {
     constexpr int kListsBetweenLooks = 64;
     if (target_.segmentID == 0) Begin(database);
-    const StatementHandle readBlock =
-        PrepareStatement(database, "SELECT block FROM tblTextBlock WHERE blockID = ?1");
+    TextBlockReader reader(database);
     TextBlockTable blocks(database);
     const auto writeFinished = [&] {
         for (const auto& [firstKey, block] : finished_)
@@ -57,7 +56,7 @@ bool SegmentMerge::GoOn(sqlite3* database, std::chrono::steady_clock::time_point
     for (int lists = 1;; ++lists) {
         TextKey key = kEndOfTextKeys;
         for (Source& source : sources_) {
-            Load(source, readBlock.get(), database);
+            Load(source, reader);
             if (source.HasList()) key = std::min(key, source.lists[source.place].first);
         }
         if (key == kEndOfTextKeys) break;
@@ -86,24 +85,14 @@ void SegmentMerge::Begin(sqlite3* database) {
 }
 
 /// Reads on to the next list, if there is one.
-void SegmentMerge::Load(Source& source, sqlite3_stmt* readBlock, sqlite3* database) const {
+void SegmentMerge::Load(Source& source, TextBlockReader& blocks) {
     while (!source.HasList() && source.nextBlock < kEndOfTextKeys) {
-        sqlite3_bind_int64(readBlock, 1, BlockIDOf(source.segmentID, source.nextBlock));
-        const int result = sqlite3_step(readBlock);
-        if (result == SQLITE_DONE) {
-            throw EngineError(EngineErrorCode::Corrupted, "A block of the text index is missing.");
-        }
-        if (result != SQLITE_ROW) ThrowEngineError(database, result);
-        const auto size = static_cast<std::size_t>(sqlite3_column_bytes(readBlock, 0));
-        const TextBlock block(source.nextBlock,
-                              {static_cast<const char*>(sqlite3_column_blob(readBlock, 0)), size});
         source.lists.clear();
         source.place = 0;
-        block.ForEach([&](TextKey key, std::string_view postings) {
+        const auto keep = [&](TextKey key, std::string_view postings) {
             source.lists.emplace_back(key, postings);
-        });
-        source.nextBlock = block.End();
-        sqlite3_reset(readBlock);
+        };
+        source.nextBlock = blocks.Read(source.segmentID, source.nextBlock, keep);
     }
 }
 

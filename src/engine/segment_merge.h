@@ -52,7 +52,7 @@ class SegmentMerge {
     };
 
     void Begin(sqlite3* database);
-    void Load(Source& source, sqlite3_stmt* readBlock, sqlite3* database) const;
+    static void Load(Source& source, TextBlockReader& blocks);
     std::string TakeLists(TextKey key);
     void End(sqlite3* database);
 

@@ -33,7 +33,7 @@ struct SessionOptions {
     /// Any other file is refused before a byte of it changes.
     FileVersions versions;
     /// What the text index knows of; must live as long as the session.
-    std::span<const TextTable> textTables;
+    std::span<const IndexedTable> textTables;
 };
 
 /// An open data source, as a provider offers it to a Connection. Every operation throws

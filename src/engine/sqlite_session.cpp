@@ -231,7 +231,7 @@ Recordset SqliteSession::NamedSearch(std::string_view name, std::span<const Para
 
 TextCandidates SqliteSession::FindTextCandidates(const TextColumn& column,
                                                  std::string_view literal) {
-    for (const TextTable& table : lookup_->Tables()) {
+    for (const IndexedTable& table : lookup_->Tables()) {
         const auto found = std::ranges::find(table.columns, column.column);
         if (table.name != column.table || found == table.columns.end()) continue;
         const auto number = static_cast<unsigned>(found - table.columns.begin());

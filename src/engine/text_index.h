@@ -30,7 +30,7 @@ namespace snippetarium {
 
 /// A table whose texts are indexed, as the owner of the tables describes it. IDs are given out once
 /// and never again; all of them are positive and fit into 32 bits.
-struct TextTable {
+struct IndexedTable {
     /// What the index calls the table: a small number of its own.
     std::int32_t number = 0;
     std::string_view name;

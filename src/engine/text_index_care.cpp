@@ -62,7 +62,7 @@ void TextIndexCare::GiveUp() {
 
 /// Makes one segment, if so many rows of a table wait.
 bool TextIndexCare::TakeIn(std::int64_t fewestRows, std::size_t mostBytes) {
-    for (const TextTable& table : tables_) {
+    for (const IndexedTable& table : tables_) {
         if (!HasTextIndex(database_, table) || CountWaitingRows(database_, table) < fewestRows)
             continue;
         if (!builder_) builder_ = std::make_unique<SegmentBuilder>();

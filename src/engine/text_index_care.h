@@ -20,7 +20,7 @@ namespace snippetarium {
 /// more texts.
 class TextIndexCare {
   public:
-    TextIndexCare(sqlite3* database, std::span<const TextTable> tables)
+    TextIndexCare(sqlite3* database, std::span<const IndexedTable> tables)
         : database_(database), tables_(tables) {}
 
     /// One step; returns whether another one has something to do. Throws EngineError, and then does
@@ -50,7 +50,7 @@ class TextIndexCare {
     void UnlessItFails(Work&& work);
 
     sqlite3* database_;
-    std::span<const TextTable> tables_;
+    std::span<const IndexedTable> tables_;
     /// There while it is needed: it takes some megabytes.
     std::unique_ptr<SegmentBuilder> builder_;
     std::unique_ptr<SegmentMerge> merge_;

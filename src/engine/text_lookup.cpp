@@ -27,12 +27,12 @@ std::vector<TextKey> KeysOf(unsigned column, TextComparison comparison,
     return keys;
 }
 
-std::string Compare(const TextTable& table, unsigned column, TextComparison comparison) {
+std::string Compare(const IndexedTable& table, unsigned column, TextComparison comparison) {
     return std::string(table.columns[column]) +
            (comparison == TextComparison::Like ? " LIKE ?3" : " = ?3");
 }
 
-std::string SelectIDs(const TextTable& table) {
+std::string SelectIDs(const IndexedTable& table) {
     return "SELECT " + std::string(table.idColumn) + " FROM " + std::string(table.name) + " WHERE ";
 }
 
@@ -59,7 +59,7 @@ void SortUnique(std::vector<std::int64_t>& ids) {
 }  // namespace
 
 TextLookup::TextLookup(sqlite3* database, StatementGuard& guard, CandidateTable& lists,
-                       std::span<const TextTable> tables)
+                       std::span<const IndexedTable> tables)
     : database_(database),
       guard_(guard),
       lists_(lists),
@@ -71,8 +71,8 @@ sqlite3_stmt* TextLookup::Prepare(const std::string& sql) {
     return statements_.Get(database_, sql);
 }
 
-TextCandidates TextLookup::Find(const TextTable& table, unsigned column, TextComparison comparison,
-                                const std::string& pattern) {
+TextCandidates TextLookup::Find(const IndexedTable& table, unsigned column,
+                                TextComparison comparison, const std::string& pattern) {
     const std::vector<TextKey> keys = KeysOf(column, comparison, pattern);
     if (keys.empty()) return std::nullopt;
     std::vector<std::int64_t> ids;
@@ -96,7 +96,7 @@ TextCandidates TextLookup::Find(const TextTable& table, unsigned column, TextCom
     return ids;
 }
 
-std::vector<std::int64_t> TextLookup::Check(const TextTable& table, unsigned column,
+std::vector<std::int64_t> TextLookup::Check(const IndexedTable& table, unsigned column,
                                             TextComparison comparison, const std::string& pattern,
                                             std::vector<std::int64_t> candidates) {
     const std::int64_t numbers[] = {static_cast<std::int64_t>(lists_.Add(std::move(candidates)))};
@@ -107,7 +107,7 @@ std::vector<std::int64_t> TextLookup::Check(const TextTable& table, unsigned col
     return ids;
 }
 
-std::vector<std::int64_t> TextLookup::ChildrenOf(const TextTable& table,
+std::vector<std::int64_t> TextLookup::ChildrenOf(const IndexedTable& table,
                                                  std::vector<std::int64_t> parents) {
     const std::int64_t numbers[] = {static_cast<std::int64_t>(lists_.Add(std::move(parents)))};
     std::vector<std::int64_t> ids;
@@ -117,7 +117,7 @@ std::vector<std::int64_t> TextLookup::ChildrenOf(const TextTable& table,
     return ids;
 }
 
-TextLookup::Extent TextLookup::ReadExtent(const TextTable& table) {
+TextLookup::Extent TextLookup::ReadExtent(const IndexedTable& table) {
     Extent extent;
     std::int64_t segments = 0;
     try {

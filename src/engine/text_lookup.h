@@ -38,21 +38,22 @@ constexpr std::int64_t BlockIDOf(std::int64_t segmentID, TextKey key) {
 class TextLookup {
   public:
     TextLookup(sqlite3* database, StatementGuard& guard, CandidateTable& lists,
-               std::span<const TextTable> tables);
+               std::span<const IndexedTable> tables);
 
-    std::span<const TextTable> Tables() const { return tables_; }
+    std::span<const IndexedTable> Tables() const { return tables_; }
 
     /// The rows of which this column may be like the pattern, or equal to it: TextCandidates. Rows
     /// that are not in a segment are looked at here. Throws EngineError, also for a pattern that is
     /// none; but where the index is damaged, it just cannot tell.
-    TextCandidates Find(const TextTable& table, unsigned column, TextComparison comparison,
+    TextCandidates Find(const IndexedTable& table, unsigned column, TextComparison comparison,
                         const std::string& pattern);
     /// Of these rows, those for which the comparison holds.
-    std::vector<std::int64_t> Check(const TextTable& table, unsigned column,
+    std::vector<std::int64_t> Check(const IndexedTable& table, unsigned column,
                                     TextComparison comparison, const std::string& pattern,
                                     std::vector<std::int64_t> candidates);
     /// The rows of a table that belong to these rows of its parent.
-    std::vector<std::int64_t> ChildrenOf(const TextTable& table, std::vector<std::int64_t> parents);
+    std::vector<std::int64_t> ChildrenOf(const IndexedTable& table,
+                                         std::vector<std::int64_t> parents);
 
     /// The statements that it keeps belong to a schema that is going to change.
     void Clear() { statements_.Clear(); }
@@ -69,7 +70,7 @@ class TextLookup {
     };
 
     sqlite3_stmt* Prepare(const std::string& sql);
-    Extent ReadExtent(const TextTable& table);
+    Extent ReadExtent(const IndexedTable& table);
     void FindInSegment(const Segment& segment, std::span<const TextKey> keys,
                        std::vector<std::int64_t>& ids);
     bool ReadList(const Segment& segment, TextKey key, std::string& postings);
@@ -79,7 +80,7 @@ class TextLookup {
     sqlite3* database_;
     StatementGuard& guard_;
     CandidateTable& lists_;
-    std::span<const TextTable> tables_;
+    std::span<const IndexedTable> tables_;
     StatementCache statements_;
 };
 

@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "engine/engine_error.h"
+#include "engine/fetch_rows.h"
+
 namespace snippetarium {
 
 namespace {
@@ -51,7 +54,7 @@ std::int64_t ReadNumber(sqlite3* database, const std::string& sql,
 
 constexpr const char* kIndexedTo = "SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = ?1";
 
-std::string SelectTexts(const TextTable& table) {
+std::string SelectTexts(const IndexedTable& table) {
     std::string sql = "SELECT t." + std::string(table.idColumn);
     for (const std::string_view column : table.columns)
         sql += ", t." + std::string(column);
@@ -66,7 +69,7 @@ struct TakenRows {
     bool areAll = false;
 };
 
-TakenRows ReadRows(NumberStatement& row, const TextTable& table, SegmentBuilder& builder,
+TakenRows ReadRows(NumberStatement& row, const IndexedTable& table, SegmentBuilder& builder,
                    std::size_t mostBytes) {
     TakenRows taken;
     while (row.Next()) {
@@ -82,7 +85,7 @@ TakenRows ReadRows(NumberStatement& row, const TextTable& table, SegmentBuilder&
     return taken;
 }
 
-void WriteSegment(sqlite3* database, const TextTable& table, const TakenRows& taken,
+void WriteSegment(sqlite3* database, const IndexedTable& table, const TakenRows& taken,
                   SegmentBuilder& builder) {
     TextSegment segment{.table = table.number, .firstID = taken.firstID, .rows = taken.count};
     segment.segmentID = AddTextSegment(database, segment);
@@ -96,7 +99,7 @@ void WriteSegment(sqlite3* database, const TextTable& table, const TakenRows& ta
     CountTextSegments(database, table.number);
 }
 
-bool TakeInNewRows(sqlite3* database, const TextTable& table, SegmentBuilder& builder,
+bool TakeInNewRows(sqlite3* database, const IndexedTable& table, SegmentBuilder& builder,
                    std::size_t mostBytes) {
     const std::string id(table.idColumn);
     NumberStatement row(database,
@@ -112,7 +115,7 @@ bool TakeInNewRows(sqlite3* database, const TextTable& table, SegmentBuilder& bu
     return true;
 }
 
-void TakeInChangedRows(sqlite3* database, const TextTable& table, SegmentBuilder& builder,
+void TakeInChangedRows(sqlite3* database, const IndexedTable& table, SegmentBuilder& builder,
                        std::size_t mostBytes) {
     const std::string id(table.idColumn);
     NumberStatement row(database,
@@ -131,7 +134,7 @@ void TakeInChangedRows(sqlite3* database, const TextTable& table, SegmentBuilder
 
 }  // namespace
 
-bool HasTextIndex(sqlite3* database, const TextTable& table) {
+bool HasTextIndex(sqlite3* database, const IndexedTable& table) {
     return NumberStatement(database, kIndexedTo, {table.number}).Next();
 }
 
@@ -190,7 +193,26 @@ void TextBlockTable::Write(std::int64_t segmentID, TextKey firstKey, std::string
     bytes_ += static_cast<std::int64_t>(block.size());
 }
 
-std::int64_t CountWaitingRows(sqlite3* database, const TextTable& table) {
+TextBlockReader::TextBlockReader(sqlite3* database)
+    : database_(database),
+      select_(PrepareStatement(database, "SELECT block FROM tblTextBlock WHERE blockID = ?1")) {}
+
+TextKey TextBlockReader::Read(std::int64_t segmentID, TextKey firstKey, const Visit& visit) {
+    const StatementRun run(select_.get());
+    sqlite3_bind_int64(select_.get(), 1, BlockIDOf(segmentID, firstKey));
+    const int result = sqlite3_step(select_.get());
+    if (result == SQLITE_DONE) {
+        throw EngineError(EngineErrorCode::Corrupted, "A block of the text index is missing.");
+    }
+    if (result != SQLITE_ROW) ThrowEngineError(database_, result);
+    const auto size = static_cast<std::size_t>(sqlite3_column_bytes(select_.get(), 0));
+    const TextBlock block(firstKey,
+                          {static_cast<const char*>(sqlite3_column_blob(select_.get(), 0)), size});
+    block.ForEach(visit);
+    return block.End();
+}
+
+std::int64_t CountWaitingRows(sqlite3* database, const IndexedTable& table) {
     const std::int64_t lastID = ReadNumber(
         database, "SELECT max(" + std::string(table.idColumn) + ") FROM " + std::string(table.name),
         {});
@@ -200,7 +222,7 @@ std::int64_t CountWaitingRows(sqlite3* database, const TextTable& table) {
                       {table.number});
 }
 
-void TakeInWaitingRows(sqlite3* database, const TextTable& table, SegmentBuilder& builder,
+void TakeInWaitingRows(sqlite3* database, const IndexedTable& table, SegmentBuilder& builder,
                        std::size_t mostBytes) {
     if (!TakeInNewRows(database, table, builder, mostBytes))
         TakeInChangedRows(database, table, builder, mostBytes);

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -29,7 +29,7 @@ struct TextSegment {
 };
 
 /// True where the catalogue has an index of this table.
-bool HasTextIndex(sqlite3* database, const TextTable& table);
+bool HasTextIndex(sqlite3* database, const IndexedTable& table);
 std::vector<TextSegment> ReadTextSegments(sqlite3* database);
 /// Adds a segment's row; returns the ID that it was given.
 std::int64_t AddTextSegment(sqlite3* database, const TextSegment& segment);
@@ -53,12 +53,28 @@ class TextBlockTable {
     std::int64_t bytes_ = 0;
 };
 
+/// Reads segments from their first block to their last.
+class TextBlockReader {
+  public:
+    using Visit = std::function<void(TextKey key, std::string_view postings)>;
+
+    explicit TextBlockReader(sqlite3* database);
+
+    /// Visits the lists of the block that begins with a key, 0 for a segment's first; returns what
+    /// the next one begins with. Throws EngineError Corrupted where it is missing or damaged.
+    TextKey Read(std::int64_t segmentID, TextKey firstKey, const Visit& visit);
+
+  private:
+    sqlite3* database_;
+    StatementHandle select_;
+};
+
 /// How many rows of a table wait to be taken in, at least: those with IDs above what is indexed,
 /// deleted ones included, and those that were changed.
-std::int64_t CountWaitingRows(sqlite3* database, const TextTable& table);
+std::int64_t CountWaitingRows(sqlite3* database, const IndexedTable& table);
 
 /// Makes a segment of rows that wait, as many as hold so many bytes of text, new ones first.
-void TakeInWaitingRows(sqlite3* database, const TextTable& table, SegmentBuilder& builder,
+void TakeInWaitingRows(sqlite3* database, const IndexedTable& table, SegmentBuilder& builder,
                        std::size_t mostBytes);
 
 /// Removes some blocks of segments that are leaving, or that nobody finished. Returns whether there

@@ -45,6 +45,33 @@ void ForEachTrigram(std::string_view text, Visit&& visit) {
     }
 }
 
+/// Finds the different trigrams of one text after the other. Half a megabyte.
+class DistinctTrigrams {
+  public:
+    DistinctTrigrams() : seen_((std::size_t{1} << kTrigramBits) / kWordBits, 0) {}
+
+    /// Each trigram of the text once, in no particular order, until the next call.
+    const std::vector<Trigram>& Of(std::string_view text) {
+        for (const Trigram trigram : found_)
+            seen_[trigram / kWordBits] = 0;
+        found_.clear();
+        ForEachTrigram(text, [this](Trigram trigram) {
+            std::uint64_t& word = seen_[trigram / kWordBits];
+            const std::uint64_t bit = std::uint64_t{1} << trigram % kWordBits;
+            if ((word & bit) != 0) return;
+            word |= bit;
+            found_.push_back(trigram);
+        });
+        return found_;
+    }
+
+  private:
+    static constexpr unsigned kWordBits = 64;
+
+    std::vector<std::uint64_t> seen_;  // a bit for each trigram
+    std::vector<Trigram> found_;
+};
+
 /// The trigrams that every text holds which holds all these: each once, in ascending order. Empty
 /// where none of them has three characters.
 std::vector<Trigram> TrigramsOf(const std::vector<std::string>& literals);

@@ -40,6 +40,8 @@ enum class FindingKind : std::uint8_t {
     TrashWithoutEntry,
     StaleNames,
     DateThatIsNone,
+    DamagedTextIndex,
+    TextIndexWithGaps,
 };
 
 enum class FindingWeight : std::uint8_t { Information, Fault };

@@ -94,7 +94,7 @@ bool CompactCatalogue(Database& db) {
 bool RunCompaction(Database& db) {
     const bool isDone = Guarded(db.Reporter(), Procedure::RunCompaction, [&] {
         BackUpBefore(db);
-        CompleteTextIndex(db);
+        if (db.GetConnection().IsOpen()) CompleteTextIndex(db);
         // Kept meanwhile, so that this program can go on writing afterwards.
         std::optional<FileLock> writing = db.TakeWriting();
         CloseCatalogue(db);

@@ -24,9 +24,9 @@ constexpr std::array kCodeTexts = {"codeName"sv, "code"sv, "codeComment"sv};
 // of the files.
 // clang-format off
 constexpr std::array kTables = {
-    TextTable{.number = 1, .name = "tblApplication", .idColumn = "appID",   .columns = kApplicationTexts},
-    TextTable{.number = 2, .name = "tblClass",       .idColumn = "classID", .columns = kClassTexts, .parentColumn = "appID",   .parentTable = "tblApplication"},
-    TextTable{.number = 3, .name = "tblCode",        .idColumn = "codeID",  .columns = kCodeTexts,  .parentColumn = "classID", .parentTable = "tblClass"},
+    IndexedTable{.number = 1, .name = "tblApplication", .idColumn = "appID",   .columns = kApplicationTexts},
+    IndexedTable{.number = 2, .name = "tblClass",       .idColumn = "classID", .columns = kClassTexts, .parentColumn = "appID",   .parentTable = "tblApplication"},
+    IndexedTable{.number = 3, .name = "tblCode",        .idColumn = "codeID",  .columns = kCodeTexts,  .parentColumn = "classID", .parentTable = "tblClass"},
 };
 // clang-format on
 
@@ -65,7 +65,7 @@ std::int64_t ReadNumber(Database& db, const std::string& sql) {
 /// The highest IDs of all tables together, and those that are indexed.
 std::int64_t ReadLastIDs(Database& db) {
     std::int64_t all = 0;
-    for (const TextTable& table : kTables)
+    for (const IndexedTable& table : kTables)
         all += ReadNumber(db, Sql("SELECT max(", table.idColumn, ") FROM ", table.name));
     return all;
 }
@@ -87,7 +87,7 @@ bool Complete(Database& db) {
     return true;
 }
 
-TextIndexState ReadState(Database& db, const TextTable& table) {
+TextIndexState ReadState(Database& db, const IndexedTable& table) {
     const std::int32_t number = table.number;
     const std::string id(table.idColumn);
     const auto indexedTo = static_cast<std::int32_t>(
@@ -107,13 +107,13 @@ TextIndexState ReadState(Database& db, const TextTable& table) {
 
 }  // namespace
 
-std::span<const TextTable> IndexedTexts() {
+std::span<const IndexedTable> IndexedTexts() {
     return kTables;
 }
 
 std::string TextIndexResetScript() {
     std::string script = EmptyingScript();
-    for (const TextTable& table : kTables) {
+    for (const IndexedTable& table : kTables) {
         script += Sql("INSERT INTO tblTextIndex VALUES (", table.number, ", 0, 0);");
     }
     return script;
@@ -131,7 +131,7 @@ bool TendTextIndex(Database& db) {
 }
 
 bool CompleteTextIndex(Database& db) {
-    return Guarded(db.Reporter(), Procedure::CompleteTextIndex, [&] { return Complete(db); });
+    return GuardedStage(db.Reporter(), Procedure::CompleteTextIndex, [&] { return Complete(db); });
 }
 
 bool RebuildTextIndex(Database& db) {
@@ -152,7 +152,7 @@ std::vector<TextIndexState> ReadTextIndexState(Database& db) {
     return Guarded(db.Reporter(), Procedure::ReadTextIndexState, [&] {
         std::vector<TextIndexState> states;
         if (ReadNumber(db, "SELECT count(*) FROM tblTextIndex") == 0) return states;
-        for (const TextTable& table : kTables)
+        for (const IndexedTable& table : kTables)
             states.push_back(ReadState(db, table));
         return states;
     });

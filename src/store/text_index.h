@@ -25,7 +25,7 @@ enum class TextKind : std::uint8_t {
 };
 
 /// The tables and columns of the index, for the connection.
-std::span<const TextTable> IndexedTexts();
+std::span<const IndexedTable> IndexedTexts();
 
 /// A script in the engine's own SQL that leaves an index with nothing in it.
 std::string TextIndexResetScript();
