@@ -8,6 +8,7 @@
 #include <chrono>
 #include <fstream>
 #include <limits>
+#include <optional>
 #include <vector>
 
 #include "import/unfinished_text.h"
@@ -124,7 +125,8 @@ class BoundedParser {
 
     ParseResult Run() {
         const auto deadline = std::chrono::steady_clock::now() + kLongestParse;
-        const std::size_t memoryBefore = MemoryInUse();
+        // Small files take one turn, and looking at the memory takes longer than they do.
+        std::optional<std::size_t> memoryAfterFirstTurn;
         while (true) {
             const TSInput input{&reading_, Read, TSInputEncodingUTF8};
             if (TSTree* tree = ts_parser_parse(parser_.get(), nullptr, input)) {
@@ -133,8 +135,10 @@ class BoundedParser {
             }
             ReportLines();
             if (progress_.IsCancelled()) return {ParseEnd::Cancelled};
+            const std::size_t memory = MemoryInUse();
+            if (!memoryAfterFirstTurn) memoryAfterFirstTurn = memory;
             if (std::chrono::steady_clock::now() > deadline ||
-                MemoryInUse() > memoryBefore + kMostMemory) {
+                memory > *memoryAfterFirstTurn + kMostMemory) {
                 return TooTangled();
             }
         }
