@@ -2,16 +2,13 @@
 
 #include <tree_sitter/api.h>
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <chrono>
-#include <fstream>
 #include <limits>
 #include <optional>
 #include <vector>
 
-#include "import/unfinished_text.h"
+#include "import/parser_limits.h"
 
 extern "C" {
 const TSLanguage* tree_sitter_java(void);
@@ -24,9 +21,8 @@ namespace snippetarium {
 // A parser of this kind reads every text to its end, but a hostile one can make it try so many
 // readings at once that it takes minutes and gigabytes. So it works in short turns, and between two
 // of them it is looked at how far it has come, what it has taken, and whether the user still wants
-// the result. A turn ends between tokens only, so what makes a single token expensive is looked at
-// before: behind n open "<" the library takes n * n steps and bytes; and when a text ends with more
-// than 65,535 parts of unfinished constructs on its stack, it spoils its memory.
+// the result. A turn ends between tokens only; what makes a single token expensive is looked at
+// before (import/parser_limits.h).
 
 namespace {
 
@@ -45,15 +41,6 @@ const TSLanguage* LanguageOf(Grammar grammar) {
             return tree_sitter_javascript();
     }
     return nullptr;
-}
-
-/// What this process has in memory; 0 where the system does not say.
-std::size_t MemoryInUse() {
-    std::ifstream counts("/proc/self/statm");
-    std::size_t mapped = 0;
-    std::size_t resident = 0;
-    counts >> mapped >> resident;
-    return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 }
 
 /// The text as the parser asks for it.

@@ -1,4 +1,8 @@
-#include "import/unfinished_text.h"
+#include "import/parser_limits.h"
+
+#include <unistd.h>
+
+#include <fstream>
 
 #include <cstddef>
 #include <vector>
@@ -72,6 +76,14 @@ bool IsTooUnfinished(std::string_view text, std::span<const TextRange> skipped) 
         begin = range.end;
     }
     return !unfinished.Add(text.substr(begin));
+}
+
+std::size_t MemoryInUse() {
+    std::ifstream counts("/proc/self/statm");
+    std::size_t mapped = 0;
+    std::size_t resident = 0;
+    counts >> mapped >> resident;
+    return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 }
 
 }  // namespace snippetarium
