@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include <fstream>
-
 #include <cstddef>
 #include <vector>
 
