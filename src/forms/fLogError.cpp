@@ -1,0 +1,51 @@
+#include "forms/fLogError.h"
+
+#include <QFileDialog>
+
+#include "forms/handler.h"
+#include "forms/modal.h"
+#include "forms/qt_text.h"
+#include "support/disk_file_system.h"
+#include "support/import_export_report.h"
+#include "support/message_boxes.h"
+#include "ui_fLogError.h"
+
+namespace snippetarium {
+
+namespace {
+
+/// The filters of a file dialog, "All Files (*.*)|*.*|Text Files (*.txt)|*.txt", as Qt takes them:
+/// the descriptions alone, which hold the patterns.
+QStringList NameFilters(std::string_view filter) {
+    const QStringList parts = ToQt(filter).split('|');
+    QStringList descriptions;
+    for (qsizetype i = 0; i < parts.size(); i += 2)
+        descriptions << parts[i];
+    return descriptions;
+}
+
+}  // namespace
+
+fLogError::fLogError(const Host& host, std::string_view label, std::string_view report,
+                     QWidget* parent)
+    : QDialog(parent), host_(host), report_(report), ui_(std::make_unique<Ui::fLogError>()) {
+    ui_->setupUi(this);
+    ui_->lblLog->setText(ToQt(label));
+    ui_->txtLog->setPlainText(LinesToQt(report));
+    connect(ui_->cmdClose, &QPushButton::clicked, this, &QDialog::accept);
+    connect(ui_->cmdSaveAS, &QPushButton::clicked, this,
+            [this] { Handle(host_.reporter, Procedure::SaveReport, [this] { SaveAs(); }); });
+}
+
+fLogError::~fLogError() = default;
+
+void fLogError::SaveAs() {
+    QFileDialog dialog(this, ToQt(kSaveReportTitle));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(NameFilters(kSaveReportFilter));
+    if (RunModal(dialog, host_.reporter) != QDialog::Accepted) return;
+    DiskFileSystem().WriteFile(FromQt(dialog.selectedFiles().value(0)), report_);
+    ShowInformation(host_.messages, kReportSaved, kInformationTitle);
+}
+
+}  // namespace snippetarium

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "support/host.h"
+
+namespace snippetarium {
+
+namespace Ui {
+class fLogError;
+}
+
+/// The report of an import or an export, which can be saved as a file.
+class fLogError final : public QDialog {
+    Q_OBJECT
+
+  public:
+    /// `label` stands above the report; both come from support/import_export_report.h.
+    fLogError(const Host& host, std::string_view label, std::string_view report, QWidget* parent);
+    ~fLogError() override;
+
+  private:
+    void SaveAs();
+
+    Host host_;
+    std::string report_;
+    std::unique_ptr<Ui::fLogError> ui_;
+};
+
+}  // namespace snippetarium

@@ -1,0 +1,45 @@
+#include "forms/progress_window.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QProgressBar>
+#include <algorithm>
+#include <cmath>
+
+#include "forms/qt_text.h"
+
+namespace snippetarium {
+
+ProgressWindow::ProgressWindow(QWidget* parent) : QDialog(parent) {
+    setWindowModality(Qt::ApplicationModal);
+}
+
+void ProgressWindow::reject() {
+    emit CancelPressed();
+}
+
+void ProgressWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    emit CancelPressed();
+}
+
+void ProgressWindow::SetLine(QLabel* label, const std::string& text) {
+    const QString line = ToQt(text);
+    label->setText(label->fontMetrics().elidedText(line, Qt::ElideMiddle, label->width()));
+}
+
+std::string ProgressWindow::WaitingCaption(const std::string& title) {
+    static constexpr std::string_view kWait = "please wait...";
+    return title.ends_with(kWait) ? title : title + " , " + std::string(kWait);
+}
+
+double ProgressWindow::ShareDone(const ProgressContents& contents) {
+    return std::max(contents.unit, contents.total);
+}
+
+void ProgressWindow::SetPercent(QProgressBar* bar, double percent) {
+    const double share = std::isfinite(percent) ? std::clamp(percent, 0.0, 100.0) / 100.0 : 0.0;
+    bar->setValue(static_cast<int>(share * bar->maximum()));
+}
+
+}  // namespace snippetarium
