@@ -1,7 +1,7 @@
 #include "cli/contents_walk.h"
 
 #include "cli/node_argument.h"
-
+#include "navigator/contents_loading.h"
 #include "store/reads_applications.h"
 #include "store/reads_classes.h"
 #include "store/reads_procedures.h"
@@ -11,15 +11,8 @@ namespace snippetarium {
 
 namespace {
 
-constexpr std::int32_t kUndefinedAppID = 1;
-constexpr std::string_view kUndefinedAppName = "Application Undefined";
-
-std::string NameOfApplication(std::int32_t appID, std::string name) {
-    return appID == kUndefinedAppID ? std::string(kUndefinedAppName) : std::move(name);
-}
-
-std::int32_t RowCount(const Recordset& rows) {
-    return static_cast<std::int32_t>(rows.RowCount());
+std::int32_t CountOf(const std::vector<ContentsRow>& rows) {
+    return static_cast<std::int32_t>(rows.size());
 }
 
 class Walk {
@@ -28,15 +21,13 @@ class Walk {
         : db_(db), levels_(levels), visit_(visit) {}
 
     void Applications() {
-        if (UndefinedApplicationHoldsAnything()) FromApplication(kUndefinedAppID);
-        for (Recordset row = AppWithClassCount(db_); !row.EndOfFile(); row.MoveNext()) {
-            const ContentsNode node{
-                .ids = {.appID = row["appID"].Long()},
-                .name = row["appName"].Text(),
-                .childCount = row["classCount"].Long(),
-            };
-            visit_(node);
-            if (GoesBelow(node)) Classes(node, ClassWithCodeCountByAppID(db_, node.ids.appID));
+        for (const ContentsRow& row : ReadApplicationRows(db_)) {
+            if (row.ids.appID == kUndefinedApplicationID) {
+                FromApplication(kUndefinedApplicationID);
+            } else {
+                Visit(row, 0);
+                if (levels_ > 1) Classes(ReadClassRows(db_, row.ids.appID), 1);
+            }
         }
     }
 
@@ -48,40 +39,30 @@ class Walk {
     }
 
   private:
-    bool GoesBelow(const ContentsNode& node) const { return node.depth + 1 < levels_; }
-
-    bool UndefinedApplicationHoldsAnything() {
-        for (Recordset row = UnAppWithCount(db_); !row.EndOfFile(); row.MoveNext()) {
-            if (row["countChild"].Long() > 0) return true;
-        }
-        return false;
+    void Visit(const ContentsRow& row, int depth) {
+        visit_({.ids = row.ids, .name = row.text, .childCount = row.childCount, .depth = depth});
     }
 
     bool FromApplication(std::int32_t appID) {
         const Recordset row = ApplicationRSByID(db_, appID);
         if (row.EndOfFile()) return false;
-        Recordset classes = ClassWithCodeCountByAppID(db_, appID);
-        const ContentsNode node{
-            .ids = {.appID = appID},
-            .name = NameOfApplication(appID, row["appName"].Text()),
-            .childCount = RowCount(classes),
-        };
-        visit_(node);
-        if (GoesBelow(node)) Classes(node, std::move(classes));
+        const std::vector<ContentsRow> classes = ReadClassRows(db_, appID);
+        const std::string name(appID == kUndefinedApplicationID ? kUndefinedApplicationText
+                                                                : row["appName"].Text());
+        Visit({.ids = {.appID = appID}, .text = name, .childCount = CountOf(classes)}, 0);
+        if (levels_ > 1) Classes(classes, 1);
         return true;
     }
 
     bool FromClass(const NodeIDs& top) {
         const Recordset row = MiniClassRSByClassID(db_, top.classID);
         if (row.EndOfFile() || row["appID"].Long() != top.appID) return false;
-        Recordset procedures = CodeIDCodeNameByClassID(db_, top.classID);
-        const ContentsNode node{
-            .ids = top,
-            .name = row["className"].Text(),
-            .childCount = RowCount(procedures),
-        };
-        visit_(node);
-        if (GoesBelow(node)) Procedures(node, std::move(procedures));
+        const std::vector<ContentsRow> procedures = ReadProcedureRows(db_, top);
+        Visit({.ids = top,
+               .text = std::string(row["className"].Text()),
+               .childCount = CountOf(procedures)},
+              0);
+        if (levels_ > 1) Procedures(procedures, 1);
         return true;
     }
 
@@ -89,30 +70,21 @@ class Walk {
         const Recordset row = AppIDClassIDRSByCodeID(db_, top.codeID);
         if (row.EndOfFile()) return false;
         if (row["appID"].Long() != top.appID || row["classID"].Long() != top.classID) return false;
-        visit_({.ids = top, .name = CodeNameByID(db_, top.codeID)});
+        Visit({.ids = top, .text = CodeNameByID(db_, top.codeID)}, 0);
         return true;
     }
 
-    void Classes(const ContentsNode& parent, Recordset row) {
-        for (; !row.EndOfFile(); row.MoveNext()) {
-            const ContentsNode node{
-                .ids = {.appID = parent.ids.appID, .classID = row["classID"].Long()},
-                .name = row["className"].Text(),
-                .childCount = row["codeCount"].Long(),
-                .depth = parent.depth + 1,
-            };
-            visit_(node);
-            if (!GoesBelow(node) || node.childCount == 0) continue;
-            Procedures(node, CodeIDCodeNameByClassID(db_, node.ids.classID));
+    void Classes(const std::vector<ContentsRow>& classes, int depth) {
+        for (const ContentsRow& row : classes) {
+            Visit(row, depth);
+            if (depth + 1 < levels_ && row.childCount > 0)
+                Procedures(ReadProcedureRows(db_, row.ids), depth + 1);
         }
     }
 
-    void Procedures(const ContentsNode& parent, Recordset row) {
-        for (; !row.EndOfFile(); row.MoveNext()) {
-            NodeIDs ids = parent.ids;
-            ids.codeID = row["codeID"].Long();
-            visit_({.ids = ids, .name = row["codeName"].Text(), .depth = parent.depth + 1});
-        }
+    void Procedures(const std::vector<ContentsRow>& procedures, int depth) {
+        for (const ContentsRow& row : procedures)
+            Visit(row, depth);
     }
 
     Database& db_;

@@ -11,6 +11,7 @@
 #include "store/reads_classes.h"
 #include "store/reads_procedures.h"
 #include "support/error.h"
+#include "support/text.h"
 
 namespace snippetarium {
 

@@ -50,55 +50,6 @@ NodeIDs FindNode(Database& db, const std::string& key) {
     return node;
 }
 
-NodeKind KindOf(const NodeIDs& node) {
-    if (node.codeID != 0) return NodeKind::Procedure;
-    return node.classID != 0 ? NodeKind::Class : NodeKind::Application;
-}
-
-std::string_view KindName(NodeKind kind) {
-    switch (kind) {
-        case NodeKind::Procedure:
-            return "procedure";
-        case NodeKind::Class:
-            return "class";
-        default:
-            return "application";
-    }
-}
-
-std::string KeyOf(const NodeIDs& node) {
-    switch (KindOf(node)) {
-        case NodeKind::Procedure:
-            return ProcedureNodeKey(node);
-        case NodeKind::Class:
-            return ClassNodeKey(node.appID, node.classID);
-        default:
-            return ApplicationNodeKey(node.appID);
-    }
-}
-
-Owner OwnerOf(const NodeIDs& node) {
-    switch (KindOf(node)) {
-        case NodeKind::Procedure:
-            return {OwnerKind::Procedure, node.codeID};
-        case NodeKind::Class:
-            return {OwnerKind::Class, node.classID};
-        default:
-            return {OwnerKind::Application, node.appID};
-    }
-}
-
-std::string NameOfNode(Database& db, const NodeIDs& node) {
-    switch (KindOf(node)) {
-        case NodeKind::Procedure:
-            return CodeNameByID(db, node.codeID);
-        case NodeKind::Class:
-            return ClassNameByID(db, node.classID);
-        default:
-            return AppNameByID(db, node.appID);
-    }
-}
-
 NodeIDs ClassNode(Database& db, std::int32_t classID) {
     const std::int32_t appID = AppIDByClassID(db, classID);
     return appID == 0 ? NodeIDs{} : NodeIDs{.appID = appID, .classID = classID};

@@ -2,8 +2,7 @@
 
 #include <string>
 
-#include "store/owner.h"
-#include "support/node_key.h"
+#include "navigator/node.h"
 
 namespace snippetarium {
 
@@ -20,14 +19,6 @@ void RequireNode(Database& db, const NodeIDs& node);
 
 /// Both.
 NodeIDs FindNode(Database& db, const std::string& key);
-
-NodeKind KindOf(const NodeIDs& node);
-/// "application", "class" or "procedure".
-std::string_view KindName(NodeKind kind);
-std::string KeyOf(const NodeIDs& node);
-Owner OwnerOf(const NodeIDs& node);
-/// The node's name as the tree shows it.
-std::string NameOfNode(Database& db, const NodeIDs& node);
 
 /// The IDs of a class, or a procedure, and of what it belongs to. All 0 where there is none.
 NodeIDs ClassNode(Database& db, std::int32_t classID);

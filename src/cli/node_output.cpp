@@ -19,8 +19,4 @@ void ReportNode(CommandContext& context, Database& db, std::string_view done, co
                      << '\n';
 }
 
-std::string Counted(std::size_t count, std::string_view one, std::string_view many) {
-    return std::to_string(count) + " " + std::string(count == 1 ? one : many);
-}
-
 }  // namespace snippetarium

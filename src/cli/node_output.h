@@ -18,7 +18,4 @@ Json NodeDocument(Database& db, const NodeIDs& node);
 /// the node's document.
 void ReportNode(CommandContext& context, Database& db, std::string_view done, const NodeIDs& node);
 
-/// "1 class", "2 classes".
-std::string Counted(std::size_t count, std::string_view one, std::string_view many);
-
 }  // namespace snippetarium

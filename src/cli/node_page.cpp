@@ -18,6 +18,7 @@
 #include "editors/owner_details.h"
 #include "store/database.h"
 #include "store/reads_languages.h"
+#include "support/text.h"
 
 namespace snippetarium {
 

@@ -10,6 +10,7 @@
 #include "cli/usage_error.h"
 #include "store/trash.h"
 #include "support/error.h"
+#include "support/text.h"
 
 namespace snippetarium {
 

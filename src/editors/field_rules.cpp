@@ -7,6 +7,7 @@
 #include "store/owner.h"
 #include "store/sql_text.h"
 #include "support/message_boxes.h"
+#include "support/text.h"
 #include "support/utf8.h"
 
 namespace snippetarium {
@@ -17,21 +18,10 @@ constexpr std::string_view kNotOneLine =
     "A name cannot hold a line break, a tab or another control character.";
 constexpr std::string_view kPermanentApplication = "You cannot view or edit this application.";
 constexpr std::string_view kPermanentClass = "You cannot view or edit this class.";
-constexpr std::size_t kDigitsOfAGroup = 3;
 
 bool IsControl(char character) {
     const auto byte = static_cast<unsigned char>(character);
     return byte < 0x20U || byte == 0x7FU;
-}
-
-/// "64,000"
-std::string Grouped(std::size_t number) {
-    std::string text = std::to_string(number);
-    for (std::size_t at = text.size(); at > kDigitsOfAGroup;) {
-        at -= kDigitsOfAGroup;
-        text.insert(at, ",");
-    }
-    return text;
 }
 
 }  // namespace

@@ -51,7 +51,7 @@ fExport::fExport(Database& db, FileSystem& files, const ExportTarget& target, QW
 fExport::~fExport() = default;
 
 void fExport::OnEvent(const std::function<void()>& body) {
-    Handle(db_.Reporter(), Procedure::ExportEvent, [&] {
+    Handle(db_.Reporter(), form_procedure::ExportEvent, [&] {
         if (isWorking_) return;
         const QScopedValueRollback working(isWorking_, true);
         body();
@@ -99,7 +99,7 @@ void fExport::Export() {
         ui_->txtFileName->selectAll();
     }
     if (result.outcome != ExportOutcome::Finished) return;
-    StoreSetting(db_, kFolderSetting, folder);
+    if (!db_.IsReadOnly()) StoreSetting(db_, kFolderSetting, folder);
     accept();
 }
 

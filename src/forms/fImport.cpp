@@ -77,7 +77,7 @@ fImport::fImport(Database& db, const FileSystem& files, ImportState& state, QWid
 fImport::~fImport() = default;
 
 void fImport::OnEvent(const std::function<void()>& body) {
-    Handle(db_.Reporter(), Procedure::ImportEvent, [&] {
+    Handle(db_.Reporter(), form_procedure::ImportEvent, [&] {
         if (isWorking_) return;
         const Working working(*this);
         body();

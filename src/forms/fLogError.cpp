@@ -34,7 +34,7 @@ fLogError::fLogError(const Host& host, std::string_view label, std::string_view 
     ui_->txtLog->setPlainText(LinesToQt(report));
     connect(ui_->cmdClose, &QPushButton::clicked, this, &QDialog::accept);
     connect(ui_->cmdSaveAS, &QPushButton::clicked, this,
-            [this] { Handle(host_.reporter, Procedure::SaveReport, [this] { SaveAs(); }); });
+            [this] { Handle(host_.reporter, form_procedure::SaveReport, [this] { SaveAs(); }); });
 }
 
 fLogError::~fLogError() = default;

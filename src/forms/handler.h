@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "forms/form_procedures.h"
 #include "support/guard.h"
 
 namespace snippetarium {

@@ -25,6 +25,6 @@ struct ProgramFacts {
 
 /// Whether the command is offered. Where the menus explain a refusal in words ("Please select an
 /// application."), the command stays offered. That a window does not exist is not known here.
-bool IsEnabled(Command command, const ProgramFacts& facts);
+bool IsEnabled(MenuCommand command, const ProgramFacts& facts);
 
 }  // namespace snippetarium

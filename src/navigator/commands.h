@@ -7,7 +7,7 @@
 namespace snippetarium {
 
 /// What a menu item, a button or a key does.
-enum class Command : std::uint8_t {
+enum class MenuCommand : std::uint8_t {
     None,
     // File
     NewApplication,
@@ -93,7 +93,7 @@ struct MenuRow {
     /// The name of the item above; empty for the menu bar's own and for pop-up menus.
     std::string_view parent;
     MenuRole role = MenuRole::Item;
-    Command command = Command::None;
+    MenuCommand command = MenuCommand::None;
     /// "Ctrl+F", as key sequences are written; empty for none.
     std::string_view shortcut = {};
     /// Whether a line divides it from the item before.
@@ -110,7 +110,7 @@ struct KeyRow {
     /// The action's name: "actUndoDelete".
     std::string_view name;
     std::string_view caption;
-    Command command = Command::None;
+    MenuCommand command = MenuCommand::None;
     std::string_view shortcut;
 };
 std::span<const KeyRow> KeyRows();

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "navigator/contents_loading.h"
 #include "navigator/contents_tree.h"
@@ -11,6 +12,7 @@
 namespace snippetarium {
 
 class Database;
+struct FilteredBranch;
 
 /// The contents pane without its control: the tree, the current selection, and what the user does
 /// to nodes. Each operation is guarded and reports its failures.
@@ -36,6 +38,7 @@ class ContentsPane {
 
     /// Selects the node and loads its children, if that was not done yet.
     void Expand(ContentsItem& item);
+    void Collapse(ContentsItem& item) { tree_.SetExpanded(item, false); }
     /// Selects the node; null is a click beside all nodes and changes nothing. A placeholder's is
     /// its parent.
     void Click(const ContentsItem* item);
@@ -60,7 +63,7 @@ class ContentsPane {
     ContentsItem* SelectTopic(std::string_view topicKey);
 
     /// Shows only nodes whose names hold the text, in any letter case, with what they belong to and
-    /// what is below them; an empty text shows all again. The observer hears a reset.
+    /// what is below them; an empty text shows all again, as it was. The observer hears a reset.
     void SetFilter(std::string_view text);
     const std::string& Filter() const { return filter_; }
     /// Whether more nodes fit the filter than are shown.
@@ -71,14 +74,20 @@ class ContentsPane {
 
     void LoadChildren(ContentsItem& item);
     ContentsItem* FindOrLoad(const NodeIDs& node);
+    void RefreshRows(ContentsItem* parent);
     void RefreshBelow(ContentsItem* parent);
+    void ShowAll();
     void ShowFiltered();
+    void AppendBranches(ContentsItem* parent, const std::vector<FilteredBranch>& branches);
     void SelectWhatIsLeft();
 
     Database& db_;
     ContentsTree tree_;
     NodeIDs selection_;
     std::string filter_;
+    // What the filter has put aside.
+    ContentsTree::Items all_;
+    NodeIDs selectionOfAll_;
     bool isFilterCut_ = false;
     bool isBusy_ = false;
 };

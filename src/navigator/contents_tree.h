@@ -35,6 +35,9 @@ class ContentsItem {
     ContentsItem& Child(std::size_t row) const { return *children_.at(row); }
     /// Whether its only child is a placeholder.
     bool IsUnloaded() const;
+    /// Whether a view shows its children. After a reset the view expands the items of which this
+    /// holds.
+    bool IsExpanded() const { return isExpanded_; }
 
   private:
     friend class ContentsTree;
@@ -44,6 +47,7 @@ class ContentsItem {
     NodeIDs ids_;
     bool isPlaceholder_ = false;
     bool isTop_ = false;
+    bool isExpanded_ = false;
     std::string text_;
     std::vector<std::unique_ptr<ContentsItem>> children_;
 };
@@ -69,15 +73,15 @@ class ContentsObserver {
 struct ContentsRow {
     NodeIDs ids;
     std::string text = {};
-    /// Whether there is anything below it.
-    bool hasChildren = false;
+    /// Classes of an application, procedures of a class.
+    std::int32_t childCount = 0;
 
     bool operator==(const ContentsRow&) const = default;
 };
 
 class ContentsTree {
   public:
-    ContentsTree();
+    ContentsTree() = default;
     ContentsTree(const ContentsTree&) = delete;
     ContentsTree& operator=(const ContentsTree&) = delete;
 
@@ -88,6 +92,14 @@ class ContentsTree {
     ContentsItem& Top(std::size_t row) const { return root_.Child(row); }
     /// Null where it was not loaded; for no node too.
     ContentsItem* Find(const NodeIDs& node) const;
+
+    void SetExpanded(ContentsItem& item, bool isExpanded) const { item.isExpanded_ = isExpanded; }
+
+    /// All applications with what was loaded below them.
+    using Items = std::vector<std::unique_ptr<ContentsItem>>;
+    /// Puts `items`, which were taken out of this tree so before, in the place of those that are
+    /// there, and these into `items`. The observer hears a reset.
+    void Exchange(Items& items);
 
     // Null as a parent is the top.
 
@@ -102,12 +114,16 @@ class ContentsTree {
     void Merge(ContentsItem* parent, std::vector<ContentsRow> rows);
 
   private:
-    class Silence;
+    template <typename Will, typename Did>
+    class Telling;
+
     ContentsItem& OrRoot(ContentsItem* parent) { return parent ? *parent : root_; }
     const ContentsItem* ForObserver(const ContentsItem& parent) const;
     std::unique_ptr<ContentsItem> MakeItem(ContentsItem& parent, ContentsRow row) const;
+    static std::unique_ptr<ContentsItem> MakePlaceholder(ContentsItem& parent);
     void Insert(ContentsItem& parent, std::size_t at, std::vector<ContentsRow> rows);
-    void RemoveRows(ContentsItem& parent, std::size_t first, std::size_t last);
+    void RemoveRows(ContentsItem& parent, std::size_t first, std::size_t end);
+    void RemoveUnwanted(ContentsItem& parent, const std::vector<ContentsRow>& rows);
     void Move(ContentsItem& parent, std::size_t from, std::size_t to);
     void UpdateItem(ContentsItem& item, const ContentsRow& row);
     static void Number(ContentsItem& parent, std::size_t first);

@@ -25,8 +25,8 @@ class IdleWork {
     /// Does one step of the work that was added first. Does nothing inside another step, which may
     /// let events run.
     void Step();
-    bool IsDone() const { return tasks_.empty(); }
-    /// Of the work that is next; empty where there is none.
+    bool IsDone() const { return tasks_.empty() && !isStepping_; }
+    /// Of the work that is being done or is next; empty where there is none.
     std::string_view CurrentName() const;
     /// The rest is not done: the program ends.
     void Clear();
@@ -38,7 +38,9 @@ class IdleWork {
     };
 
     std::vector<Task> tasks_;
+    std::string current_;
     bool isStepping_ = false;
+    bool wasCleared_ = false;
 };
 
 /// The first backup of the day.

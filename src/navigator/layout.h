@@ -9,6 +9,7 @@
 namespace snippetarium {
 
 class Database;
+class Recordset;
 
 // Where the main window's panes are. All lengths are in twips, 1440 to an inch, 15 to a pixel on a
 // screen of 96 dots to the inch.
@@ -101,8 +102,8 @@ class LayoutWindow {
     virtual void SetPlace(const WindowPlace& place) = 0;
     virtual ClientSize Client() const = 0;
 
-    /// Puts the pane among that side's tabs; `isFront` puts it before them all. A pane that is at
-    /// the other side leaves it.
+    /// Puts the pane among that side's tabs, in front of them or not. A pane that is at the other
+    /// side leaves it. Called for each arrangement, mostly for panes that are where they belong.
     virtual void DockPane(Pane pane, Side side, bool isFront) = 0;
     /// Takes the pane out of the window. Nothing happens to one that is not there.
     virtual void UndockPane(Pane pane) = 0;
@@ -147,10 +148,12 @@ class Layout {
 
   private:
     static std::size_t IndexOf(Pane pane) { return static_cast<std::size_t>(pane) - 1; }
-    void TakeOver(const class Recordset& row);
+    void TakeOver(const Recordset& row);
     void OpenRememberedPanes();
-    void BringToFront(Pane pane);
+    std::optional<Pane> LastOpenAt(Side side) const;
+    /// Leaves each side that has open panes one that is shown.
     void SettleFronts();
+    void ArrangeAll();
 
     Database& db_;
     LayoutWindow& window_;

@@ -88,11 +88,11 @@ bool MayRename(Database& db, const NodeIDs& node);
 
 /// The captions of the tree's pop-up menu. An empty one hides its item.
 struct ContentsCaptions {
-    std::string_view edit;
-    std::string_view deleting;
-    std::string_view exporting;
-    std::string_view addNew;
-    std::string_view addExisting;
+    std::string_view edit = {};
+    std::string_view deleting = {};
+    std::string_view exporting = {};
+    std::string_view addNew = {};
+    std::string_view addExisting = {};
 
     bool operator==(const ContentsCaptions&) const = default;
 };

@@ -8,6 +8,7 @@
 
 #include "keywords/noise_words.h"
 #include "navigator/layout.h"
+#include "support/procedure_numbers.h"
 
 namespace snippetarium {
 
@@ -70,7 +71,8 @@ class ProgramRun {
     NoiseWords& Noise() { return noise_; }
 
   private:
-    bool OpenAndRestore();
+    template <typename Body>
+    void Stage(Procedure procedure, const Body& body);
     bool HasBegunToEnd() const { return state_ >= RunState::ShuttingDown; }
 
     Database& db_;

@@ -11,11 +11,6 @@ namespace snippetarium {
 
 namespace {
 
-std::int32_t SixteenBits(std::int32_t number) {
-    using Limits = std::numeric_limits<std::int16_t>;
-    return std::clamp<std::int32_t>(number, Limits::min(), Limits::max());
-}
-
 std::string UpdateText(const WindowSize& size) {
     return Sql("UPDATE tblWindowSize SET tWidth = ", SixteenBits(size.width),
                ", tHeight = ", SixteenBits(size.height), ", tLeft = ", SixteenBits(size.left),
@@ -35,6 +30,11 @@ std::string InsertText(const WindowSize& size) {
 }
 
 }  // namespace
+
+std::int32_t SixteenBits(std::int32_t number) {
+    using Limits = std::numeric_limits<std::int16_t>;
+    return std::clamp<std::int32_t>(number, Limits::min(), Limits::max());
+}
 
 void SaveWindowSize(Database& db, const WindowSize& size) {
     Guarded(db.Reporter(), Procedure::SaveWindowSize, [&] {

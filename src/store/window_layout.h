@@ -25,6 +25,9 @@ struct WindowSize {
     std::int32_t rightChildWidth = 0;
 };
 
+/// The number nearest to it that 16 bits hold, as the row has it.
+std::int32_t SixteenBits(std::int32_t number);
+
 /// At which side each pane docks: "left" or "right".
 struct PanePositions {
     std::string content = {};

@@ -6,6 +6,8 @@ namespace snippetarium {
 
 namespace {
 
+constexpr std::size_t kDigitsOfAGroup = 3;
+
 bool IsQuote(char character) {
     return character == '"' || character == '\'';
 }
@@ -97,6 +99,19 @@ std::size_t FindFirstOf(std::string_view text, std::span<const std::string_view>
         if (!string.empty()) first = std::min(first, text.find(string, start - 1));
     }
     return first == kNone ? 0 : first + 1;
+}
+
+std::string Grouped(std::size_t number) {
+    std::string text = std::to_string(number);
+    for (std::size_t at = text.size(); at > kDigitsOfAGroup;) {
+        at -= kDigitsOfAGroup;
+        text.insert(at, ",");
+    }
+    return text;
+}
+
+std::string Counted(std::size_t count, std::string_view one, std::string_view many) {
+    return std::to_string(count) + " " + std::string(count == 1 ? one : many);
 }
 
 }  // namespace snippetarium

@@ -55,4 +55,9 @@ std::int32_t MinOf(std::int32_t a, std::int32_t b);
 std::size_t FindFirstOf(std::string_view text, std::span<const std::string_view> strings,
                         std::size_t start);
 
+/// "64,000"
+std::string Grouped(std::size_t number);
+/// "1 class", "3 classes".
+std::string Counted(std::size_t count, std::string_view one, std::string_view many);
+
 }  // namespace snippetarium

@@ -1,0 +1,206 @@
+#include "forms/fContents.h"
+
+#include <QScopedValueRollback>
+
+#include "forms/contents_model.h"
+#include "forms/handler.h"
+#include "forms/qt_text.h"
+#include "store/database.h"
+#include "ui_fContents.h"
+
+namespace snippetarium {
+
+namespace {
+
+/// How long the typing of a filter may pause before the tree follows.
+constexpr int kTypingPause = 200;
+/// With more nodes than this, what a filter left is not opened by itself.
+constexpr int kMostOpened = 500;
+
+}  // namespace
+
+fContents::fContents(Database& db, QWidget* parent)
+    : ChildPane(parent),
+      db_(db),
+      pane_(db),
+      deletion_(db),
+      ui_(std::make_unique<Ui::fContents>()) {
+    ui_->setupUi(this);
+    model_ = new ContentsModel(pane_, this);
+    ui_->trVwClass->setModel(model_);
+    filterTimer_.setSingleShot(true);
+    filterTimer_.setInterval(kTypingPause);
+    connect(&filterTimer_, &QTimer::timeout, this, &fContents::ApplyFilter);
+    connect(ui_->txtFilter, &QLineEdit::textChanged, this, [this] { filterTimer_.start(); });
+    connect(ui_->txtFilter, &QLineEdit::returnPressed, this, [this] {
+        ApplyFilter();
+        ui_->trVwClass->setFocus();
+    });
+    ConnectTree();
+}
+
+fContents::~fContents() = default;
+
+ErrorReporter& fContents::Reporter() {
+    return db_.Reporter();
+}
+
+void fContents::ConnectTree() {
+    QTreeView* const tree = ui_->trVwClass;
+    connect(tree, &QTreeView::expanded, this, &fContents::OnExpanded);
+    connect(tree, &QTreeView::doubleClicked, this, &fContents::OnDoubleClicked);
+    connect(tree, &QTreeView::customContextMenuRequested, this, &fContents::OnContextMenu);
+    connect(tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &fContents::OnCurrentChanged);
+    // The control finishes its edit before anything is stored or asked.
+    connect(model_, &ContentsModel::NameEntered, this, &fContents::OnNameEntered,
+            Qt::QueuedConnection);
+}
+
+void fContents::Load(const std::function<void()>& loadIndex) {
+    {
+        const QScopedValueRollback moving(isSelfMoving_, true);
+        const QSignalBlocker quiet(ui_->txtFilter);
+        ui_->txtFilter->clear();
+        pane_.Load({.isPaneShown = isVisible(), .loadIndex = loadIndex});
+    }
+    ui_->lblFilter->hide();
+    emit CatalogueChanged();
+}
+
+void fContents::Refresh() {
+    {
+        const QScopedValueRollback moving(isSelfMoving_, true);
+        pane_.Refresh();
+        ShowSelection();
+    }
+    emit NodeSelected(pane_.Selection());
+    emit CatalogueChanged();
+}
+
+bool fContents::SelectNode(const NodeIDs& node) {
+    const ContentsItem* item = nullptr;
+    {
+        const QScopedValueRollback moving(isSelfMoving_, true);
+        item = pane_.Select(node);
+        if (pane_.Filter().empty()) {
+            const QSignalBlocker quiet(ui_->txtFilter);
+            ui_->txtFilter->clear();
+            ui_->lblFilter->hide();
+        }
+        ShowSelection();
+    }
+    if (item == nullptr) return false;
+    emit NodeSelected(pane_.Selection());
+    return true;
+}
+
+void fContents::ShowSelection() {
+    const QModelIndex index = model_->IndexOf(pane_.Tree().Find(pane_.Selection()));
+    ui_->trVwClass->setCurrentIndex(index);
+    if (index.isValid()) ui_->trVwClass->scrollTo(index);
+}
+
+void fContents::StartRename() {
+    const QModelIndex index = ui_->trVwClass->currentIndex();
+    if (index.isValid()) ui_->trVwClass->edit(index);
+}
+
+void fContents::DeleteSelected() {
+    const NodeIDs node = pane_.Selection();
+    if (!deletion_.Delete(node)) return;
+    emit NodeDeleted(node);
+    Refresh();
+}
+
+void fContents::UndoDelete() {
+    const NodeIDs node = deletion_.Undo();
+    Refresh();
+    if (node != NodeIDs{}) SelectNode(node);
+}
+
+void fContents::FocusFirst() {
+    ui_->trVwClass->setFocus();
+}
+
+void fContents::FocusFilter() {
+    ui_->txtFilter->setFocus();
+    ui_->txtFilter->selectAll();
+}
+
+void fContents::OnExpanded(const QModelIndex& index) {
+    ContentsItem* const item = ContentsModel::ItemAt(index);
+    if (item == nullptr || isSelfMoving_) return;
+    Handle(Reporter(), form_procedure::ContentsEvent, [&] {
+        pane_.Expand(*item);
+        const QScopedValueRollback moving(isSelfMoving_, true);
+        ShowSelection();
+        emit NodeSelected(pane_.Selection());
+    });
+}
+
+void fContents::OnCurrentChanged(const QModelIndex& index) {
+    const ContentsItem* const item = ContentsModel::ItemAt(index);
+    if (item == nullptr || isSelfMoving_) return;
+    Handle(Reporter(), form_procedure::ContentsEvent, [&] {
+        pane_.Click(item);
+        emit NodeSelected(pane_.Selection());
+    });
+}
+
+void fContents::OnDoubleClicked(const QModelIndex& index) {
+    Handle(Reporter(), form_procedure::ContentsEvent, [&] {
+        const ContentsItem* const item = ContentsModel::ItemAt(index);
+        if (item == nullptr || item->Kind() == NodeKind::Placeholder) return;
+        if (const EditRequest request = pane_.DoubleClick(*item)) emit EditRequested(*request);
+    });
+}
+
+void fContents::OnContextMenu(const QPoint& position) {
+    QTreeView* const tree = ui_->trVwClass;
+    const QModelIndex index = tree->indexAt(position);
+    if (index.isValid()) tree->setCurrentIndex(index);
+    const ContentsItem* const item = ContentsModel::ItemAt(index);
+    emit MenuRequested(item == nullptr ? NodeIDs{} : item->IDs(),
+                       tree->viewport()->mapToGlobal(position));
+}
+
+void fContents::OnNameEntered(const NodeIDs& node, const QString& name) {
+    Handle(Reporter(), form_procedure::ContentsEvent, [&] {
+        if (!pane_.Rename(node, FromQt(name))) return;
+        const QScopedValueRollback moving(isSelfMoving_, true);
+        ShowSelection();
+        emit NodeSelected(pane_.Selection());
+        emit CatalogueChanged();
+    });
+}
+
+void fContents::ApplyFilter() {
+    Handle(Reporter(), form_procedure::ContentsEvent, [&] {
+        filterTimer_.stop();
+        const std::string text = FromQt(ui_->txtFilter->text());
+        if (text == pane_.Filter()) return;
+        const QScopedValueRollback moving(isSelfMoving_, true);
+        pane_.SetFilter(text);
+        ui_->lblFilter->setVisible(pane_.IsFilterCut());
+        if (!text.empty()) ExpandFiltered();
+        ShowSelection();
+    });
+}
+
+void fContents::ExpandFiltered() {
+    int opened = 0;
+    std::function<void(const QModelIndex&)> openBelow = [&](const QModelIndex& parent) {
+        for (int row = 0; row < model_->rowCount(parent); ++row) {
+            const QModelIndex index = model_->index(row, 0, parent);
+            const ContentsItem* const item = ContentsModel::ItemAt(index);
+            if (item->ChildCount() == 0 || item->IsUnloaded()) continue;
+            if (++opened > kMostOpened) return;
+            ui_->trVwClass->expand(index);
+            openBelow(index);
+        }
+    };
+    openBelow({});
+}
+
+}  // namespace snippetarium

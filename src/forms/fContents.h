@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QTimer>
+#include <functional>
+#include <memory>
+#include <string_view>
+
+#include "forms/child_pane.h"
+#include "navigator/contents_pane.h"
+#include "navigator/node_deletion.h"
+
+class QModelIndex;
+
+namespace snippetarium {
+
+class ContentsModel;
+class Database;
+class ErrorReporter;
+
+namespace Ui {
+class fContents;
+}
+
+/// The contents pane: the tree of applications, classes and procedures, with a line above it that
+/// filters by name.
+class fContents final : public ChildPane {
+    Q_OBJECT
+
+  public:
+    fContents(Database& db, QWidget* parent);
+    ~fContents() override;
+
+    /// Fills the tree from scratch; `loadIndex` as in ContentsLoading.
+    void Load(const std::function<void()>& loadIndex);
+    /// After the catalogue was changed.
+    void Refresh();
+
+    /// The current selection; all 0 for none.
+    const NodeIDs& Selection() const { return pane_.Selection(); }
+    /// Selects a node, loading what is above it. False where it cannot be shown.
+    bool SelectNode(const NodeIDs& node);
+
+    void StartRename();
+    /// Deletes the selected node, asking first; the tree shows what is left.
+    void DeleteSelected();
+    void UndoDelete();
+    NodeDeletion& Deletion() { return deletion_; }
+
+    void FocusFirst() override;
+    void FocusFilter();
+
+  signals:
+    /// Another node is selected, or the selected one has changed.
+    void NodeSelected(const NodeIDs& node);
+    void NodeDeleted(const NodeIDs& node);
+    /// The catalogue holds more, less or other names than before.
+    void CatalogueChanged();
+    void EditRequested(const EditTarget& target);
+    /// A right click on a node, or beside all (all 0).
+    void MenuRequested(const NodeIDs& node, const QPoint& globalPosition);
+
+  private:
+    void ConnectTree();
+    void OnExpanded(const QModelIndex& index);
+    void OnCurrentChanged(const QModelIndex& index);
+    void OnDoubleClicked(const QModelIndex& index);
+    void OnContextMenu(const QPoint& position);
+    void OnNameEntered(const NodeIDs& node, const QString& name);
+    void ApplyFilter();
+    void ExpandFiltered();
+    void ShowSelection();
+    ErrorReporter& Reporter();
+
+    Database& db_;
+    ContentsPane pane_;
+    NodeDeletion deletion_;
+    std::unique_ptr<Ui::fContents> ui_;
+    ContentsModel* model_ = nullptr;
+    QTimer filterTimer_;
+    /// While the program, not the user, selects and expands.
+    bool isSelfMoving_ = false;
+};
+
+}  // namespace snippetarium

@@ -1,0 +1,274 @@
+#include "forms/fMain.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenu>
+
+#include "forms/fAbout.h"
+#include "forms/fContents.h"
+#include "forms/fPage.h"
+#include "forms/handler.h"
+#include "forms/icons.h"
+#include "forms/main_commands.h"
+#include "forms/main_menus.h"
+#include "forms/pane_dock.h"
+#include "forms/qt_host.h"
+#include "forms/qt_text.h"
+#include "forms/status_panels.h"
+#include "forms/theme.h"
+#include "navigator/node_requests.h"
+#include "navigator/status_text.h"
+#include "store/database.h"
+#include "ui_fMain.h"
+
+namespace snippetarium {
+
+namespace {
+
+constexpr int kIdleInterval = 30;
+
+}  // namespace
+
+fMain::fMain(Database& db, QtHost& host)
+    : db_(db),
+      host_(host),
+      ui_(std::make_unique<Ui::fMain>()),
+      contents_(new fContents(db, nullptr)),
+      page_(new fPage(db, nullptr)),
+      dock_(new PaneDock(page_)),
+      menus_(nullptr),
+      status_(nullptr),
+      place_(*this, *dock_),
+      layout_(db, place_),
+      run_(db, *this, layout_),
+      commands_(nullptr) {
+    ui_->setupUi(this);
+    setCentralWidget(dock_);
+    setWindowIcon(Icon("snippetarium"));
+    dock_->AddPane(Pane::Contents, contents_, Icon("contents"));
+    menus_ = new MainMenus(this);
+    status_ = new StatusPanels(ui_->StatusBar1);
+    commands_ = new MainCommands({db_, *this, *dock_, *contents_, *page_, layout_});
+    tmAutoLoad_.setObjectName("tmAutoLoad");
+    tmAutoLoad_.setInterval(kIdleInterval);
+    db_.SetEndProgram([this] { close(); });
+    ConnectParts();
+    ConnectToolBar();
+    ConnectPanes();
+}
+
+fMain::~fMain() = default;
+
+void fMain::ConnectParts() {
+    connect(menus_, &MainMenus::Triggered, commands_, &MainCommands::Run);
+    connect(menus_, &MainMenus::Triggered, this, &fMain::ShowCommandState);
+    connect(menus_, &MainMenus::AboutToShow, this, &fMain::ShowCommandState);
+    connect(commands_, &MainCommands::WrapChanged, this, &fMain::SetWrapCommands);
+    connect(&tmAutoLoad_, &QTimer::timeout, this, &fMain::OnIdle);
+    connect(contents_, &fContents::NodeSelected, this, &fMain::OnNodeSelected);
+    connect(contents_, &fContents::NodeDeleted, this,
+            [this](const NodeIDs& node) { page_->History().Forget(node); });
+    connect(contents_, &fContents::CatalogueChanged, this, [this] { areCountsStale_ = true; });
+    connect(contents_, &fContents::MenuRequested, this, &fMain::ShowContentsMenu);
+    connect(menus_->PopUp("mnuClassHide"), &QMenu::aboutToHide, this, &fMain::RestoreContentsMenu,
+            Qt::QueuedConnection);
+    menus_->LendKeys("mnuClassHide", contents_);
+    menus_->LendKeys("mnuBkmkHide", this);
+    connect(page_, &fPage::SelectionChanged, this, &fMain::ShowCommandState);
+    connect(page_, &fPage::NodeRequested, this, [this](const NodeIDs& node) {
+        Handle(db_.Reporter(), form_procedure::MainWindowEvent,
+               [&] { contents_->SelectNode(node); });
+    });
+    connect(page_, &fPage::MenuRequested, this, [this](const QPoint& globalPosition) {
+        menus_->PopUp("mnuEditHide")->popup(globalPosition);
+    });
+}
+
+void fMain::ConnectToolBar() {
+    const std::pair<QAction*, Pane> panes[] = {
+        {ui_->tbrContents, Pane::Contents},
+        {ui_->tbrIndex, Pane::Index},
+        {ui_->tbrSearch, Pane::Search},
+        {ui_->tbrBookmarks, Pane::Bookmark},
+    };
+    const char* const icons[] = {"contents", "index", "search", "bookmark"};
+    const char* const* icon = icons;
+    for (const auto& [action, pane] : panes) {
+        action->setIcon(Icon(*icon++));
+        connect(action, &QAction::triggered, this, [this, pane = pane] {
+            commands_->TogglePane(pane);
+            ShowCommandState();
+        });
+    }
+    // Commands of the keys' table that also have a button, with its icon.
+    const std::pair<const char*, const char*> before[] = {{"actBack", "back"},
+                                                          {"actForward", "forward"}};
+    for (const auto& [name, image] : before)
+        ui_->tbrMain->insertAction(ui_->tbrContents, AsButton(name, image));
+    ui_->tbrMain->insertSeparator(ui_->tbrContents);
+    ui_->tbrMain->addSeparator();
+    ui_->tbrMain->addAction(AsButton("actUndoDelete", "undo"));
+    ui_->tbrMain->addAction(AsButton("actTrash", "trash"));
+}
+
+QAction* fMain::AsButton(const char* name, const char* image) {
+    QAction* const action = menus_->Action(name);
+    action->setIcon(Icon(image));
+    action->setPriority(QAction::LowPriority);
+    return action;
+}
+
+void fMain::ConnectPanes() {
+    connect(dock_, &PaneDock::Resized, this, [this] { layout_.Arrange(); });
+    connect(dock_, &PaneDock::SideResized, this, [this](Side side, int width) {
+        layout_.SetSideWidth(side, width * DesktopLayout::kTwipsPerPixel);
+    });
+    connect(dock_, &PaneDock::PaneRaised, this, [this](Pane pane) { layout_.ShowPane(pane); });
+    connect(dock_, &PaneDock::PaneCloseRequested, this, [this](Pane pane) {
+        layout_.HidePane(pane);
+        ShowCommandState();
+    });
+}
+
+bool fMain::Start() {
+    run_.Start();
+    if (run_.State() != RunState::Ready) return false;
+    ApplyTheme(ReadTheme(db_));
+    page_->ReadSettings();
+    ShowTitle();
+    status_->SetReadOnly(db_.IsReadOnly());
+    ShowCommandState();
+    show();
+    StartIdleWork();
+    return true;
+}
+
+void fMain::ShowSplash() {
+    splash_ = std::make_unique<fAbout>(fAbout::Use::Splash, db_.FilePath(), nullptr);
+    splash_->ShowAtOnce();
+}
+
+void fMain::CloseSplash() {
+    splash_.reset();
+}
+
+void fMain::SetWrapCommands(bool wrap) {
+    menus_->SetChecked(MenuCommand::ToggleWrap, wrap);
+    page_->SetWrap(wrap);
+}
+
+void fMain::LoadContents() {
+    contents_->Load({});
+}
+
+void fMain::FinishIndexPane() {}
+
+void fMain::Close() {
+    splash_.reset();
+    close();
+}
+
+void fMain::closeEvent(QCloseEvent* event) {
+    // A job that is running would go on without its catalogue.
+    if (run_.State() != RunState::Ended && IsBusy()) return event->ignore();
+    tmAutoLoad_.stop();
+    idle_.Clear();
+    run_.CloseForms();
+    run_.ShutDown();
+    event->accept();
+}
+
+void fMain::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) update();
+}
+
+bool fMain::IsBusy() const {
+    return run_.IsLoading() || host_.Events().IsYielding() ||
+           host_.ProgressWindows().IsOpen();
+}
+
+ChildPane* fMain::PaneNamed(std::string_view form) const {
+    for (ChildPane* pane : {static_cast<ChildPane*>(contents_), static_cast<ChildPane*>(page_)}) {
+        if (pane->objectName() == ToQt(form)) return pane;
+    }
+    return nullptr;
+}
+
+std::vector<std::string> fMain::OpenForms() const {
+    std::vector<std::string> forms = {"fContents", "fPage"};
+    if (host_.Help().IsVisible()) forms.emplace_back("fHelp");
+    return forms;
+}
+
+void fMain::SetParentUnloading(std::string_view form) {
+    if (ChildPane* pane = PaneNamed(form)) pane->SetParentUnloading(true);
+}
+
+void fMain::CloseForm(std::string_view form) {
+    if (ChildPane* pane = PaneNamed(form)) {
+        pane->close();
+    } else {
+        host_.Help().Close();
+    }
+}
+
+void fMain::StartIdleWork() {
+    AddDailyBackup(idle_, db_);
+    tmAutoLoad_.start();
+}
+
+void fMain::OnIdle() {
+    if (IsBusy() || QApplication::activeModalWidget() != nullptr) return;
+    Handle(db_.Reporter(), form_procedure::MainWindowEvent, [this] {
+        if (areCountsStale_) {
+            areCountsStale_ = false;
+            status_->SetCounts(ToQt(CountsText(db_)));
+            return;
+        }
+        status_->SetWork(ToQt(idle_.CurrentName()));
+        idle_.Step();
+        if (idle_.IsDone()) status_->SetWork({});
+    });
+}
+
+void fMain::OnNodeSelected(const NodeIDs& node) {
+    page_->ShowPage(node);
+    status_->SetNode(ToQt(PathText(db_, node)).simplified());
+    ShowCommandState();
+}
+
+void fMain::ShowContentsMenu(const NodeIDs& node, const QPoint& globalPosition) {
+    const ContentsCaptions captions = CaptionsFor(node);
+    const std::pair<std::string_view, std::string_view> items[] = {
+        {"mnuClassHideEdit", captions.edit},       {"mnuClassHideExport", captions.exporting},
+        {"mnuClassHideDelete", captions.deleting}, {"mnuClassHideAdd", captions.addNew},
+        {"mnuClassHideAddExist", captions.addExisting},
+    };
+    for (const auto& [name, caption] : items) {
+        QAction* const action = menus_->Action(name);
+        action->setText(ToQt(caption));
+        action->setVisible(!caption.empty());
+    }
+    menus_->Action("mnuClassHideRename")->setVisible(node != NodeIDs{});
+    menus_->PopUp("mnuClassHide")->popup(globalPosition);
+}
+
+void fMain::RestoreContentsMenu() {
+    // A hidden item's key would be dead.
+    for (QAction* action : menus_->PopUp("mnuClassHide")->actions())
+        action->setVisible(true);
+}
+
+void fMain::ShowCommandState() {
+    menus_->EnableBy([this](MenuCommand command) { return commands_->CanRun(command, IsBusy()); });
+    ui_->tbrContents->setChecked(layout_.IsOpen(Pane::Contents));
+    for (QAction* action : {ui_->tbrIndex, ui_->tbrSearch, ui_->tbrBookmarks})
+        action->setEnabled(false);
+}
+
+void fMain::ShowTitle() {
+    setWindowTitle(db_.IsReadOnly() ? tr("Snippetarium (read only)") : tr("Snippetarium"));
+}
+
+}  // namespace snippetarium

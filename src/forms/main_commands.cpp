@@ -1,0 +1,202 @@
+#include "forms/main_commands.h"
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QTabWidget>
+#include <algorithm>
+
+#include "forms/fAbout.h"
+#include "forms/fConfigure.h"
+#include "forms/fContents.h"
+#include "forms/fPage.h"
+#include "forms/fTrash.h"
+#include "forms/handler.h"
+#include "forms/modal.h"
+#include "forms/pane_dock.h"
+#include "navigator/help.h"
+#include "navigator/node_requests.h"
+#include "store/compact.h"
+#include "store/database.h"
+
+namespace snippetarium {
+
+namespace {
+
+/// Those whose windows are there.
+constexpr MenuCommand kMade[] = {
+    MenuCommand::DeleteSelected, MenuCommand::Print,         MenuCommand::Exit,
+    MenuCommand::CopyPageText,   MenuCommand::ClearPage,     MenuCommand::SelectAllPageText,
+    MenuCommand::ToggleWrap,     MenuCommand::CopyWholePage, MenuCommand::GoBack,
+    MenuCommand::GoForward,      MenuCommand::LargerText,    MenuCommand::SmallerText,
+    MenuCommand::NormalText,     MenuCommand::RenameNode,    MenuCommand::UndoDelete,
+    MenuCommand::ShowTrash,      MenuCommand::CompactDatabase, MenuCommand::Configure,
+    MenuCommand::ShowHelp,       MenuCommand::ShowAbout,     MenuCommand::ShowContents,
+    MenuCommand::NextPane,       MenuCommand::BackToPage,
+};
+
+}  // namespace
+
+MainCommands::MainCommands(const MainParts& parts) : QObject(&parts.window), parts_(parts) {}
+
+bool MainCommands::IsMade(MenuCommand command) {
+    return std::ranges::find(kMade, command) != std::end(kMade);
+}
+
+bool MainCommands::CanRun(MenuCommand command, bool isBusy) const {
+    if (!IsMade(command)) return false;
+    const fPage& page = parts_.page;
+    const ProgramFacts facts = {
+        .selection = parts_.contents.Selection(),
+        .shownPage = page.Shown(),
+        .hasPageText = page.HasText(),
+        .hasPageSelection = page.HasSelection(),
+        .canUndoDelete = parts_.contents.Deletion().CanUndo(),
+        .canGoBack = page.History().CanGoBack(),
+        .canGoForward = page.History().CanGoForward(),
+        .isReadOnly = parts_.db.IsReadOnly(),
+        .isBusy = isBusy,
+    };
+    return IsEnabled(command, facts);
+}
+
+void MainCommands::Run(MenuCommand command) {
+    Handle(parts_.db.Reporter(), form_procedure::RunCommand, [&] { Perform(command); });
+}
+
+void MainCommands::Perform(MenuCommand command) {
+    switch (command) {
+        case MenuCommand::Exit:
+            parts_.window.close();
+            return;
+        case MenuCommand::CompactDatabase:
+            return Compact();
+        case MenuCommand::Configure:
+            return Configure();
+        case MenuCommand::ShowHelp:
+            return OpenHelp(parts_.db, "");
+        case MenuCommand::ShowAbout:
+            return ShowAbout();
+        case MenuCommand::ShowContents:
+            return ShowPane(Pane::Contents);
+        case MenuCommand::NextPane:
+            return NextPane();
+        case MenuCommand::BackToPage:
+            return parts_.page.FocusFirst();
+        default:
+            PerformOnTree(command);
+    }
+}
+
+void MainCommands::PerformOnTree(MenuCommand command) {
+    switch (command) {
+        case MenuCommand::DeleteSelected:
+            return parts_.contents.DeleteSelected();
+        case MenuCommand::UndoDelete:
+            return parts_.contents.UndoDelete();
+        case MenuCommand::RenameNode:
+            if (MayRename(parts_.db, parts_.contents.Selection())) {
+                ShowPane(Pane::Contents);
+                parts_.contents.StartRename();
+            }
+            return;
+        case MenuCommand::ShowTrash:
+            return ShowTrash();
+        default:
+            PerformOnPage(command);
+    }
+}
+
+void MainCommands::PerformOnPage(MenuCommand command) {
+    fPage& page = parts_.page;
+    switch (command) {
+        case MenuCommand::Print:
+            return page.Print();
+        case MenuCommand::CopyPageText:
+            return page.Copy();
+        case MenuCommand::CopyWholePage:
+            return page.CopyWhole();
+        case MenuCommand::ClearPage:
+            return page.Clear();
+        case MenuCommand::SelectAllPageText:
+            return page.SelectAll();
+        case MenuCommand::ToggleWrap:
+            parts_.layout.SetWrap(!parts_.layout.State().wrap);
+            emit WrapChanged(parts_.layout.State().wrap);
+            return;
+        case MenuCommand::GoBack:
+            return GoTo(page.History().Back());
+        case MenuCommand::GoForward:
+            return GoTo(page.History().Forward());
+        case MenuCommand::LargerText:
+            return page.ChangeTextSize(1);
+        case MenuCommand::SmallerText:
+            return page.ChangeTextSize(-1);
+        case MenuCommand::NormalText:
+            return page.ChangeTextSize(0);
+        default:
+            return;
+    }
+}
+
+void MainCommands::GoTo(const NodeIDs& node) {
+    if (!parts_.contents.SelectNode(node)) parts_.page.ShowPage(node);
+}
+
+void MainCommands::ShowPane(Pane pane) {
+    parts_.layout.ShowPane(pane);
+    if (pane == Pane::Contents) parts_.contents.FocusFirst();
+}
+
+void MainCommands::TogglePane(Pane pane) {
+    Handle(parts_.db.Reporter(), form_procedure::RunCommand, [&] {
+        if (parts_.layout.IsOpen(pane)) {
+            parts_.layout.HidePane(pane);
+        } else {
+            ShowPane(pane);
+        }
+    });
+}
+
+ChildPane* MainCommands::PaneInFront(Side side) const {
+    return dynamic_cast<ChildPane*>(parts_.dock.SideTabs(side)->currentWidget());
+}
+
+void MainCommands::NextPane() {
+    ChildPane* const order[] = {PaneInFront(Side::Left), &parts_.page, PaneInFront(Side::Right)};
+    const QWidget* const focused = QApplication::focusWidget();
+    const auto current = std::ranges::find_if(order, [&](const ChildPane* pane) {
+        return pane != nullptr && focused != nullptr && pane->isAncestorOf(focused);
+    });
+    const auto at = current == std::end(order) ? 1 : current - std::begin(order);
+    for (auto step = 1; step <= 3; ++step) {
+        ChildPane* const next = order[(at + step) % 3];
+        if (next != nullptr) return next->FocusFirst();
+    }
+}
+
+void MainCommands::ShowTrash() {
+    fTrash trash(parts_.db, parts_.contents.Deletion(), &parts_.window);
+    connect(&trash, &fTrash::BroughtBack, this, [this](const NodeIDs& node) {
+        Handle(parts_.db.Reporter(), form_procedure::TrashEvent, [&] {
+            parts_.contents.Refresh();
+            parts_.contents.SelectNode(node);
+        });
+    });
+    RunModal(trash, parts_.db.Reporter());
+}
+
+void MainCommands::ShowAbout() {
+    fAbout about(fAbout::Use::Dialog, parts_.db.FilePath(), &parts_.window);
+    RunModal(about, parts_.db.Reporter());
+}
+
+void MainCommands::Configure() {
+    fConfigure configuration(parts_.db, parts_.layout, &parts_.window);
+    RunModal(configuration, parts_.db.Reporter());
+}
+
+void MainCommands::Compact() {
+    RunCompaction(parts_.db);
+}
+
+}  // namespace snippetarium

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QObject>
+
+#include "navigator/command_state.h"
+#include "navigator/commands.h"
+#include "navigator/layout.h"
+
+class QMainWindow;
+
+namespace snippetarium {
+
+class ChildPane;
+class Database;
+class PaneDock;
+class fContents;
+class fPage;
+
+/// The parts of the main window that commands act on.
+struct MainParts {
+    Database& db;
+    QMainWindow& window;
+    PaneDock& dock;
+    fContents& contents;
+    fPage& page;
+    Layout& layout;
+};
+
+/// What the menus, buttons and keys of the main window do.
+class MainCommands final : public QObject {
+    Q_OBJECT
+
+  public:
+    explicit MainCommands(const MainParts& parts);
+
+    /// Whether the command can be given now. One whose window does not exist yet never can.
+    bool CanRun(MenuCommand command, bool isBusy) const;
+    /// Does nothing where it cannot be given. Reports its failures.
+    void Run(MenuCommand command);
+
+    /// Opens the pane at its side, or closes it.
+    void TogglePane(Pane pane);
+
+  signals:
+    void WrapChanged(bool wrap);
+
+  private:
+    static bool IsMade(MenuCommand command);
+    void Perform(MenuCommand command);
+    void PerformOnPage(MenuCommand command);
+    void PerformOnTree(MenuCommand command);
+    void ShowPane(Pane pane);
+    void GoTo(const NodeIDs& node);
+    void ShowTrash();
+    void ShowAbout();
+    void Configure();
+    void Compact();
+    void NextPane();
+    ChildPane* PaneInFront(Side side) const;
+
+    MainParts parts_;
+};
+
+}  // namespace snippetarium
