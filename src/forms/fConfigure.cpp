@@ -62,8 +62,7 @@ void fConfigure::ShowSettings() {
         const SideOptions options = OptionsOf(pane);
         (sides.*side == Side::Left ? options.left : options.right)->setChecked(true);
     }
-    QRadioButton* const themes[] = {ui_->optnThemeDesktop, ui_->optnThemeLight,
-                                    ui_->optnThemeDark};
+    QRadioButton* const themes[] = {ui_->optnThemeDesktop, ui_->optnThemeLight, ui_->optnThemeDark};
     themes[static_cast<std::size_t>(ReadTheme(db_))]->setChecked(true);
 }
 

@@ -20,11 +20,7 @@ constexpr int kMostOpened = 500;
 }  // namespace
 
 fContents::fContents(Database& db, QWidget* parent)
-    : ChildPane(parent),
-      db_(db),
-      pane_(db),
-      deletion_(db),
-      ui_(std::make_unique<Ui::fContents>()) {
+    : ChildPane(parent), db_(db), pane_(db), deletion_(db), ui_(std::make_unique<Ui::fContents>()) {
     ui_->setupUi(this);
     model_ = new ContentsModel(pane_, this);
     ui_->trVwClass->setModel(model_);

@@ -184,8 +184,7 @@ void fMain::changeEvent(QEvent* event) {
 }
 
 bool fMain::IsBusy() const {
-    return run_.IsLoading() || host_.Events().IsYielding() ||
-           host_.ProgressWindows().IsOpen();
+    return run_.IsLoading() || host_.Events().IsYielding() || host_.ProgressWindows().IsOpen();
 }
 
 ChildPane* fMain::PaneNamed(std::string_view form) const {
@@ -241,8 +240,10 @@ void fMain::OnNodeSelected(const NodeIDs& node) {
 void fMain::ShowContentsMenu(const NodeIDs& node, const QPoint& globalPosition) {
     const ContentsCaptions captions = CaptionsFor(node);
     const std::pair<std::string_view, std::string_view> items[] = {
-        {"mnuClassHideEdit", captions.edit},       {"mnuClassHideExport", captions.exporting},
-        {"mnuClassHideDelete", captions.deleting}, {"mnuClassHideAdd", captions.addNew},
+        {"mnuClassHideEdit", captions.edit},
+        {"mnuClassHideExport", captions.exporting},
+        {"mnuClassHideDelete", captions.deleting},
+        {"mnuClassHideAdd", captions.addNew},
         {"mnuClassHideAddExist", captions.addExisting},
     };
     for (const auto& [name, caption] : items) {

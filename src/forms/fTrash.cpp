@@ -63,9 +63,9 @@ void fTrash::List() {
     QTreeWidget* const list = ui_->lstVwTrash;
     list->clear();
     for (const TrashEntry& entry : entries_) {
-        auto* item = new QTreeWidgetItem(
-            {ToQt(entry.name).simplified(), Place(entry).simplified(),
-             QString::number(entry.codeCount), ToQt(entry.deletedOn), ToQt(KeptUntil(entry))});
+        auto* item = new QTreeWidgetItem({ToQt(entry.name).simplified(), Place(entry).simplified(),
+                                          QString::number(entry.codeCount), ToQt(entry.deletedOn),
+                                          ToQt(KeptUntil(entry))});
         item->setIcon(0, IconOf(entry.owner.kind));
         item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
         list->addTopLevelItem(item);
@@ -107,7 +107,8 @@ void fTrash::Empty() {
 }
 
 void fTrash::OpenHelpPage() {
-    Handle(db_.Reporter(), form_procedure::TrashEvent, [this] { OpenHelp(db_, AnchorOf("fTrash")); });
+    Handle(db_.Reporter(), form_procedure::TrashEvent,
+           [this] { OpenHelp(db_, AnchorOf("fTrash")); });
 }
 
 }  // namespace snippetarium

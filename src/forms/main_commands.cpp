@@ -24,13 +24,13 @@ namespace {
 
 /// Those whose windows are there.
 constexpr MenuCommand kMade[] = {
-    MenuCommand::DeleteSelected, MenuCommand::Print,         MenuCommand::Exit,
-    MenuCommand::CopyPageText,   MenuCommand::ClearPage,     MenuCommand::SelectAllPageText,
-    MenuCommand::ToggleWrap,     MenuCommand::CopyWholePage, MenuCommand::GoBack,
-    MenuCommand::GoForward,      MenuCommand::LargerText,    MenuCommand::SmallerText,
-    MenuCommand::NormalText,     MenuCommand::RenameNode,    MenuCommand::UndoDelete,
+    MenuCommand::DeleteSelected, MenuCommand::Print,           MenuCommand::Exit,
+    MenuCommand::CopyPageText,   MenuCommand::ClearPage,       MenuCommand::SelectAllPageText,
+    MenuCommand::ToggleWrap,     MenuCommand::CopyWholePage,   MenuCommand::GoBack,
+    MenuCommand::GoForward,      MenuCommand::LargerText,      MenuCommand::SmallerText,
+    MenuCommand::NormalText,     MenuCommand::RenameNode,      MenuCommand::UndoDelete,
     MenuCommand::ShowTrash,      MenuCommand::CompactDatabase, MenuCommand::Configure,
-    MenuCommand::ShowHelp,       MenuCommand::ShowAbout,     MenuCommand::ShowContents,
+    MenuCommand::ShowHelp,       MenuCommand::ShowAbout,       MenuCommand::ShowContents,
     MenuCommand::NextPane,       MenuCommand::BackToPage,
 };
 

@@ -1,6 +1,7 @@
 #include "forms/main_menus.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>

@@ -27,7 +27,8 @@ class MainMenus final : public QObject {
     /// Null where no item has the name.
     QAction* Action(std::string_view name) const;
 
-    /// Makes the keys of a pop-up menu's items work while the widget or one inside it has the focus.
+    /// Makes the keys of a pop-up menu's items work while the widget or one inside it has the
+    /// focus.
     void LendKeys(std::string_view popUp, QWidget* widget) const;
 
     /// Enables and disables every item by its command.
