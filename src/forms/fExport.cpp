@@ -59,10 +59,8 @@ void fExport::OnEvent(const std::function<void()>& body) {
 }
 
 void fExport::Connect() {
-    connect(ui_->cmdSaveTo, &QPushButton::clicked, this,
-            [this] { OnEvent([this] { Browse(); }); });
-    connect(ui_->cmdExport, &QPushButton::clicked, this,
-            [this] { OnEvent([this] { Export(); }); });
+    connect(ui_->cmdSaveTo, &QPushButton::clicked, this, [this] { OnEvent([this] { Browse(); }); });
+    connect(ui_->cmdExport, &QPushButton::clicked, this, [this] { OnEvent([this] { Export(); }); });
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &fExport::reject);
     const auto openHelp = [this] { OpenHelp(db_, AnchorOf("fExport")); };
     connect(ui_->cmdHelp, &QPushButton::clicked, this, openHelp);

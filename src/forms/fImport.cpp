@@ -95,8 +95,7 @@ void fImport::ConnectFolders() {
         ui_->dlstSrcDir, &FolderList::FolderChosen, this,
         [this](const std::string& folder) { OnEvent([&] { TakeFolder(folder); }); },
         Qt::QueuedConnection);
-    connect(ui_->cmdBrowse, &QPushButton::clicked, this,
-            [this] { OnEvent([this] { Browse(); }); });
+    connect(ui_->cmdBrowse, &QPushButton::clicked, this, [this] { OnEvent([this] { Browse(); }); });
     connect(ui_->chkSubfolder, &QCheckBox::toggled, this,
             [this] { OnEvent([this] { IncludeSubfolder(); }); });
 }
@@ -143,8 +142,7 @@ void fImport::ConnectTexts() {
         StoreSetting(db_, kEncodingSetting, Encoding());
     });
     ui_->panePreview->SetEncoding(Encoding());
-    connect(ui_->cmdImport, &QPushButton::clicked, this,
-            [this] { OnEvent([this] { Import(); }); });
+    connect(ui_->cmdImport, &QPushButton::clicked, this, [this] { OnEvent([this] { Import(); }); });
     connect(ui_->cmdExit, &QPushButton::clicked, this, &fImport::reject);
     const auto openHelp = [this] { OpenHelp(db_, AnchorOf("fImport")); };
     connect(ui_->cmdHelp, &QPushButton::clicked, this, openHelp);

@@ -31,9 +31,13 @@ DateTime ToDateTime(const QDate& day) {
 }  // namespace
 
 fSearch::fSearch(Database& db, QWidget* parent)
-    : ChildPane(parent), db_(db), pane_(db, SearchProgress::Window), ui_(std::make_unique<Ui::fSearch>()) {
+    : ChildPane(parent),
+      db_(db),
+      pane_(db, SearchProgress::Window),
+      ui_(std::make_unique<Ui::fSearch>()) {
     ui_->setupUi(this);
-    model_ = new TopicModel(pane_.Topics(), {tr("Procedure"), tr("Class"), tr("Application")}, this);
+    model_ =
+        new TopicModel(pane_.Topics(), {tr("Procedure"), tr("Class"), tr("Application")}, this);
     ui_->cmbLanguage->addItem(tr("Select a language"), 0);
     const QDate today = QDate::currentDate();
     ui_->dtpFrom->setDate(today.addYears(-1));
@@ -184,7 +188,12 @@ void fSearch::adjustButton() {
 
 void fSearch::Display() {
     if (!ui_->cmdSrchDisplay->isEnabled()) return;
-    OnEvent([this] { emit TopicChosen(pane_.Topics().SelectedKey(), MarkedWords(found_)); });
+    OnEvent([this] {
+        QStringList words;
+        for (const std::string& word : MarkedWords(found_))
+            words << ToQt(word);
+        emit DisplayRequested(ToQt(pane_.Topics().SelectedKey()), words);
+    });
 }
 
 void fSearch::EnableDates() {

@@ -2,8 +2,6 @@
 
 #include <functional>
 #include <memory>
-#include <string>
-#include <vector>
 
 #include "forms/child_pane.h"
 #include "search/search_pane.h"
@@ -34,7 +32,7 @@ class fSearch final : public ChildPane {
 
   signals:
     /// A topic ("f56") is to be shown, and in its page the words that it was found by.
-    void TopicChosen(const std::string& topicKey, const std::vector<std::string>& words);
+    void DisplayRequested(const QString& topicKey, const QStringList& words);
 
   protected:
     /// Enter lists the topics, or displays one that is selected in the list.

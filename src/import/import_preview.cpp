@@ -25,8 +25,7 @@ ImportPreview Preview(const Host& host, const FileSystem& files, const Analysers
     std::optional<CutFile> cut =
         analysers.at(kind)({.text = text.text, .entry = entry, .kind = kind}, lines, state);
     if (!cut) return Refusal("It is no part of a page.");
-    std::string className =
-        cut->className.empty() ? std::string(BaseName(entry)) : cut->className;
+    std::string className = cut->className.empty() ? std::string(BaseName(entry)) : cut->className;
     return {.className = std::move(className), .file = std::move(*cut)};
 }
 
