@@ -75,10 +75,18 @@ void fContents::Refresh() {
 }
 
 bool fContents::SelectNode(const NodeIDs& node) {
+    return SelectBy([&] { return pane_.Select(node); });
+}
+
+bool fContents::SelectTopic(std::string_view topicKey) {
+    return SelectBy([&] { return pane_.SelectTopic(topicKey); });
+}
+
+bool fContents::SelectBy(const std::function<const ContentsItem*()>& select) {
     const ContentsItem* item = nullptr;
     {
         const QScopedValueRollback moving(isSelfMoving_, true);
-        item = pane_.Select(node);
+        item = select();
         if (pane_.Filter().empty()) {
             const QSignalBlocker quiet(ui_->txtFilter);
             ui_->txtFilter->clear();

@@ -39,6 +39,8 @@ class fContents final : public ChildPane {
     const NodeIDs& Selection() const { return pane_.Selection(); }
     /// Selects a node, loading what is above it. False where it cannot be shown.
     bool SelectNode(const NodeIDs& node);
+    /// The same for a topic: "f56".
+    bool SelectTopic(std::string_view topicKey);
 
     void StartRename();
     /// Deletes the selected node, asking first; the tree shows what is left.
@@ -69,6 +71,7 @@ class fContents final : public ChildPane {
     void ApplyFilter();
     void ExpandFiltered();
     void ShowSelection();
+    bool SelectBy(const std::function<const ContentsItem*()>& select);
     ErrorReporter& Reporter();
 
     Database& db_;

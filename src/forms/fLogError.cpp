@@ -3,8 +3,11 @@
 #include <QFileDialog>
 
 #include "forms/handler.h"
+#include "forms/help_key.h"
 #include "forms/modal.h"
 #include "forms/qt_text.h"
+#include "navigator/help.h"
+#include "store/database.h"
 #include "support/disk_file_system.h"
 #include "support/import_export_report.h"
 #include "support/message_boxes.h"
@@ -26,15 +29,18 @@ QStringList NameFilters(std::string_view filter) {
 
 }  // namespace
 
-fLogError::fLogError(const Host& host, std::string_view label, std::string_view report,
-                     QWidget* parent)
-    : QDialog(parent), host_(host), report_(report), ui_(std::make_unique<Ui::fLogError>()) {
+fLogError::fLogError(Database& db, std::string_view label, std::string_view report, QWidget* parent)
+    : QDialog(parent), db_(db), report_(report), ui_(std::make_unique<Ui::fLogError>()) {
     ui_->setupUi(this);
     ui_->lblLog->setText(ToQt(label));
     ui_->txtLog->setPlainText(LinesToQt(report));
     connect(ui_->cmdClose, &QPushButton::clicked, this, &QDialog::accept);
     connect(ui_->cmdSaveAS, &QPushButton::clicked, this,
-            [this] { Handle(host_.reporter, form_procedure::SaveReport, [this] { SaveAs(); }); });
+            [this] { Handle(db_.Reporter(), form_procedure::SaveReport, [this] { SaveAs(); }); });
+    new HelpKey(this, [this] {
+        Handle(db_.Reporter(), form_procedure::SaveReport,
+               [this] { OpenHelp(db_, AnchorOf("fLogError")); });
+    });
 }
 
 fLogError::~fLogError() = default;
@@ -43,9 +49,9 @@ void fLogError::SaveAs() {
     QFileDialog dialog(this, ToQt(kSaveReportTitle));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(NameFilters(kSaveReportFilter));
-    if (RunModal(dialog, host_.reporter) != QDialog::Accepted) return;
+    if (RunModal(dialog, db_.Reporter()) != QDialog::Accepted) return;
     DiskFileSystem().WriteFile(FromQt(dialog.selectedFiles().value(0)), report_);
-    ShowInformation(host_.messages, kReportSaved, kInformationTitle);
+    ShowInformation(db_.GetHost().messages, kReportSaved, kInformationTitle);
 }
 
 }  // namespace snippetarium

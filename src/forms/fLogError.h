@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "support/host.h"
-
 namespace snippetarium {
+
+class Database;
 
 namespace Ui {
 class fLogError;
@@ -19,13 +19,13 @@ class fLogError final : public QDialog {
 
   public:
     /// `label` stands above the report; both come from support/import_export_report.h.
-    fLogError(const Host& host, std::string_view label, std::string_view report, QWidget* parent);
+    fLogError(Database& db, std::string_view label, std::string_view report, QWidget* parent);
     ~fLogError() override;
 
   private:
     void SaveAs();
 
-    Host host_;
+    Database& db_;
     std::string report_;
     std::unique_ptr<Ui::fLogError> ui_;
 };

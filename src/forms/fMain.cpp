@@ -3,10 +3,14 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenu>
+#include <utility>
 
 #include "forms/fAbout.h"
+#include "forms/fBookmark.h"
 #include "forms/fContents.h"
+#include "forms/fIndex.h"
 #include "forms/fPage.h"
+#include "forms/fSearch.h"
 #include "forms/handler.h"
 #include "forms/icons.h"
 #include "forms/main_commands.h"
@@ -34,6 +38,9 @@ fMain::fMain(Database& db, QtHost& host)
       host_(host),
       ui_(std::make_unique<Ui::fMain>()),
       contents_(new fContents(db, nullptr)),
+      index_(new fIndex(db, nullptr)),
+      search_(new fSearch(db, nullptr)),
+      bookmarks_(new fBookmark(db, nullptr)),
       page_(new fPage(db, nullptr)),
       dock_(new PaneDock(page_)),
       menus_(nullptr),
@@ -46,13 +53,18 @@ fMain::fMain(Database& db, QtHost& host)
     setCentralWidget(dock_);
     setWindowIcon(Icon("snippetarium"));
     dock_->AddPane(Pane::Contents, contents_, Icon("contents"));
+    dock_->AddPane(Pane::Index, index_, Icon("index"));
+    dock_->AddPane(Pane::Search, search_, Icon("search"));
+    dock_->AddPane(Pane::Bookmark, bookmarks_, Icon("bookmark"));
     menus_ = new MainMenus(this);
     status_ = new StatusPanels(ui_->StatusBar1);
-    commands_ = new MainCommands({db_, *this, *dock_, *contents_, *page_, layout_});
+    commands_ = new MainCommands(
+        {db_, *this, *dock_, *contents_, *index_, *search_, *bookmarks_, *page_, layout_});
     tmAutoLoad_.setObjectName("tmAutoLoad");
     tmAutoLoad_.setInterval(kIdleInterval);
     db_.SetEndProgram([this] { close(); });
     ConnectParts();
+    ConnectLists();
     ConnectToolBar();
     ConnectPanes();
 }
@@ -68,19 +80,30 @@ void fMain::ConnectParts() {
     connect(contents_, &fContents::NodeSelected, this, &fMain::OnNodeSelected);
     connect(contents_, &fContents::NodeDeleted, this,
             [this](const NodeIDs& node) { page_->History().Forget(node); });
-    connect(contents_, &fContents::CatalogueChanged, this, [this] { areCountsStale_ = true; });
+    connect(contents_, &fContents::CatalogueChanged, this, [this] {
+        areListsStale_ = true;
+        areCountsStale_ = true;
+    });
     connect(contents_, &fContents::MenuRequested, this, &fMain::ShowContentsMenu);
     connect(menus_->PopUp("mnuClassHide"), &QMenu::aboutToHide, this, &fMain::RestoreContentsMenu,
             Qt::QueuedConnection);
     menus_->LendKeys("mnuClassHide", contents_);
     menus_->LendKeys("mnuBkmkHide", this);
     connect(page_, &fPage::SelectionChanged, this, &fMain::ShowCommandState);
-    connect(page_, &fPage::NodeRequested, this, [this](const NodeIDs& node) {
-        Handle(db_.Reporter(), form_procedure::MainWindowEvent,
-               [&] { contents_->SelectNode(node); });
-    });
+    connect(page_, &fPage::NodeRequested, this, &fMain::GoToNode);
     connect(page_, &fPage::MenuRequested, this, [this](const QPoint& globalPosition) {
         menus_->PopUp("mnuEditHide")->popup(globalPosition);
+    });
+}
+
+void fMain::ConnectLists() {
+    connect(index_, &fIndex::DisplayRequested, this, &fMain::GoToTopic);
+    connect(index_, &fIndex::SelectionChanged, this, &fMain::ShowCommandState);
+    connect(search_, &fSearch::DisplayRequested, this, &fMain::GoToTopic);
+    connect(bookmarks_, &fBookmark::NodeRequested, this, &fMain::GoToNode);
+    connect(bookmarks_, &fBookmark::SelectionChanged, this, &fMain::ShowCommandState);
+    connect(bookmarks_, &fBookmark::MenuRequested, this, [this](const QPoint& globalPosition) {
+        menus_->PopUp("mnuBkmkHide")->popup(globalPosition);
     });
 }
 
@@ -124,10 +147,21 @@ void fMain::ConnectPanes() {
         layout_.SetSideWidth(side, width * DesktopLayout::kTwipsPerPixel);
     });
     connect(dock_, &PaneDock::PaneRaised, this, [this](Pane pane) { layout_.ShowPane(pane); });
-    connect(dock_, &PaneDock::PaneCloseRequested, this, [this](Pane pane) {
-        layout_.HidePane(pane);
-        ShowCommandState();
-    });
+    connect(dock_, &PaneDock::PaneCloseRequested, this, &fMain::HidePane);
+    const std::pair<ChildPane*, Pane> panes[] = {
+        {contents_, Pane::Contents},
+        {index_, Pane::Index},
+        {search_, Pane::Search},
+        {bookmarks_, Pane::Bookmark},
+    };
+    for (const auto& [form, pane] : panes) {
+        connect(form, &ChildPane::HideRequested, this, [this, pane = pane] { HidePane(pane); });
+    }
+}
+
+void fMain::HidePane(Pane pane) {
+    layout_.HidePane(pane);
+    ShowCommandState();
 }
 
 bool fMain::Start() {
@@ -158,10 +192,14 @@ void fMain::SetWrapCommands(bool wrap) {
 }
 
 void fMain::LoadContents() {
-    contents_->Load({});
+    contents_->Load([this] { index_->Load(); });
 }
 
-void fMain::FinishIndexPane() {}
+void fMain::FinishIndexPane() {
+    search_->LoadLanguages();
+    bookmarks_->Load();
+    areListsStale_ = false;
+}
 
 void fMain::Close() {
     splash_.reset();
@@ -187,15 +225,21 @@ bool fMain::IsBusy() const {
     return run_.IsLoading() || host_.Events().IsYielding() || host_.ProgressWindows().IsOpen();
 }
 
+std::vector<ChildPane*> fMain::Children() const {
+    return {contents_, index_, search_, bookmarks_, page_};
+}
+
 ChildPane* fMain::PaneNamed(std::string_view form) const {
-    for (ChildPane* pane : {static_cast<ChildPane*>(contents_), static_cast<ChildPane*>(page_)}) {
+    for (ChildPane* pane : Children()) {
         if (pane->objectName() == ToQt(form)) return pane;
     }
     return nullptr;
 }
 
 std::vector<std::string> fMain::OpenForms() const {
-    std::vector<std::string> forms = {"fContents", "fPage"};
+    std::vector<std::string> forms;
+    for (const ChildPane* pane : Children())
+        forms.push_back(FromQt(pane->objectName()));
     if (host_.Help().IsVisible()) forms.emplace_back("fHelp");
     return forms;
 }
@@ -219,16 +263,30 @@ void fMain::StartIdleWork() {
 
 void fMain::OnIdle() {
     if (IsBusy() || QApplication::activeModalWidget() != nullptr) return;
-    Handle(db_.Reporter(), form_procedure::MainWindowEvent, [this] {
-        if (areCountsStale_) {
-            areCountsStale_ = false;
-            status_->SetCounts(ToQt(CountsText(db_)));
-            return;
-        }
-        status_->SetWork(ToQt(idle_.CurrentName()));
-        idle_.Step();
-        if (idle_.IsDone()) status_->SetWork({});
-    });
+    Handle(db_.Reporter(), form_procedure::MainWindowEvent, [this] { DoIdleWork(); });
+}
+
+void fMain::DoIdleWork() {
+    if (std::exchange(areCountsStale_, false)) {
+        return status_->SetCounts(ToQt(CountsText(db_)));
+    }
+    if (std::exchange(areListsStale_, false)) {
+        index_->Load();
+        bookmarks_->Load();
+        return;
+    }
+    status_->SetWork(ToQt(idle_.CurrentName()));
+    idle_.Step();
+    if (idle_.IsDone()) status_->SetWork({});
+}
+
+void fMain::GoToNode(const NodeIDs& node) {
+    Handle(db_.Reporter(), form_procedure::MainWindowEvent, [&] { contents_->SelectNode(node); });
+}
+
+void fMain::GoToTopic(const QString& topicKey) {
+    Handle(db_.Reporter(), form_procedure::MainWindowEvent,
+           [&] { contents_->SelectTopic(FromQt(topicKey)); });
 }
 
 void fMain::OnNodeSelected(const NodeIDs& node) {
@@ -264,8 +322,9 @@ void fMain::RestoreContentsMenu() {
 void fMain::ShowCommandState() {
     menus_->EnableBy([this](MenuCommand command) { return commands_->CanRun(command, IsBusy()); });
     ui_->tbrContents->setChecked(layout_.IsOpen(Pane::Contents));
-    for (QAction* action : {ui_->tbrIndex, ui_->tbrSearch, ui_->tbrBookmarks})
-        action->setEnabled(false);
+    ui_->tbrIndex->setChecked(layout_.IsOpen(Pane::Index));
+    ui_->tbrSearch->setChecked(layout_.IsOpen(Pane::Search));
+    ui_->tbrBookmarks->setChecked(layout_.IsOpen(Pane::Bookmark));
 }
 
 void fMain::ShowTitle() {

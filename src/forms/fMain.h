@@ -23,8 +23,11 @@ class PaneDock;
 class QtHost;
 class StatusPanels;
 class fAbout;
+class fBookmark;
 class fContents;
+class fIndex;
 class fPage;
+class fSearch;
 
 namespace Ui {
 class fMain;
@@ -60,22 +63,31 @@ class fMain final : public QMainWindow, private ProgramWindow {
 
     void ConnectParts();
     void ConnectToolBar();
+    void ConnectLists();
     void ConnectPanes();
     QAction* AsButton(const char* name, const char* image);
+    void HidePane(Pane pane);
     void StartIdleWork();
     void OnIdle();
+    void DoIdleWork();
+    void GoToNode(const NodeIDs& node);
+    void GoToTopic(const QString& topicKey);
     void OnNodeSelected(const NodeIDs& node);
     void ShowContentsMenu(const NodeIDs& node, const QPoint& globalPosition);
     void RestoreContentsMenu();
     void ShowCommandState();
     void ShowTitle();
     bool IsBusy() const;
+    std::vector<ChildPane*> Children() const;
     ChildPane* PaneNamed(std::string_view form) const;
 
     Database& db_;
     QtHost& host_;
     std::unique_ptr<Ui::fMain> ui_;
     fContents* contents_;
+    fIndex* index_;
+    fSearch* search_;
+    fBookmark* bookmarks_;
     fPage* page_;
     PaneDock* dock_;
     MainMenus* menus_;
@@ -87,6 +99,8 @@ class fMain final : public QMainWindow, private ProgramWindow {
     IdleWork idle_;
     QTimer tmAutoLoad_;
     std::unique_ptr<fAbout> splash_;
+    /// Whether what the panes list may have changed, and what the status bar counts.
+    bool areListsStale_ = false;
     bool areCountsStale_ = false;
 };
 

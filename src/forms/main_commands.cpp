@@ -6,9 +6,12 @@
 #include <algorithm>
 
 #include "forms/fAbout.h"
+#include "forms/fBookmark.h"
 #include "forms/fConfigure.h"
 #include "forms/fContents.h"
+#include "forms/fIndex.h"
 #include "forms/fPage.h"
+#include "forms/fSearch.h"
 #include "forms/fTrash.h"
 #include "forms/handler.h"
 #include "forms/modal.h"
@@ -29,9 +32,11 @@ constexpr MenuCommand kMade[] = {
     MenuCommand::ToggleWrap,     MenuCommand::CopyWholePage,   MenuCommand::GoBack,
     MenuCommand::GoForward,      MenuCommand::LargerText,      MenuCommand::SmallerText,
     MenuCommand::NormalText,     MenuCommand::RenameNode,      MenuCommand::UndoDelete,
-    MenuCommand::ShowTrash,      MenuCommand::CompactDatabase, MenuCommand::Configure,
-    MenuCommand::ShowHelp,       MenuCommand::ShowAbout,       MenuCommand::ShowContents,
-    MenuCommand::NextPane,       MenuCommand::BackToPage,
+    MenuCommand::ShowTrash,      MenuCommand::DeleteIndexWord, MenuCommand::ShowBookmark,
+    MenuCommand::RemoveBookmark, MenuCommand::AddBookmark,     MenuCommand::CompactDatabase,
+    MenuCommand::Configure,      MenuCommand::ShowHelp,        MenuCommand::ShowAbout,
+    MenuCommand::ShowContents,   MenuCommand::ShowIndex,       MenuCommand::ShowSearch,
+    MenuCommand::ShowBookmarks,  MenuCommand::NextPane,        MenuCommand::BackToPage,
 };
 
 }  // namespace
@@ -50,6 +55,8 @@ bool MainCommands::CanRun(MenuCommand command, bool isBusy) const {
         .shownPage = page.Shown(),
         .hasPageText = page.HasText(),
         .hasPageSelection = page.HasSelection(),
+        .hasIndexWord = parts_.index.HasWord(),
+        .hasBookmark = parts_.bookmarks.HasBookmark(),
         .canUndoDelete = parts_.contents.Deletion().CanUndo(),
         .canGoBack = page.History().CanGoBack(),
         .canGoForward = page.History().CanGoForward(),
@@ -78,6 +85,12 @@ void MainCommands::Perform(MenuCommand command) {
             return ShowAbout();
         case MenuCommand::ShowContents:
             return ShowPane(Pane::Contents);
+        case MenuCommand::ShowIndex:
+            return ShowPane(Pane::Index);
+        case MenuCommand::ShowSearch:
+            return ShowPane(Pane::Search);
+        case MenuCommand::ShowBookmarks:
+            return ShowPane(Pane::Bookmark);
         case MenuCommand::NextPane:
             return NextPane();
         case MenuCommand::BackToPage:
@@ -102,8 +115,28 @@ void MainCommands::PerformOnTree(MenuCommand command) {
         case MenuCommand::ShowTrash:
             return ShowTrash();
         default:
+            PerformOnLists(command);
+    }
+}
+
+void MainCommands::PerformOnLists(MenuCommand command) {
+    switch (command) {
+        case MenuCommand::DeleteIndexWord:
+            return parts_.index.DeleteSelected();
+        case MenuCommand::ShowBookmark:
+            return parts_.bookmarks.DisplaySelected();
+        case MenuCommand::RemoveBookmark:
+            return parts_.bookmarks.RemoveSelected();
+        case MenuCommand::AddBookmark:
+            return parts_.bookmarks.Add(NodeToBookmark());
+        default:
             PerformOnPage(command);
     }
+}
+
+NodeIDs MainCommands::NodeToBookmark() const {
+    const NodeIDs& selected = parts_.contents.Selection();
+    return selected.classID != 0 ? selected : parts_.page.Shown();
 }
 
 void MainCommands::PerformOnPage(MenuCommand command) {
@@ -144,7 +177,20 @@ void MainCommands::GoTo(const NodeIDs& node) {
 
 void MainCommands::ShowPane(Pane pane) {
     parts_.layout.ShowPane(pane);
-    if (pane == Pane::Contents) parts_.contents.FocusFirst();
+    FormOf(pane).FocusFirst();
+}
+
+ChildPane& MainCommands::FormOf(Pane pane) const {
+    switch (pane) {
+        case Pane::Index:
+            return parts_.index;
+        case Pane::Search:
+            return parts_.search;
+        case Pane::Bookmark:
+            return parts_.bookmarks;
+        default:
+            return parts_.contents;
+    }
 }
 
 void MainCommands::TogglePane(Pane pane) {

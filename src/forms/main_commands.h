@@ -13,8 +13,11 @@ namespace snippetarium {
 class ChildPane;
 class Database;
 class PaneDock;
+class fBookmark;
 class fContents;
+class fIndex;
 class fPage;
+class fSearch;
 
 /// The parts of the main window that commands act on.
 struct MainParts {
@@ -22,6 +25,9 @@ struct MainParts {
     QMainWindow& window;
     PaneDock& dock;
     fContents& contents;
+    fIndex& index;
+    fSearch& search;
+    fBookmark& bookmarks;
     fPage& page;
     Layout& layout;
 };
@@ -49,14 +55,17 @@ class MainCommands final : public QObject {
     void Perform(MenuCommand command);
     void PerformOnPage(MenuCommand command);
     void PerformOnTree(MenuCommand command);
+    void PerformOnLists(MenuCommand command);
     void ShowPane(Pane pane);
     void GoTo(const NodeIDs& node);
+    NodeIDs NodeToBookmark() const;
     void ShowTrash();
     void ShowAbout();
     void Configure();
     void Compact();
     void NextPane();
     ChildPane* PaneInFront(Side side) const;
+    ChildPane& FormOf(Pane pane) const;
 
     MainParts parts_;
 };

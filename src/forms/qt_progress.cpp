@@ -35,6 +35,13 @@ struct QtProgress::Job {
     std::unique_ptr<ProgressWindow> window;
 };
 
+void QtProgress::Discard(Job& job) {
+    if (!job.window) return;
+    // A press on Cancel may be what is running: its window goes when that has returned.
+    job.window->hide();
+    job.window.release()->deleteLater();
+}
+
 void QtProgress::Open(std::string_view title) {
     job_ = std::make_shared<Job>();
     job_->contents.title = title;
@@ -43,11 +50,7 @@ void QtProgress::Open(std::string_view title) {
 
 void QtProgress::Close() {
     if (!job_) return;
-    // A press on Cancel may be what is running: its window goes when that has returned.
-    if (job_->window) {
-        job_->window->hide();
-        job_->window.release()->deleteLater();
-    }
+    Discard(*job_);
     job_.reset();
 }
 
@@ -133,7 +136,7 @@ void QtProgress::MakeWindow(Form form) {
                          const std::function<void()> handler = running->cancelHandler;
                          handler();
                      });
-    if (job_->window) job_->window.release()->deleteLater();
+    Discard(*job_);
     job_->window = std::move(window);
     job_->form = form;
 }

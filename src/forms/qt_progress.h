@@ -51,6 +51,7 @@ class QtProgress final : public Progress {
     enum class Form { OneBar, Cancel, TwoBars };
     struct Job;
 
+    static void Discard(Job& job);
     Form WantedForm() const;
     void MakeWindow(Form form);
     void Change(std::string ProgressContents::*member, std::string_view text);

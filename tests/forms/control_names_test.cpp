@@ -143,10 +143,9 @@ class FormsTest : public DesktopFixture {
 
     /// A form as the program opens it.
     std::unique_ptr<QWidget> Make(const std::string& form) {
-        const Host host = qtHost_.Interfaces();
         if (form == "fMsgBox") return std::make_unique<fMsgBox>("?", openHelp_, nullptr);
         if (form == "fLogError")
-            return std::make_unique<fLogError>(host, kExportReportLabel, "", nullptr);
+            return std::make_unique<fLogError>(*db_, kExportReportLabel, "", nullptr);
         if (form == "fProgressBar1") return std::make_unique<fProgressBar1>(nullptr);
         if (form == "fProgressBar2") return std::make_unique<fProgressBar2>(nullptr);
         if (form == "fPrgrCancel") return std::make_unique<fPrgrCancel>(nullptr);
@@ -194,6 +193,7 @@ TEST_F(FormsTest, HaveAllMenuItemsInTheirMenusAndOrder) {
         EXPECT_EQ(action->text().toStdString(), row.caption) << row.name;
     }
     for (const auto& [name, items] : expected) {
+        if (name.empty()) continue;
         const QMenu* const menu = window_->findChild<QMenu*>(QString::fromStdString(name));
         if (menu == nullptr) continue;
         std::vector<std::string> found;

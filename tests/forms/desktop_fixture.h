@@ -15,13 +15,16 @@
 
 namespace snippetarium::test {
 
-/// The program on a catalogue of its own with 1,000 procedures in 51 classes of 3 applications.
+/// The program on a catalogue of its own with 1,000 procedures in 51 classes of 3 applications, and
+/// one in none.
 class DesktopFixture : public ::testing::Test {
   protected:
     DesktopFixture() { CreateDatabase(folder_.File(kCatalogueFileName), Script()); }
 
     static std::string Script() {
-        return std::string(CreationScript()) + FillScript(1000) + "DELETE FROM tblSetting;";
+        return std::string(CreationScript()) + FillScript(1000) +
+               "DELETE FROM tblSetting;"
+               "INSERT INTO tblCode(codeName, code, classID) VALUES ('Loose', 'Sub Loose', 1);";
     }
 
     void TearDown() override {

@@ -30,8 +30,8 @@ inline bool WaitUntil(const std::function<bool()>& condition) {
 }
 
 inline void RunEvents() {
-    QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 /// The control of that name; a failure where there is none or it is of another kind.

@@ -7,9 +7,11 @@
 #include <QProgressBar>
 #include <QTextBrowser>
 #include <QWindow>
+#include <thread>
 
 #include "forms/fLogError.h"
 #include "forms/qt_text.h"
+#include "store/database.h"
 #include "support/guard.h"
 #include "support/import_export_report.h"
 #include "support/message_boxes.h"
@@ -31,6 +33,15 @@ TEST(QtText, TakesLineEndsAndBytesBothWays) {
 class QtHostTest : public ::testing::Test {
   protected:
     QtHostTest() { qtHost_.ProgressWindows().SetDelay(std::chrono::milliseconds(0)); }
+
+    /// Lets events run as a job does.
+    void YieldUntil(const std::function<bool()>& condition) {
+        for (int i = 0; i < 1000 && !condition(); ++i) {
+            host_.events.Yield();
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        }
+        EXPECT_TRUE(condition());
+    }
 
     ModalDriver modal_;
     QtHost qtHost_;
@@ -86,10 +97,10 @@ TEST_F(QtHostTest, ShowsTheProgressWindowThatTheJobNeeds) {
     EXPECT_EQ(ShownForm(), "fProgressBar1");
     EXPECT_EQ(QApplication::activeModalWidget()->windowTitle(), "Deleting , please wait...");
     host_.progress.SetCancelHandler([] {});
-    WaitUntil([&] { return host_.events.Yield(), ShownForm() == "fPrgrCancel"; });
+    YieldUntil([&] { return ShownForm() == "fPrgrCancel"; });
     host_.progress.SetFolderLine("src");
     host_.progress.SetUnit(50);
-    WaitUntil([&] { return host_.events.Yield(), ShownForm() == "fProgressBar2"; });
+    YieldUntil([&] { return ShownForm() == "fProgressBar2"; });
     EXPECT_EQ(Find<QProgressBar>(*QApplication::activeModalWidget(), "prgUnit").value(), 500);
     host_.progress.Close();
     EXPECT_EQ(ShownForm(), "");
@@ -111,9 +122,9 @@ TEST_F(QtHostTest, CancelsAJobFromWithinItsYieldAndSurvivesAHandlerThatClosesThe
         host_.events.Yield();
         QWidget& window = *QApplication::activeModalWidget();
         QTimer::singleShot(0, &window, [&] { Find<QPushButton>(window, "cmdCancel").click(); });
-        WaitUntil([&] { return host_.events.Yield(), presses == 1; });
+        YieldUntil([&] { return presses == 1; });
         QTimer::singleShot(0, &window, [&] { PressKey(window, Qt::Key_Escape); });
-        WaitUntil([&] { return host_.events.Yield(), presses == 2; });
+        YieldUntil([&] { return presses == 2; });
         EXPECT_FALSE(host_.progress.IsOpen());
     });
 }
@@ -157,7 +168,8 @@ TEST_F(QtHostTest, SavesAReportAsItStands) {
     const TemporaryFolder folder;
     const std::string path = folder.File("report.txt");
     const std::string report = "The following error(s) occurred\r\n  Gr\xC3\xBC\xC3\x9F\r\n";
-    fLogError window(host_, kImportReportLabel, report, nullptr);
+    Database db(host_, CatalogueProviders(), folder.Path());
+    fLogError window(db, kImportReportLabel, report, nullptr);
     EXPECT_EQ(Find<QLabel>(window, "lblLog").text(), "Import report:");
     modal_.Expect([&](QWidget& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Import Report");

@@ -1,0 +1,104 @@
+#include "forms/fIndex.h"
+
+#include <QKeyEvent>
+
+#include "forms/fTopicsFound.h"
+#include "forms/handler.h"
+#include "forms/modal.h"
+#include "forms/qt_text.h"
+#include "forms/words_model.h"
+#include "store/database.h"
+#include "ui_fIndex.h"
+
+namespace snippetarium {
+
+fIndex::fIndex(Database& db, QWidget* parent)
+    : ChildPane(parent),
+      db_(db),
+      index_(db),
+      ui_(std::make_unique<Ui::fIndex>()),
+      model_(new WordsModel(index_, this)) {
+    ui_->setupUi(this);
+    ui_->lblIndex->hide();
+    ui_->lstIndex->setModel(model_);
+    ui_->txtIndex->installEventFilter(this);
+    connect(ui_->txtIndex, &QLineEdit::textEdited, this,
+            [this](const QString& typed) { SelectRow(index_.RowFor(FromQt(typed))); });
+    const auto open = [this] {
+        Handle(db_.Reporter(), form_procedure::IndexEvent, [this] { OpenSelected(); });
+    };
+    connect(ui_->txtIndex, &QLineEdit::returnPressed, this, open);
+    connect(ui_->lstIndex, &QListView::activated, this, open);
+    connect(ui_->lstIndex->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &fIndex::SelectionChanged);
+}
+
+fIndex::~fIndex() = default;
+
+void fIndex::Load() {
+    const std::string word = SelectedWord();
+    ui_->lblIndex->setText(ToQt(kLoadingIndexText));
+    ui_->lblIndex->show();
+    ui_->lblIndex->repaint();
+    model_->BeginChange();
+    index_.Load();
+    model_->EndChange();
+    ui_->lblIndex->setVisible(index_.Count() == 0);
+    ui_->lblIndex->setText(tr("There are no keywords yet."));
+    SelectRow(index_.RowOf(word));
+}
+
+bool fIndex::HasWord() const {
+    return ui_->lstIndex->currentIndex().isValid();
+}
+
+std::string fIndex::SelectedWord() const {
+    const QModelIndex index = ui_->lstIndex->currentIndex();
+    if (!index.isValid()) return {};
+    return std::string(index_.WordAt(static_cast<std::size_t>(index.row())));
+}
+
+void fIndex::SelectRow(std::optional<std::size_t> row) {
+    const QModelIndex index = row ? model_->index(static_cast<int>(*row)) : QModelIndex();
+    ui_->lstIndex->setCurrentIndex(index);
+    if (index.isValid()) ui_->lstIndex->scrollTo(index, QAbstractItemView::PositionAtTop);
+}
+
+void fIndex::OpenSelected() {
+    const std::string word = SelectedWord();
+    if (word.empty()) return;
+    const WordTopics found = index_.OpenWord(word);
+    if (found == WordTopics::One) emit DisplayRequested(ToQt(index_.Topics().KeyAt(0)));
+    if (found != WordTopics::Several) return;
+    fTopicsFound dialog(db_, index_.Topics(), window());
+    RunModal(dialog, db_.Reporter());
+    if (!dialog.ChosenKey().empty()) emit DisplayRequested(ToQt(dialog.ChosenKey()));
+}
+
+void fIndex::DeleteSelected() {
+    const std::string word = SelectedWord();
+    if (word.empty()) return;
+    const int row = ui_->lstIndex->currentIndex().row();
+    if (!index_.DeleteWord(word)) return;
+    model_->BeginChange();
+    model_->EndChange();
+    if (row < model_->rowCount({})) SelectRow(static_cast<std::size_t>(row));
+}
+
+void fIndex::FocusFirst() {
+    ui_->txtIndex->setFocus();
+    ui_->txtIndex->selectAll();
+}
+
+bool fIndex::eventFilter(QObject* watched, QEvent* event) {
+    // The entry keeps the focus while one goes up and down in the list.
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        for (const int passedOn : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown}) {
+            if (key == passedOn) return QCoreApplication::sendEvent(ui_->lstIndex, event);
+        }
+    }
+    return ChildPane::eventFilter(watched, event);
+}
+
+}  // namespace snippetarium
