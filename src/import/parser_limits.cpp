@@ -2,8 +2,8 @@
 
 #include <unistd.h>
 
-#include <fstream>
 #include <cstddef>
+#include <fstream>
 #include <vector>
 
 namespace snippetarium {
