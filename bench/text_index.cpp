@@ -120,7 +120,7 @@ std::vector<NamedSearch> Searches() {
         {"name: a part, one of 2,300", [](Database& db) { return NameSearch(db, "SortMenu7"); },
          ""},
         {"comment: one of 576", [](Database& db) { return CommentSearch(db, "SortMenu"); },
-         "' SortMenu"},
+         "SortMenu"},
         {"comment: rare", [](Database& db) { return CommentSearch(db, "menu for the qu_ry'"); },
          ""},
         {"keyword, one word",
@@ -209,9 +209,10 @@ void Run(const fs::path& folder, int procedures) {
         WriteSources(plain, folder / "sources");
     }
     fs::copy_file(plain, indexed, fs::copy_options::overwrite_existing);
-    const Inspection inspection(plain.string());
-    const double text = static_cast<double>(inspection.ReadNumber(
-        "SELECT sum(length(code) + length(codeComment) + length(codeName)) FROM tblCode"));
+    const auto text = static_cast<double>(
+        Inspection(plain.string())
+            .ReadNumber(
+                "SELECT sum(length(code) + length(codeComment) + length(codeName)) FROM tblCode"));
     const double before = static_cast<double>(fs::file_size(plain));
     Build(folder);
     const double after = static_cast<double>(fs::file_size(indexed));

@@ -45,9 +45,14 @@ bool TextIndexCare::Tend(TendingPace pace) {
     if (hasFailed_ || tables_.empty()) return false;
     const bool isIdle = pace == TendingPace::WhenIdle;
     try {
-        if (TakeIn(isIdle ? kFewestRows : 1, isIdle ? kIdleSegmentText : kSegmentText)) return true;
+        // What searches have to read goes first. On the way to the end, nothing is begun before
+        // there is room for it that old segments have left.
+        if (isIdle && TakeIn(kFewestRows, kIdleSegmentText)) return true;
+        if (RemoveLeaving()) return true;
+        if (Merge(Clock::now() + (isIdle ? kIdleStep : kLongStep))) return true;
+        if (!isIdle && TakeIn(1, kSegmentText)) return true;
         builder_.reset();
-        return Merge(Clock::now() + (isIdle ? kIdleStep : kLongStep)) || RemoveLeaving();
+        return false;
     } catch (...) {
         GiveUp();
         throw;
@@ -122,7 +127,7 @@ void TextIndexCare::TendWhileWriting() {
         }
         const Clock::time_point until = Clock::now() + (Clock::now() - begin);
         while (Clock::now() < until) {
-            if (!Merge(until) && !RemoveLeaving()) return;
+            if (!RemoveLeaving() && !Merge(until)) return;
         }
     });
 }
