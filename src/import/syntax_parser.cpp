@@ -2,15 +2,13 @@
 
 #include <tree_sitter/api.h>
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <chrono>
-#include <fstream>
 #include <limits>
 #include <optional>
 #include <vector>
 
+#include "import/memory_in_use.h"
 #include "import/unfinished_text.h"
 
 extern "C" {
@@ -45,15 +43,6 @@ const TSLanguage* LanguageOf(Grammar grammar) {
             return tree_sitter_javascript();
     }
     return nullptr;
-}
-
-/// What this process has in memory; 0 where the system does not say.
-std::size_t MemoryInUse() {
-    std::ifstream counts("/proc/self/statm");
-    std::size_t mapped = 0;
-    std::size_t resident = 0;
-    counts >> mapped >> resident;
-    return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 }
 
 /// The text as the parser asks for it.
