@@ -17,7 +17,7 @@ namespace {
 // parser it is looked at what it has taken (import/syntax_parser.cpp says why). What takes too much
 // stays plain.
 
-constexpr std::chrono::seconds kLongestParse{4};
+constexpr std::chrono::seconds kLongestParse{2};
 constexpr std::size_t kMostMemory = 120 * 1024 * 1024;
 constexpr std::chrono::microseconds kShortestTurn{500};
 /// Elements of a page that are open at once.
