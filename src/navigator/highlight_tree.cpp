@@ -27,9 +27,9 @@ constexpr std::ptrdiff_t kMostOpenElements = 8'000;
 bool HasTooManyOpenElements(std::string_view text) {
     std::ptrdiff_t open = 0;
     for (std::size_t at = text.find('<'); at + 1 < text.size(); at = text.find('<', at + 1)) {
+        if (at == std::string_view::npos) return false;
         open += text[at + 1] == '/' ? -1 : 1;
         if (open > kMostOpenElements) return true;
-        if (at == std::string_view::npos) break;
     }
     return false;
 }
