@@ -8,7 +8,8 @@
 #include <optional>
 #include <vector>
 
-#include "import/parser_limits.h"
+#include "import/memory_in_use.h"
+#include "import/unfinished_text.h"
 
 extern "C" {
 const TSLanguage* tree_sitter_java(void);
@@ -21,8 +22,9 @@ namespace snippetarium {
 // A parser of this kind reads every text to its end, but a hostile one can make it try so many
 // readings at once that it takes minutes and gigabytes. So it works in short turns, and between two
 // of them it is looked at how far it has come, what it has taken, and whether the user still wants
-// the result. A turn ends between tokens only; what makes a single token expensive is looked at
-// before (import/parser_limits.h).
+// the result. A turn ends between tokens only, so what makes a single token expensive is looked at
+// before: behind n open "<" the library takes n * n steps and bytes; and when a text ends with more
+// than 65,535 parts of unfinished constructs on its stack, it spoils its memory.
 
 namespace {
 

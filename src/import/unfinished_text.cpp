@@ -1,9 +1,6 @@
-#include "import/parser_limits.h"
-
-#include <unistd.h>
+#include "import/unfinished_text.h"
 
 #include <cstddef>
-#include <fstream>
 #include <vector>
 
 namespace snippetarium {
@@ -75,14 +72,6 @@ bool IsTooUnfinished(std::string_view text, std::span<const TextRange> skipped) 
         begin = range.end;
     }
     return !unfinished.Add(text.substr(begin));
-}
-
-std::size_t MemoryInUse() {
-    std::ifstream counts("/proc/self/statm");
-    std::size_t mapped = 0;
-    std::size_t resident = 0;
-    counts >> mapped >> resident;
-    return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 }
 
 }  // namespace snippetarium
