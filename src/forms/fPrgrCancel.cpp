@@ -18,6 +18,7 @@ void fPrgrCancel::Show(const ProgressContents& contents) {
     SetLine(ui_->lblTitle, contents.title);
     SetPercent(ui_->prgBar, ShareDone(contents));
     SetLine(ui_->lblContent, contents.contentLine);
+    ui_->lblTimeLeft->setText(TimeLeftText(contents));
     ui_->cmdCancel->setEnabled(contents.canBeCancelled);
 }
 

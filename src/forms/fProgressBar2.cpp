@@ -21,6 +21,7 @@ void fProgressBar2::Show(const ProgressContents& contents) {
     SetPercent(ui_->prgTotal, contents.total);
     SetLine(ui_->lblFolders, contents.folderLine);
     SetLine(ui_->lblContent, contents.contentLine);
+    ui_->lblTimeLeft->setText(TimeLeftText(contents));
     ui_->cmdCancel->setEnabled(contents.canBeCancelled);
 }
 

@@ -1,97 +1,109 @@
 #include "forms/fSearch.h"
 
+#include <QDateEdit>
+#include <QHeaderView>
 #include <QKeyEvent>
-#include <QSignalBlocker>
-#include <array>
-#include <utility>
+#include <QScopedValueRollback>
 
 #include "editors/catalogue_lists.h"
+#include "forms/fCalendar.h"
 #include "forms/handler.h"
 #include "forms/help_key.h"
+#include "forms/modal.h"
 #include "forms/qt_text.h"
-#include "forms/topics_model.h"
+#include "forms/topic_model.h"
 #include "navigator/help.h"
+#include "search/marked_words.h"
 #include "store/database.h"
-#include "store/job_progress.h"
 #include "ui_fSearch.h"
 
 namespace snippetarium {
 
 namespace {
 
-DateTime DayOf(const QDate& date) {
-    return {.year = date.year(), .month = date.month(), .day = date.day()};
+constexpr int kColumnTwips = 1200;
+constexpr int kTwipsPerPixel = 15;
+
+DateTime ToDateTime(const QDate& day) {
+    return {.year = day.year(), .month = day.month(), .day = day.day()};
 }
-
-/// Lets the user cancel the connection's searches once they take long.
-class CancellableSearch {
-  public:
-    explicit CancellableSearch(Database& db)
-        : connection_(db.GetConnection()),
-          progress_(db.GetHost(), "Searching", JobProgress::Cancelling::Possible) {
-        connection_.SetCancelPoll(&progress_);
-    }
-    ~CancellableSearch() { connection_.SetCancelPoll(nullptr); }
-    CancellableSearch(const CancellableSearch&) = delete;
-    CancellableSearch& operator=(const CancellableSearch&) = delete;
-
-  private:
-    Connection& connection_;
-    JobProgress progress_;
-};
 
 }  // namespace
 
 fSearch::fSearch(Database& db, QWidget* parent)
-    : ChildPane(parent), db_(db), pane_(db), ui_(std::make_unique<Ui::fSearch>()) {
+    : ChildPane(parent),
+      db_(db),
+      pane_(db, SearchProgress::Window),
+      ui_(std::make_unique<Ui::fSearch>()) {
     ui_->setupUi(this);
     model_ =
-        new TopicsModel(pane_.Topics(), {tr("Procedure"), tr("Class"), tr("Application")}, this);
-    ShowTopics(ui_->lstVwSearch, model_);
-    ui_->optnKeyword->setChecked(true);
-    ui_->fraDates->hide();
-    ui_->dtTo->setDate(QDate::currentDate());
-    ui_->dtFrom->setDate(QDate::currentDate().addYears(-1));
+        new TopicModel(pane_.Topics(), {tr("Procedure"), tr("Class"), tr("Application")}, this);
     ui_->cmbLanguage->addItem(tr("Select a language"), 0);
-    const auto handle = [this](auto body) {
-        return [this, body] { Handle(db_.Reporter(), form_procedure::SearchEvent, body); };
-    };
-    connect(ui_->cmdSrchListTopic, &QPushButton::clicked, this, handle([this] { ListTopics(); }));
-    connect(ui_->cmdSrchDisplay, &QPushButton::clicked, this, handle([this] { Display(); }));
-    connect(ui_->lstVwSearch, &QTreeView::activated, this, handle([this] { Display(); }));
-    connect(ui_->lstVwSearch->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &fSearch::AdjustButton);
-    connect(ui_->txtSearch, &QLineEdit::textChanged, this, &fSearch::AdjustButton);
-    connect(ui_->optnDate, &QRadioButton::toggled, ui_->fraDates, &QWidget::setVisible);
-    connect(ui_->optnDate, &QRadioButton::toggled, ui_->txtSearch, &QWidget::setDisabled);
-    for (QWidget* control : findChildren<QWidget*>()) {
-        if (control != ui_->lstVwSearch) control->installEventFilter(this);
-    }
-    AdjustButton();
+    const QDate today = QDate::currentDate();
+    ui_->dtpFrom->setDate(today.addYears(-1));
+    ui_->dtpTo->setDate(today);
+    for (QDateEdit* edit : {ui_->dtpFrom, ui_->dtpTo})
+        edit->setDateRange(QDate(kFirstYear, 1, 1), QDate(kLastYear, 12, 31));
+    ConnectFields();
+    ConnectList();
+    EnableDates();
+    new HelpKey(this, [this] { OpenHelp(db_, AnchorOf("fSearch")); });
 }
 
 fSearch::~fSearch() = default;
 
-bool fSearch::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress) return ChildPane::eventFilter(watched, event);
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
-    if (watched == ui_->cmdSrchDisplay ||
-        ui_->lstVwSearch->isAncestorOf(static_cast<QWidget*>(watched))) {
-        return false;
-    }
-    Handle(db_.Reporter(), form_procedure::SearchEvent, [this] { ListTopics(); });
-    return true;
+void fSearch::OnEvent(const std::function<void()>& body) {
+    Handle(db_.Reporter(), form_procedure::SearchEvent, body);
+}
+
+void fSearch::ConnectFields() {
+    QWidget* const listing[] = {ui_->txtSearch,  ui_->optnKeyword,  ui_->optnFunction,
+                                ui_->optnCode,   ui_->optnComment,  ui_->optnAuthor,
+                                ui_->optnDate,   ui_->chckLanguage, ui_->cmbLanguage,
+                                ui_->dtpFrom,    ui_->dtpTo,        ui_->cmdSrchListTopic,
+                                ui_->lstVwSearch};
+    for (QWidget* control : listing)
+        control->installEventFilter(this);
+    connect(ui_->txtSearch, &QLineEdit::textChanged, this, &fSearch::adjustButton);
+    connect(ui_->optnDate, &QRadioButton::toggled, this, &fSearch::EnableDates);
+    connect(ui_->cmdFrom, &QToolButton::clicked, this, [this] { ChooseDay(ui_->dtpFrom); });
+    connect(ui_->cmdTo, &QToolButton::clicked, this, [this] { ChooseDay(ui_->dtpTo); });
+    connect(ui_->cmbLanguage, &QComboBox::activated, this, [this](int row) {
+        // Who chooses a language wants only that one.
+        if (row > 0) ui_->chckLanguage->setChecked(true);
+    });
+    connect(ui_->cmdSrchListTopic, &QPushButton::clicked, this, &fSearch::ListTopics);
+    connect(ui_->cmdSrchDisplay, &QPushButton::clicked, this, &fSearch::Display);
+}
+
+void fSearch::ConnectList() {
+    QTreeView* const list = ui_->lstVwSearch;
+    list->setModel(model_);
+    list->header()->setStretchLastSection(false);
+    list->header()->setSortIndicatorClearable(true);
+    list->sortByColumn(-1, Qt::AscendingOrder);
+    for (int column = 0; column < model_->columnCount({}); ++column)
+        list->setColumnWidth(column, kColumnTwips / kTwipsPerPixel);
+    connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &fSearch::SelectTopic);
+    connect(list, &QTreeView::doubleClicked, this, &fSearch::Display);
 }
 
 void fSearch::LoadLanguages() {
-    const QSignalBlocker quiet(ui_->cmbLanguage);
-    const QVariant chosen = ui_->cmbLanguage->currentData();
-    while (ui_->cmbLanguage->count() > 1)
-        ui_->cmbLanguage->removeItem(1);
-    for (Recordset rows = AllLanguages(db_); !rows.EndOfFile(); rows.MoveNext())
-        ui_->cmbLanguage->addItem(ToQt(rows["language"].Text()), rows["languageID"].Long());
-    ui_->cmbLanguage->setCurrentIndex(std::max(0, ui_->cmbLanguage->findData(chosen)));
+    OnEvent([this] {
+        QComboBox* const box = ui_->cmbLanguage;
+        const QVariant chosen = box->currentData();
+        while (box->count() > 1)
+            box->removeItem(1);
+        for (Recordset row = AllLanguages(db_); !row.EndOfFile(); row.MoveNext())
+            box->addItem(ToQt(row["language"].Text()), row["languageID"].Long());
+        box->setCurrentIndex(std::max(box->findData(chosen), 0));
+    });
+}
+
+void fSearch::showEvent(QShowEvent* event) {
+    ChildPane::showEvent(event);
+    if (db_.GetConnection().IsOpen()) LoadLanguages();
 }
 
 void fSearch::FocusFirst() {
@@ -99,49 +111,100 @@ void fSearch::FocusFirst() {
     ui_->txtSearch->selectAll();
 }
 
-SearchKind fSearch::Kind() const {
-    const std::pair<const QRadioButton*, SearchKind> options[] = {
-        {ui_->optnFunction, SearchKind::Name},   {ui_->optnCode, SearchKind::Code},
-        {ui_->optnComment, SearchKind::Comment}, {ui_->optnAuthor, SearchKind::Author},
-        {ui_->optnDate, SearchKind::Date},
-    };
-    for (const auto& [option, kind] : options) {
-        if (option->isChecked()) return kind;
+bool fSearch::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return ChildPane::eventFilter(watched, event);
+    return OnKey(watched, static_cast<QKeyEvent*>(event)->key());
+}
+
+bool fSearch::OnKey(const QObject* control, int key) {
+    const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (control == ui_->txtSearch && key == Qt::Key_Down) {
+        GoToList();
+        return true;
     }
-    return SearchKind::Keyword;
+    if (!isEnter) return false;
+    if (control == ui_->lstVwSearch) {
+        Display();
+    } else {
+        ListTopics();
+    }
+    return true;
 }
 
 SearchFields fSearch::Fields() const {
-    return {.kind = Kind(),
-            .entry = FromQt(ui_->txtSearch->text()),
-            .isLanguageChecked = ui_->chckLanguage->isChecked(),
-            .languageID = static_cast<std::int16_t>(ui_->cmbLanguage->currentData().toInt()),
-            .dates = {DayOf(ui_->dtFrom->date()), DayOf(ui_->dtTo->date())}};
+    const std::pair<const QRadioButton*, SearchKind> kinds[] = {
+        {ui_->optnKeyword, SearchKind::Keyword}, {ui_->optnFunction, SearchKind::Name},
+        {ui_->optnCode, SearchKind::Code},       {ui_->optnComment, SearchKind::Comment},
+        {ui_->optnAuthor, SearchKind::Author},   {ui_->optnDate, SearchKind::Date},
+    };
+    SearchFields fields;
+    for (const auto& [option, kind] : kinds) {
+        if (option->isChecked()) fields.kind = kind;
+    }
+    fields.entry = FromQt(ui_->txtSearch->text());
+    fields.isLanguageChecked = ui_->chckLanguage->isChecked();
+    fields.languageID = static_cast<std::int16_t>(ui_->cmbLanguage->currentData().toInt());
+    fields.dates = {ToDateTime(ui_->dtpFrom->date()), ToDateTime(ui_->dtpTo->date())};
+    return fields;
 }
 
 void fSearch::ListTopics() {
-    SearchOutcome outcome = SearchOutcome::NotRun;
-    {
-        const CancellableSearch cancellable(db_);
-        outcome = pane_.ListTopics(Fields());
-    }
-    if (outcome == SearchOutcome::Listed) {
-        model_->Reload();
-        ui_->lblFound->setText(tr("Topics: %1").arg(pane_.Topics().Topics().size()));
-        ui_->lstVwSearch->setCurrentIndex(ui_->lstVwSearch->model()->index(0, 0));
-        ui_->lstVwSearch->setFocus();
-    }
-    AdjustButton();
+    OnEvent([this] {
+        if (isSearching_) return;
+        const QScopedValueRollback searching(isSearching_, true);
+        const SearchFields fields = Fields();
+        if (pane_.ListTopics(fields) == SearchOutcome::Listed) {
+            found_ = fields;
+            ShowTopics();
+        }
+        adjustButton();
+    });
+}
+
+void fSearch::ShowTopics() {
+    model_->Refresh();
+    ui_->lstVwSearch->sortByColumn(-1, Qt::AscendingOrder);
+    const std::size_t count = pane_.Topics().Topics().size();
+    ui_->lblFound->setText(count == 1 ? tr("1 topic found") : tr("%1 topics found").arg(count));
+}
+
+void fSearch::SelectTopic() {
+    const QModelIndexList rows = ui_->lstVwSearch->selectionModel()->selectedRows();
+    if (!rows.isEmpty()) pane_.Topics().Select(model_->TopicAt(rows.first().row()));
+    adjustButton();
+}
+
+void fSearch::GoToList() {
+    QTreeView* const list = ui_->lstVwSearch;
+    if (model_->rowCount({}) == 0) return;
+    if (!list->currentIndex().isValid()) list->setCurrentIndex(model_->index(0, 0));
+    list->setFocus();
+}
+
+void fSearch::adjustButton() {
+    ui_->cmdSrchDisplay->setEnabled(ui_->lstVwSearch->selectionModel()->hasSelection() &&
+                                    pane_.CanDisplay());
 }
 
 void fSearch::Display() {
-    if (!pane_.CanDisplay()) return;
-    emit DisplayRequested(ToQt(pane_.Topics().SelectedKey()));
+    if (!ui_->cmdSrchDisplay->isEnabled()) return;
+    OnEvent([this] {
+        QStringList words;
+        for (const std::string& word : MarkedWords(found_))
+            words << ToQt(word);
+        emit DisplayRequested(ToQt(pane_.Topics().SelectedKey()), words);
+    });
 }
 
-void fSearch::AdjustButton() {
-    if (const auto row = CurrentTopic(ui_->lstVwSearch)) pane_.Topics().Select(*row);
-    ui_->cmdSrchDisplay->setEnabled(pane_.CanDisplay());
+void fSearch::EnableDates() {
+    ui_->fraDates->setVisible(ui_->optnDate->isChecked());
+}
+
+void fSearch::ChooseDay(QDateEdit* edit) {
+    OnEvent([this, edit] {
+        fCalendar calendar(db_, edit->date(), this);
+        if (RunModal(calendar, db_.Reporter()) == QDialog::Accepted) edit->setDate(calendar.Day());
+    });
 }
 
 }  // namespace snippetarium

@@ -4,34 +4,34 @@
 #include <memory>
 #include <string>
 
-#include "search/topic_list.h"
-
 namespace snippetarium {
 
 class Database;
+class TopicList;
+class TopicModel;
 
 namespace Ui {
 class fTopicsFound;
 }
 
-/// The topics of one entry of the index, of which the user chooses one.
+/// The topics to which one word of the index leads, to choose from.
 class fTopicsFound final : public QDialog {
     Q_OBJECT
 
   public:
-    /// The list outlives it.
+    /// Both outlive this. The first topic is selected.
     fTopicsFound(Database& db, TopicList& topics, QWidget* parent);
     ~fTopicsFound() override;
 
-    /// The key of the chosen topic; empty where none was chosen.
-    const std::string& ChosenKey() const { return chosenKey_; }
+    /// The chosen topic's key, "f56", once the dialog is accepted.
+    std::string ChosenKey() const;
 
   private:
-    void Choose();
+    void Display();
 
     TopicList& topics_;
     std::unique_ptr<Ui::fTopicsFound> ui_;
-    std::string chosenKey_;
+    TopicModel* model_ = nullptr;
 };
 
 }  // namespace snippetarium

@@ -8,12 +8,15 @@ namespace snippetarium::form_procedure {
 inline constexpr Procedure BookmarkEvent{124};
 inline constexpr Procedure ConfigureEvent{230};
 inline constexpr Procedure ContentsEvent{245};
+inline constexpr Procedure ExportEvent{270};
+inline constexpr Procedure ImportEvent{370};
+inline constexpr Procedure ImportPreviewEvent{371};
 inline constexpr Procedure IndexEvent{394};
 inline constexpr Procedure SaveReport{429};
 inline constexpr Procedure RunCommand{460};
 inline constexpr Procedure MainWindowEvent{461};
-inline constexpr Procedure SearchEvent{640};
 inline constexpr Procedure TrashEvent{462};
-inline constexpr Procedure TopicsFoundEvent{678};
+inline constexpr Procedure SaveToEvent{560};
+inline constexpr Procedure SearchEvent{640};
 
 }  // namespace snippetarium::form_procedure

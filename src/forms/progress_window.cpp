@@ -37,6 +37,16 @@ double ProgressWindow::ShareDone(const ProgressContents& contents) {
     return std::max(contents.unit, contents.total);
 }
 
+QString ProgressWindow::TimeLeftText(const ProgressContents& contents) {
+    if (!contents.timeLeft) return {};
+    const auto seconds = contents.timeLeft->count();
+    if (seconds < 10) return tr("A few seconds left");
+    if (seconds < 60) return tr("About %1 seconds left").arg((seconds + 5) / 10 * 10);
+    if (seconds < 90) return tr("About a minute left");
+    if (seconds < 3600) return tr("About %1 minutes left").arg((seconds + 30) / 60);
+    return tr("More than an hour left");
+}
+
 void ProgressWindow::SetPercent(QProgressBar* bar, double percent) {
     const double share = std::isfinite(percent) ? std::clamp(percent, 0.0, 100.0) / 100.0 : 0.0;
     bar->setValue(static_cast<int>(share * bar->maximum()));

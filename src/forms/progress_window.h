@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QDialog>
+#include <chrono>
+#include <optional>
 #include <string>
 
 class QLabel;
@@ -19,6 +21,8 @@ struct ProgressContents {
     double unit = 0;
     double total = 0;
     bool canBeCancelled = false;
+    /// Nothing while too little was done to tell.
+    std::optional<std::chrono::seconds> timeLeft;
 };
 
 /// A window that shows how a job goes on. It is modal without blocking: while it is open, nothing
@@ -45,6 +49,8 @@ class ProgressWindow : public QDialog {
     static std::string WaitingCaption(const std::string& title);
     /// What a window with one bar shows: a job that counts but one thing sets either bar.
     static double ShareDone(const ProgressContents& contents);
+    /// "About 2 minutes left".
+    static QString TimeLeftText(const ProgressContents& contents);
     static void SetPercent(QProgressBar* bar, double percent);
 };
 

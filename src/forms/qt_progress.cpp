@@ -12,6 +12,16 @@ namespace {
 
 constexpr std::chrono::milliseconds kBetweenChanges{40};
 
+// Before this much, a job's speed says little about the time that is left.
+constexpr std::chrono::seconds kTooShortToTell{3};
+constexpr double kTooLittleToTell = 3;
+
+std::optional<std::chrono::seconds> TimeLeft(std::chrono::steady_clock::duration elapsed,
+                                             double percent) {
+    if (elapsed < kTooShortToTell || percent < kTooLittleToTell || percent > 100) return {};
+    return std::chrono::duration_cast<std::chrono::seconds>(elapsed * (100 - percent) / percent);
+}
+
 }  // namespace
 
 struct QtProgress::Job {
@@ -144,6 +154,7 @@ bool QtProgress::Refresh() {
         MakeWindow(WantedForm());
         job_->window->show();
     }
+    job_->contents.timeLeft = TimeLeft(now - job_->openedAt, job_->contents.total);
     job_->window->Show(job_->contents);
     job_->shownAt = now;
     job_->isShownAsItIs = true;

@@ -5,6 +5,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "import/dropped_files.h"
 #include "import/folder_walk.h"
 #include "store/database.h"
 #include "store/reads_applications.h"
@@ -144,6 +145,10 @@ void ImportSelection::RemoveSelectedFromSource() {
 
 void ImportSelection::AddOne(std::span<const std::size_t> chosen) {
     MoveEntries(sourceFiles_, selectedFiles_, chosen);
+    FillTextsAfterAdding();
+}
+
+void ImportSelection::FillTextsAfterAdding() {
     texts_.language = LanguageText(selectedFiles_);
     if (texts_.application.empty())
         texts_.application = ApplicationNameForPath(db_, texts_.applicationPath);
@@ -160,6 +165,29 @@ void ImportSelection::RemoveOne(std::span<const std::size_t> chosen) {
 
 void ImportSelection::RemoveAll() {
     RemoveOne(AllPositions(selectedFiles_));
+}
+
+bool ImportSelection::Drop(std::span<const std::string> paths) {
+    return Guarded(db_.Reporter(), Procedure::DropFiles, [&] {
+        if (db_.GetHost().progress.IsOpen()) return false;
+        const std::string root = FolderOfDropped(files_, paths, folder_);
+        if (!root.empty() && root != folder_ && !ChangeFolder(root)) return false;
+        WalkedFiles found;
+        FolderWalk walk(db_.GetHost(), files_, state_);
+        const bool isComplete = ListDropped(walk, paths, folder_, found);
+        state_.importCancelled = false;
+        problems_.insert(problems_.end(), found.problems.begin(), found.problems.end());
+        if (!isComplete) return false;
+        Select(found.entries);
+        return true;
+    });
+}
+
+/// Adds the entries that are not selected yet.
+void ImportSelection::Select(const std::vector<std::string>& entries) {
+    AppendMissing(selectedFiles_, entries);
+    RemoveSelectedFromSource();
+    FillTextsAfterAdding();
 }
 
 MoveButtons ImportSelection::EnabledButtons() const {

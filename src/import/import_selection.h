@@ -72,6 +72,14 @@ class ImportSelection {
     void RemoveAll();
     MoveButtons EnabledButtons() const;
 
+    /// Takes what was dropped onto the list of files to import (import/dropped_files.h). Where it
+    /// does not all lie below the folder, the one that holds it is taken first, as by ChangeFolder.
+    /// False where that was refused, the listing was cancelled or something failed; then nothing
+    /// more is selected.
+    bool Drop(std::span<const std::string> paths);
+
+    /// The names in the folder itself, in the order of the disk, those that are selected too.
+    const std::vector<std::string>& FolderFiles() const { return fileList_; }
     const std::vector<std::string>& SourceFiles() const { return sourceFiles_; }
     const std::vector<std::string>& SelectedFiles() const { return selectedFiles_; }
     /// What could not be listed, for the report of the import.
@@ -85,6 +93,8 @@ class ImportSelection {
     bool RefreshSourceFiles();
     bool ListSubfolders();
     void RemoveSelectedFromSource();
+    void Select(const std::vector<std::string>& entries);
+    void FillTextsAfterAdding();
 
     Database& db_;
     const FileSystem& files_;

@@ -6,6 +6,7 @@
 #include "keywords/words.h"
 #include "search/expression.h"
 #include "store/database.h"
+#include "store/job_progress.h"
 #include "support/ascii_search.h"
 #include "support/busy_pointer.h"
 #include "support/guard.h"
@@ -106,6 +107,23 @@ Found SearchAuthors(Search search) {
     return Run(search, AuthorSearch, AuthorSearchLanguage, whole);
 }
 
+/// Asks the progress window whether to go on with a search, as long as it lives.
+class CancellableSearch {
+  public:
+    explicit CancellableSearch(Database& db)
+        : connection_(db.GetConnection()),
+          progress_(db.GetHost(), "Searching", JobProgress::Cancelling::Possible) {
+        connection_.SetCancelPoll(&progress_);
+    }
+    ~CancellableSearch() { connection_.SetCancelPoll(nullptr); }
+    CancellableSearch(const CancellableSearch&) = delete;
+    CancellableSearch& operator=(const CancellableSearch&) = delete;
+
+  private:
+    Connection& connection_;
+    JobProgress progress_;
+};
+
 Found RunSearch(const Search& search, SearchKind kind) {
     switch (kind) {
         case SearchKind::Keyword:
@@ -155,6 +173,8 @@ SearchOutcome SearchPane::ListTopics(const SearchFields& fields) {
         if (!search) return SearchOutcome::NotRun;
         Found found = [&] {
             const BusyPointer busy(db_.GetHost().events);
+            std::optional<CancellableSearch> cancellable;
+            if (progress_ == SearchProgress::Window) cancellable.emplace(db_);
             return RunSearch(*search, fields.kind);
         }();
         if (!found) return SearchOutcome::NotRun;

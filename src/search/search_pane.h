@@ -30,11 +30,15 @@ enum class SearchOutcome : std::uint8_t {
     Listed,
 };
 
+/// Whether a search that takes a while shows the progress window, in which it can be cancelled.
+enum class SearchProgress : std::uint8_t { None, Window };
+
 /// The search form without its window: checks the fields, tells what is wrong with them, runs the
 /// search that they ask for, and holds the list of topics.
 class SearchPane {
   public:
-    explicit SearchPane(Database& db) : db_(db) {}
+    explicit SearchPane(Database& db, SearchProgress progress = SearchProgress::None)
+        : db_(db), progress_(progress) {}
 
     /// Runs the search and lists what it found. Where that is nothing, the list stays as it was,
     /// and the user has been told one thing: what is missing in the fields or wrong with the entry,
@@ -48,6 +52,7 @@ class SearchPane {
 
   private:
     Database& db_;
+    SearchProgress progress_;
     TopicList topics_;
 };
 

@@ -1,5 +1,6 @@
 #include "store/restore.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 #include <vector>
@@ -24,8 +25,20 @@ namespace snippetarium {
 
 namespace {
 
-/// The first version with the tables of the trash.
-constexpr std::int32_t kVersionWithTrash = 2;
+/// Tables that the first version did not have, by the beginning of their names.
+struct LaterTables {
+    std::string_view prefix;
+    std::int32_t firstVersion = 0;
+};
+
+// clang-format off
+constexpr LaterTables kLaterTables[] = {
+    {"tblTrash", 2},
+    {"tblClassesToEmpty", 3},
+    {"tblText", 3},
+    {"tblNameBlock", 3},
+};
+// clang-format on
 
 std::int32_t ReadVersion(const std::string& path) {
     return static_cast<std::int32_t>(Inspection(path).ReadNumber("PRAGMA user_version"));
@@ -62,7 +75,9 @@ void RequireOtherFile(const std::string& backup, const std::string& catalogue) {
 }
 
 bool IsNewerThan(std::int32_t version, std::string_view table) {
-    return version < kVersionWithTrash && table.starts_with("tblTrash");
+    return std::ranges::any_of(kLaterTables, [&](const LaterTables& later) {
+        return version < later.firstVersion && table.starts_with(later.prefix);
+    });
 }
 
 /// For a damaged file of this version.
@@ -72,7 +87,9 @@ SalvagePlan PlanOfSalvage(std::int32_t version) {
         if (IsNewerThan(version, table)) plan.newerTables.emplace_back(table);
     }
     plan.creationScript = CreationScript();
-    plan.deliveredTables = {"tblNamedQuery"};
+    // An index of texts that were damaged is worth nothing.
+    plan.deliveredTables = {"tblNamedQuery", "tblTextIndex", "tblTextSegment",
+                            "tblTextBlock",  "tblTextDirty", "tblNameBlock"};
     for (const PermanentTable& table : TablesWithPermanentRows()) {
         plan.tablesWithPermanentRows.emplace_back(table.name);
     }

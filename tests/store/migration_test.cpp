@@ -214,8 +214,8 @@ TEST_F(MigrationTest, KilledDuringItsBackupHasChangedNothing) {
     EXPECT_EQ(ListBackups(folder_.Path()).size(), 1U);
 }
 
-/// A file of version 1, as programs of that time made it, opened by this one.
-class OldFileTest : public CatalogueFixture {
+/// A file of an older version, as programs of that time made it, opened by this one.
+class OldFileTest : public CatalogueFixture, public ::testing::WithParamInterface<int> {
   protected:
     static constexpr std::string_view kRows =
         "INSERT INTO tblApplication(appID, appName) VALUES (7, 'Paint');"
@@ -224,7 +224,12 @@ class OldFileTest : public CatalogueFixture {
 
     OldFileTest() {
         std::filesystem::remove(CataloguePath());
-        CreateDatabase(CataloguePath(), ReadBytes(SNIPPETARIUM_VERSION_1) + std::string(kRows));
+        std::string script = ReadBytes(SNIPPETARIUM_VERSION_1);
+        for (int version = 1; version < GetParam(); ++version) {
+            script += std::string(MigrationScript(version)) +
+                      "PRAGMA user_version = " + std::to_string(version + 1) + ";";
+        }
+        CreateDatabase(CataloguePath(), script + std::string(kRows));
     }
     std::string CodeName() {
         return db_.GetConnection()
@@ -233,8 +238,8 @@ class OldFileTest : public CatalogueFixture {
     }
 };
 
-TEST_F(OldFileTest, BecomesLikeANewOne) {
-    ASSERT_EQ(Inspection(CataloguePath()).ReadNumber("PRAGMA user_version"), 1);
+TEST_P(OldFileTest, BecomesLikeANewOne) {
+    ASSERT_EQ(Inspection(CataloguePath()).ReadNumber("PRAGMA user_version"), GetParam());
     OpenCatalogue(db_);
     EXPECT_EQ(CodeName(), "Draw");
     for (const CheckFinding& finding : CheckCatalogue(db_).findings)
@@ -245,13 +250,15 @@ TEST_F(OldFileTest, BecomesLikeANewOne) {
     EXPECT_EQ(CodeName(), "Draw");
 }
 
-TEST_F(OldFileTest, IsRecoveredIntoANewOneAndMissesNothingForItsAge) {
+TEST_P(OldFileTest, IsRecoveredIntoANewOneAndMissesNothingForItsAge) {
     const SalvageResult result = SalvageCatalogue(host_.host, folder_.Path());
     EXPECT_TRUE(result.report.IsComplete());
     OpenCatalogue(db_);
     EXPECT_EQ(CodeName(), "Draw");
     EXPECT_TRUE(CheckCatalogue(db_).IsSound());
 }
+
+INSTANTIATE_TEST_SUITE_P(OfEachVersion, OldFileTest, ::testing::Range(1, kCatalogueVersion));
 
 }  // namespace
 }  // namespace snippetarium::test

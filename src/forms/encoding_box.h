@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string_view>
+
+class QComboBox;
+
+namespace snippetarium {
+
+/// Fills a list of encodings and selects this one, the usual one where it is unknown or empty.
+void FillEncodingBox(QComboBox* box, std::string_view selected);
+
+}  // namespace snippetarium

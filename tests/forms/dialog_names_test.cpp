@@ -1,0 +1,153 @@
+#include <QAbstractButton>
+#include <QLabel>
+#include <QLineEdit>
+#include <memory>
+#include <set>
+
+#include "forms/fCalendar.h"
+#include "forms/fExport.h"
+#include "forms/fImport.h"
+#include "forms/fSaveTo.h"
+#include "forms/fSearch.h"
+#include "forms/fTopicsFound.h"
+#include "tests/forms/dialog_fixture.h"
+
+namespace snippetarium::test {
+namespace {
+
+// Names, kinds and captions are what users' notes, the help and other programs' scripts go by.
+
+struct NamedControl {
+    const char* form;
+    const char* name;
+    const char* kind;
+    const char* caption;
+};
+
+// clang-format off
+constexpr NamedControl kControls[] = {
+    {"fImport",      "dlstSrcDrive",     "QComboBox",   ""},
+    {"fImport",      "lblDrive",         "QLabel",      "&Drive:"},
+    {"fImport",      "dlstSrcDir",       "QTreeWidget", ""},
+    {"fImport",      "lblFolder",        "QLabel",      "F&older:"},
+    {"fImport",      "flstSrcFiles",     "QListView",   ""},
+    {"fImport",      "lblSrcFile",       "QLabel",      "&File:"},
+    {"fImport",      "chkSubfolder",     "QCheckBox",   "Include &Subfolder"},
+    {"fImport",      "lstSrcFiles",      "QListView",   ""},
+    {"fImport",      "lstSelFiles",      "QListView",   ""},
+    {"fImport",      "lblFileSelected",  "QLabel",      "A &List of Files to Import:"},
+    {"fImport",      "cmdAddOne",        "QPushButton", ""},
+    {"fImport",      "cmdAddAll",        "QPushButton", ""},
+    {"fImport",      "cmdRmvOne",        "QPushButton", ""},
+    {"fImport",      "cmdRmvAll",        "QPushButton", ""},
+    {"fImport",      "txtApp",           "QLineEdit",   ""},
+    {"fImport",      "lblApplication",   "QLabel",      "&Application:"},
+    {"fImport",      "txtAppPath",       "QLineEdit",   ""},
+    {"fImport",      "lblAppPath",       "QLabel",      "Application &Path:"},
+    {"fImport",      "txtLanguage",      "QLineEdit",   ""},
+    {"fImport",      "lblLanguage",      "QLabel",      "La&nguage:"},
+    {"fImport",      "cmdImport",        "QPushButton", "I&mport"},
+    {"fImport",      "cmdExit",          "QPushButton", "E&xit"},
+    {"fImport",      "lblTime",          "QLabel",      ""},
+    {"fExport",      "cmdHelp",          "QPushButton", "&Help"},
+    {"fSaveTo",      "cmdHelp",          "QPushButton", "&Help"},
+    {"fSearch",      "txtSearch",        "QLineEdit",   ""},
+    {"fSearch",      "optnKeyword",      "QRadioButton", ""},
+    {"fSearch",      "optnFunction",     "QRadioButton", ""},
+    {"fSearch",      "optnCode",         "QRadioButton", ""},
+    {"fSearch",      "optnComment",      "QRadioButton", ""},
+    {"fSearch",      "optnAuthor",       "QRadioButton", ""},
+    {"fSearch",      "optnDate",         "QRadioButton", ""},
+    {"fSearch",      "chckLanguage",     "QCheckBox",   ""},
+    {"fSearch",      "cmbLanguage",      "QComboBox",   ""},
+    {"fSearch",      "cmdSrchListTopic", "QPushButton", "&List Topics"},
+    {"fSearch",      "cmdSrchDisplay",   "QPushButton", "Displa&y"},
+    {"fSearch",      "lstVwSearch",      "QTreeView",   ""},
+    {"fTopicsFound", "lstVwTopic",       "QTreeView",   ""},
+    {"fTopicsFound", "cmdDisplay",       "QPushButton", "&Display"},
+    {"fTopicsFound", "cmdCancel",        "QPushButton", "&Cancel"},
+    {"fCalendar",    "cmdOK",            "QPushButton", "&OK"},
+};
+constexpr const char* kForms[] = {"fImport", "fExport", "fSaveTo", "fSearch", "fTopicsFound", "fCalendar"};
+// clang-format on
+
+class DialogsTest : public DialogFixture {
+  protected:
+    /// A form as the program opens it.
+    std::unique_ptr<QWidget> Make(const std::string& form) {
+        if (form == "fImport") return std::make_unique<fImport>(db_, files_, state_, nullptr);
+        if (form == "fSaveTo") return std::make_unique<fSaveTo>(db_, files_, "/", nullptr);
+        if (form == "fSearch") return std::make_unique<fSearch>(db_, nullptr);
+        if (form == "fTopicsFound") return std::make_unique<fTopicsFound>(db_, topics_, nullptr);
+        if (form == "fCalendar")
+            return std::make_unique<fCalendar>(db_, QDate(2026, 1, 2), nullptr);
+        return std::make_unique<fExport>(
+            db_, files_, ExportTarget{NodeKind::Class, {2, 3, 0}, "Export class: Grid", "Grid.cls"},
+            nullptr);
+    }
+
+    ImportState state_;
+    TopicList topics_;
+};
+
+TEST_F(DialogsTest, HaveControlsOfTheNamesKindsAndCaptionsThatTheyAreKnownBy) {
+    for (const NamedControl& row : kControls) {
+        const std::unique_ptr<QWidget> form = Make(row.form);
+        EXPECT_EQ(form->objectName(), row.form);
+        const auto* control = form->findChild<QWidget*>(row.name);
+        ASSERT_NE(control, nullptr) << row.form << "." << row.name;
+        EXPECT_TRUE(control->inherits(row.kind)) << row.form << "." << row.name;
+        if (*row.caption != '\0') EXPECT_EQ(CaptionOf(*control), row.caption) << row.name;
+    }
+    const std::unique_ptr<QWidget> import = Make("fImport");
+    import->show();
+    EXPECT_FALSE(Find<QListView>(*import, "flstSrcFiles").isVisible());
+    EXPECT_EQ(Find<QListView>(*import, "lstSelFiles").toolTip(), "Please fill the empty boxes");
+    EXPECT_EQ(Find<QLineEdit>(*import, "txtApp").toolTip(),
+              "Please add an application if the code file belongs to an application");
+}
+
+TEST_F(DialogsTest, OpenTheirHelpAtF1InEachControlAndAtTheHelpButton) {
+    for (const char* form : kForms) {
+        const std::unique_ptr<QWidget> window = Make(form);
+        window->show();
+        for (QWidget* control : window->findChildren<QWidget*>()) {
+            const bool takesKeys = control->isVisible() && control->focusPolicy() != Qt::NoFocus;
+            if (!takesKeys || control->objectName().startsWith("qt_")) continue;
+            qtHost_.Help().Close();
+            PressKey(*control, Qt::Key_F1);
+            EXPECT_TRUE(qtHost_.Help().IsVisible())
+                << form << "." << control->objectName().toStdString();
+        }
+        auto* const help = window->findChild<QPushButton*>("cmdHelp");
+        if (help == nullptr) continue;
+        qtHost_.Help().Close();
+        help->click();
+        EXPECT_TRUE(qtHost_.Help().IsVisible()) << form;
+    }
+}
+
+TEST_F(DialogsTest, GiveEveryControlANameToBeReadAndEveryAccessKeyOnce) {
+    for (const char* form : kForms) {
+        const std::unique_ptr<QWidget> window = Make(form);
+        std::set<QString> keys;
+        for (const QWidget* control : window->findChildren<QWidget*>()) {
+            const QString name = control->objectName();
+            if (name.isEmpty() || name.startsWith("qt_") || control->inherits("QScrollBar"))
+                continue;
+            const QString caption = QString::fromStdString(CaptionOf(*control));
+            const bool canHaveFocus =
+                control->focusPolicy() != Qt::NoFocus && !control->inherits("QHeaderView");
+            EXPECT_TRUE(!canHaveFocus || !caption.isEmpty() || !control->accessibleName().isEmpty())
+                << form << "." << name.toStdString();
+            const bool hasKey = control->inherits("QAbstractButton") || control->inherits("QLabel");
+            const QKeySequence key = hasKey ? QKeySequence::mnemonic(caption) : QKeySequence();
+            if (key.isEmpty()) continue;
+            EXPECT_TRUE(keys.insert(key.toString()).second)
+                << form << " has " << key.toString().toStdString() << " twice";
+        }
+    }
+}
+
+}  // namespace
+}  // namespace snippetarium::test
