@@ -10,14 +10,10 @@
 #include "cli/node_output.h"
 #include "cli/text_table.h"
 #include "editors/application_record.h"
-#include "editors/author_text.h"
 #include "editors/class_record.h"
 #include "editors/code_record.h"
-#include "editors/comment_text.h"
 #include "editors/overlong.h"
-#include "editors/owner_details.h"
-#include "store/database.h"
-#include "store/reads_languages.h"
+#include "navigator/page_heading.h"
 #include "support/text.h"
 
 namespace snippetarium {
@@ -47,59 +43,33 @@ class Page {
 
   private:
     void PrintRecord(const ApplicationRecord& record) {
-        Line("Kind", "application");
-        Line("Version", record.version);
-        Line("Path", record.path);
-        Details(record.comment);
+        Heading(HeadingOf(db_, node_, record));
         Text(record.comment, "appComment");
         Children("Classes");
     }
 
     void PrintRecord(const ClassRecord& record) {
-        Line("Kind", "class");
-        Parent("Application", {.appID = node_.appID});
-        Line("Language", LanguageByClassID(db_, record.classID));
-        Line("Path", record.pathInApp);
-        Details(record.comment);
+        Heading(HeadingOf(db_, node_, record));
         Text(record.comment, "classComment");
         Text(record.declarations, "classDI");
         Children("Procedures");
     }
 
     void PrintRecord(const CodeRecord& record) {
-        Line("Kind", "procedure");
-        Parent("Application", {.appID = node_.appID});
-        Parent("Class", {.appID = node_.appID, .classID = node_.classID});
-        Line("Language", LanguageByCodeID(db_, record.codeID));
-        Details(record.comment);
+        Heading(HeadingOf(db_, node_, record));
         Text(record.comment, "codeComment");
         Text(record.code, "code");
     }
 
-    /// Nothing for an empty value.
+    void Heading(const std::vector<HeadingLine>& lines) {
+        for (const auto& [label, text, targetKey] : lines)
+            Line(label, targetKey.empty() ? text : text + "  (" + targetKey + ")");
+    }
+
     void Line(std::string_view label, std::string_view value) {
-        if (value.empty()) return;
         std::string start = std::string(label) + ":";
         start.resize(kLabelWidth, ' ');
         output_ << start << OneLine(value) << '\n';
-    }
-
-    void Parent(std::string_view label, const NodeIDs& parent) {
-        Line(label, NameOfNode(db_, parent) + "  (" + KeyOf(parent) + ")");
-    }
-
-    void Details(const std::string& comment) {
-        const OwnerDetails details = LoadOwnerDetails(db_, OwnerOf(node_));
-        std::string authors;
-        for (const LinkedAuthor& author : details.authors)
-            authors += (authors.empty() ? "" : "; ") + AuthorText(author.name);
-        std::string dates;
-        for (const std::string& date : details.dates)
-            dates += (dates.empty() ? "" : "; ") + date;
-        Line("Authors", authors);
-        Line("Dates", dates);
-        if (details.keywords) Line("Keywords", details.keywords->entry.text);
-        Line("Comment", FirstCommentLine(comment));
     }
 
     /// With what an import had to cut off it. An empty text takes no room.

@@ -83,6 +83,7 @@ void fMain::ConnectParts() {
     connect(contents_, &fContents::CatalogueChanged, this, [this] {
         areListsStale_ = true;
         areCountsStale_ = true;
+        tmAutoLoad_.start();
     });
     connect(contents_, &fContents::MenuRequested, this, &fMain::ShowContentsMenu);
     connect(menus_->PopUp("mnuClassHide"), &QMenu::aboutToHide, this, &fMain::RestoreContentsMenu,
@@ -282,7 +283,9 @@ void fMain::DoIdleWork() {
     }
     status_->SetWork(ToQt(idle_.CurrentName()));
     idle_.Step();
-    if (idle_.IsDone()) status_->SetWork({});
+    if (!idle_.IsDone()) return;
+    status_->SetWork({});
+    tmAutoLoad_.stop();
 }
 
 void fMain::GoToNode(const NodeIDs& node) {

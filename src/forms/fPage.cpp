@@ -38,6 +38,7 @@ fPage::fPage(Database& db, QWidget* parent)
     ui_->setupUi(this);
     ui_->lblHeading->setBackgroundRole(QPalette::AlternateBase);
     ui_->lblHeading->hide();
+    ui_->lineHeading->hide();
     ui_->txtPage->document()->setDocumentMargin(8);
     ApplyTextSize();
     connect(ui_->lblHeading, &QLabel::linkActivated, this,
@@ -61,6 +62,7 @@ void fPage::ShowPage(const NodeIDs& node) {
     if (page_.node != NodeIDs{}) history_.Visit(page_.node);
     ui_->lblHeading->setText(HeadingHtml());
     ui_->lblHeading->setVisible(page_.node != NodeIDs{});
+    ui_->lineHeading->setVisible(page_.node != NodeIDs{});
     const QString text = ToQt(page_.text);
     if (isSame && text == ui_->txtPage->toPlainText()) return;
     ui_->txtPage->setPlainText(text);

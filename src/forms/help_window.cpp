@@ -1,7 +1,9 @@
 #include "forms/help_window.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QTextBrowser>
 #include <QToolBar>
@@ -10,6 +12,18 @@
 #include "forms/icons.h"
 
 namespace snippetarium {
+
+namespace {
+
+/// The page itself; where the catalogue's folder has no help, that of the installed program.
+QString PlaceOf(const QString& page) {
+    if (QFile::exists(page)) return page;
+    const QString installed =
+        QCoreApplication::applicationDirPath() + "/help/" + QFileInfo(page).fileName();
+    return QFile::exists(installed) ? installed : page;
+}
+
+}  // namespace
 
 HelpWindow::HelpWindow() : page_(new QTextBrowser(this)) {
     setObjectName("fHelp");
@@ -37,7 +51,7 @@ HelpWindow::HelpWindow() : page_(new QTextBrowser(this)) {
 
 void HelpWindow::Navigate(const QString& address) {
     const qsizetype anchor = address.indexOf('#');
-    const QString path = anchor < 0 ? address : address.left(anchor);
+    const QString path = PlaceOf(anchor < 0 ? address : address.left(anchor));
     if (!QFile::exists(path)) {
         page_->setPlainText(tr("The help page %1 is missing. Installing the program again brings "
                                "it back.")

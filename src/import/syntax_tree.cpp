@@ -2,15 +2,13 @@
 
 #include <tree_sitter/api.h>
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <bit>
 #include <chrono>
-#include <fstream>
 #include <limits>
 #include <type_traits>
 
+#include "import/parser_limits.h"
 #include "support/utf8.h"
 
 extern "C" {
@@ -24,17 +22,14 @@ namespace snippetarium {
 // A parser of this kind reads every text to its end, but a hostile one can make it try so many
 // readings at once that it takes minutes and gigabytes. So it works in short turns, and between two
 // of them it is looked at how far it has come, what it has taken, and whether the user still wants
-// the result. A turn ends between tokens only, so what makes a single token expensive is looked at
-// before: behind n open "<" the library takes n * n steps and bytes; and when a text ends with more
-// than 65,535 parts of unfinished constructs on its stack, it spoils its memory.
+// the result. A turn ends between tokens only; what makes a single token expensive is looked at
+// before (import/parser_limits.h).
 
 namespace {
 
 constexpr std::chrono::milliseconds kTurn{20};
 constexpr std::chrono::seconds kLongestParse{10};
 constexpr std::size_t kMostMemory = 120 * 1024 * 1024;
-constexpr std::size_t kMostUnfinished = 30'000;
-constexpr std::size_t kMostAngles = 2'000;
 constexpr std::size_t kBytesRead = 4096;
 
 const TSLanguage* LanguageOf(Grammar grammar) {
@@ -47,66 +42,6 @@ const TSLanguage* LanguageOf(Grammar grammar) {
             return tree_sitter_javascript();
     }
     return nullptr;
-}
-
-bool IsWordPart(char character) {
-    return character == '_' || (character >= '0' && character <= '9') ||
-           (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z') ||
-           static_cast<unsigned char>(character) > 127;
-}
-
-/// Counts, from above, what a parser has to keep of a text at once: the words and signs of each
-/// construct that is not finished, for all brackets that are open. Literals and comments are not
-/// told apart: they seldom matter.
-class Unfinished {
-  public:
-    bool IsTooMuch(std::string_view text) {
-        for (std::size_t i = 0; i < text.size(); ++i) {
-            const char character = text[i];
-            const bool goesOn = i > 0 && IsWordPart(character) && IsWordPart(text[i - 1]);
-            if (goesOn || static_cast<unsigned char>(character) <= ' ') continue;
-            // A chain of them is one construct.
-            if (character == 'e' && text.substr(i, 4) == "else") ++elses_;
-            Count(character);
-            if (total_ + elses_ > kMostUnfinished || angles_ > kMostAngles) return true;
-        }
-        return false;
-    }
-
-  private:
-    void Count(char character) {
-        ++total_;
-        ++levels_.back();
-        if (character == '<') ++angles_;
-        if (character == '{' || character == '(' || character == '[') {
-            levels_.push_back(0);
-        } else if (levels_.size() > 1 &&
-                   (character == '}' || character == ')' || character == ']')) {
-            FinishLevel();
-            levels_.pop_back();
-        }
-        if (character == ';' || character == ',' || character == '}') FinishLevel();
-        if (character == ';' || character == '{' || character == '}') angles_ = 0;
-    }
-
-    void FinishLevel() {
-        total_ -= levels_.back();
-        levels_.back() = 0;
-    }
-
-    std::vector<std::size_t> levels_ = {0};
-    std::size_t total_ = 0;
-    std::size_t elses_ = 0;
-    std::size_t angles_ = 0;  // in this statement; most are no brackets
-};
-
-/// What this process has in memory; 0 where the system does not say.
-std::size_t MemoryInUse() {
-    std::ifstream counts("/proc/self/statm");
-    std::size_t mapped = 0;
-    std::size_t resident = 0;
-    counts >> mapped >> resident;
-    return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 }
 
 /// The text as the parser asks for it.
@@ -133,7 +68,7 @@ class BoundedParser {
     }
 
     ParseResult Run() {
-        if (Unfinished().IsTooMuch(reading_.text)) return TooTangled();
+        if (HasTooMuchUnfinished(reading_.text)) return TooTangled();
         const auto deadline = std::chrono::steady_clock::now() + kLongestParse;
         const std::size_t memoryBefore = MemoryInUse();
         while (true) {

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -51,8 +52,10 @@ class Highlighter {
     /// Highlights nothing.
     Highlighter();
     /// `languageID` as the catalogue has it; 0 and unknown ones highlight nothing. The text must be
-    /// well-formed and outlive this; it may be anything besides, a piece of a program too.
-    Highlighter(std::string_view text, std::int32_t languageID);
+    /// well-formed UTF-8, and may be anything besides, a piece of a program too. It is copied. What
+    /// stands in the `skipped` ranges, such as markers of procedures, is no part of the program.
+    Highlighter(std::string_view text, std::int32_t languageID,
+                std::span<const TextRange> skipped = {});
     Highlighter(Highlighter&&) noexcept;
     Highlighter& operator=(Highlighter&&) noexcept;
     ~Highlighter();
@@ -65,10 +68,9 @@ class Highlighter {
     void Finish();
 
     /// The spans that lie in this range or reach into it, in the order of the text; they do not
-    /// overlap. Before the work is done these are those that are known: for some languages all up
-    /// to where the work has come, for others none.
-    std::vector<HighlightSpan> Spans(const TextRange& range);
-    /// How far from its beginning the text's spans are known.
+    /// overlap. Before the work is done these are those that are known up to now.
+    std::vector<HighlightSpan> Spans(const TextRange& range) const;
+    /// How far from its beginning all spans of the text are known.
     std::size_t KnownUpTo() const;
 
     class Engine;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "import/text_range.h"
+#include "navigator/page_heading.h"
 #include "support/node_key.h"
 
 namespace snippetarium {
@@ -17,16 +18,6 @@ class Database;
 // The text of a page has line ends of LF alone, so that a place in it is the same place in a text
 // control; ranges count its bytes from 0 (navigator/utf16_map.h has the places that controls count
 // in).
-
-/// A line of the heading: "Language:" and what is said there. Never empty.
-struct HeadingLine {
-    std::string_view label;
-    std::string text;
-    /// Where a click on it leads, a node key; empty for nowhere.
-    std::string targetKey = {};
-
-    bool operator==(const HeadingLine&) const = default;
-};
 
 /// A place in the text that leads to another node: a procedure's marker in the text of its class,
 /// a class in the list of an application.
@@ -41,8 +32,6 @@ struct Page {
     /// All 0 where there is nothing to show.
     NodeIDs node;
     std::string name;
-    /// Kind, application, class, language, authors, dates, keywords, the first line of the comment,
-    /// and what else there is, in this order.
     std::vector<HeadingLine> heading;
     std::string text;
     std::vector<PageLink> links;

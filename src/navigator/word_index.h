@@ -54,11 +54,13 @@ class WordIndex {
     struct Word {
         std::int32_t searchWordID = 0;
         std::string text;
-        std::string folded;
     };
 
+    /// The row of the first word that does not sort before the text.
+    std::size_t PlaceOf(std::string_view text) const;
+
     Database& db_;
-    std::vector<Word> words_;  // by `folded`
+    std::vector<Word> words_;  // in the order of CompareFolded, which is the catalogue's
     TopicList topics_;
 };
 

@@ -21,6 +21,7 @@
 #include "forms/fPrgrCancel.h"
 #include "forms/fProgressBar1.h"
 #include "forms/fProgressBar2.h"
+#include "forms/fTopicsFound.h"
 #include "forms/fTrash.h"
 #include "navigator/help.h"
 #include "navigator/node_deletion.h"
@@ -78,6 +79,21 @@ constexpr NamedControl kControls[] = {
     {"fMain",         "fContents",    "QWidget",        ""},
     {"fMain",         "fPage",        "QWidget",        ""},
     {"fMain",         "trVwClass",    "QTreeView",      ""},
+    {"fMain",         "txtSearch",    "QLineEdit",      ""},
+    {"fMain",         "optnKeyword",  "QRadioButton",   ""},
+    {"fMain",         "optnFunction", "QRadioButton",   ""},
+    {"fMain",         "optnCode",     "QRadioButton",   ""},
+    {"fMain",         "optnComment",  "QRadioButton",   ""},
+    {"fMain",         "optnAuthor",   "QRadioButton",   ""},
+    {"fMain",         "optnDate",     "QRadioButton",   ""},
+    {"fMain",         "chckLanguage", "QCheckBox",      ""},
+    {"fMain",         "cmbLanguage",  "QComboBox",      ""},
+    {"fMain",         "cmdSrchListTopic", "QPushButton", "&List Topics"},
+    {"fMain",         "cmdSrchDisplay", "QPushButton",  "Displa&y"},
+    {"fMain",         "lstVwSearch",  "QTreeView",      ""},
+    {"fTopicsFound",  "lstVwTopic",   "QTreeView",      ""},
+    {"fTopicsFound",  "cmdDisplay",   "QPushButton",    "&Display"},
+    {"fTopicsFound",  "cmdCancel",    "QPushButton",    "&Cancel"},
 };
 
 /// The menu bar and the pop-up menus: name, caption, and the menu that it stands in.
@@ -149,6 +165,8 @@ class FormsTest : public DesktopFixture {
         if (form == "fProgressBar1") return std::make_unique<fProgressBar1>(nullptr);
         if (form == "fProgressBar2") return std::make_unique<fProgressBar2>(nullptr);
         if (form == "fPrgrCancel") return std::make_unique<fPrgrCancel>(nullptr);
+        if (form == "fTopicsFound")
+            return std::make_unique<fTopicsFound>(*db_, topicList_, nullptr);
         if (form == "fTrash") return std::make_unique<fTrash>(*db_, deletion_, nullptr);
         if (form == "fConfigure") return std::make_unique<fConfigure>(*db_, layout_, nullptr);
         return nullptr;
@@ -167,6 +185,7 @@ class FormsTest : public DesktopFixture {
     std::vector<std::string> topics_;
     fMsgBox::OpenHelp openHelp_ = [this](std::string_view topic) { topics_.emplace_back(topic); };
     NoWindow noWindow_;
+    TopicList topicList_;
     NodeDeletion deletion_{*db_};
     Layout layout_{*db_, noWindow_};
 };
@@ -212,7 +231,7 @@ TEST_F(FormsTest, HaveAllMenuItemsInTheirMenusAndOrder) {
 }
 
 TEST_F(FormsTest, OpenTheirHelpAtF1AndAtTheHelpButton) {
-    const char* const forms[] = {"fMsgBox", "fConfigure", "fTrash", "fLogError"};
+    const char* const forms[] = {"fMsgBox", "fConfigure", "fTrash", "fLogError", "fTopicsFound"};
     for (const char* form : forms) {
         const std::unique_ptr<QWidget> window = Make(form);
         window->show();
