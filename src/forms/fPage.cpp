@@ -10,6 +10,7 @@
 
 #include "forms/handler.h"
 #include "forms/modal.h"
+#include "forms/page_marks.h"
 #include "forms/qt_text.h"
 #include "store/database.h"
 #include "store/settings.h"
@@ -65,6 +66,7 @@ void fPage::ShowPage(const NodeIDs& node) {
     const QString text = ToQt(page_.text);
     if (isSame && text == ui_->txtPage->toPlainText()) return;
     ui_->txtPage->setPlainText(text);
+    MarkWords({});
 }
 
 QString fPage::HeadingHtml() const {
@@ -75,6 +77,10 @@ QString fPage::HeadingHtml() const {
                         ToQt(line.text).toHtmlEscaped(), ToQt(line.targetKey));
     }
     return html + "</table>";
+}
+
+void fPage::MarkWords(const QStringList& words) {
+    snippetarium::MarkWords(*ui_->txtPage, words);
 }
 
 bool fPage::HasSelection() const {
