@@ -114,7 +114,7 @@ ExportResult fExport::Write(const std::string& folder) {
 }
 
 void fExport::ShowReport(const ExportResult& result) {
-    fLogError report(db_.GetHost(), kExportReportLabel, ExportReport(result), this);
+    fLogError report(db_, kExportReportLabel, ExportReport(result), this);
     RunModal(report, db_.Reporter());
 }
 

@@ -238,7 +238,7 @@ void fImport::ShowEnding(const ImportOutcome& outcome) {
     if (outcome.ending != ImportEnding::WithProblems) {
         return ShowImportEnding(db_.GetHost().messages, outcome.ending);
     }
-    fLogError report(db_.GetHost(), kImportReportLabel, ImportReportText(outcome.texts), this);
+    fLogError report(db_, kImportReportLabel, ImportReportText(outcome.texts), this);
     RunModal(report, db_.Reporter());
 }
 

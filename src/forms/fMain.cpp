@@ -100,7 +100,11 @@ void fMain::ConnectParts() {
 void fMain::ConnectLists() {
     connect(index_, &fIndex::DisplayRequested, this, &fMain::GoToTopic);
     connect(index_, &fIndex::SelectionChanged, this, &fMain::ShowCommandState);
-    connect(search_, &fSearch::DisplayRequested, this, &fMain::GoToTopic);
+    connect(search_, &fSearch::DisplayRequested, this,
+            [this](const QString& topicKey, const QStringList& words) {
+                GoToTopic(topicKey);
+                page_->MarkWords(words);
+            });
     connect(bookmarks_, &fBookmark::NodeRequested, this, &fMain::GoToNode);
     connect(bookmarks_, &fBookmark::SelectionChanged, this, &fMain::ShowCommandState);
     connect(bookmarks_, &fBookmark::MenuRequested, this, [this](const QPoint& globalPosition) {
@@ -274,6 +278,7 @@ void fMain::DoIdleWork() {
     if (std::exchange(areListsStale_, false)) {
         index_->Load();
         bookmarks_->Load();
+        search_->LoadLanguages();
         return;
     }
     status_->SetWork(ToQt(idle_.CurrentName()));

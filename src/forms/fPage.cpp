@@ -11,6 +11,7 @@
 
 #include "forms/handler.h"
 #include "forms/modal.h"
+#include "forms/page_marks.h"
 #include "forms/qt_text.h"
 #include "store/database.h"
 #include "store/settings.h"
@@ -66,6 +67,7 @@ void fPage::ShowPage(const NodeIDs& node) {
     const QString text = ToQt(page_.text);
     if (isSame && text == ui_->txtPage->toPlainText()) return;
     ui_->txtPage->setPlainText(text);
+    MarkWords({});
 }
 
 QString fPage::HeadingHtml() const {
@@ -84,6 +86,10 @@ void fPage::changeEvent(QEvent* event) {
     // The colour of links is part of the text that was laid out.
     ui_->lblHeading->clear();
     ui_->lblHeading->setText(HeadingHtml());
+}
+
+void fPage::MarkWords(const QStringList& words) {
+    snippetarium::MarkWords(*ui_->txtPage, words);
 }
 
 bool fPage::HasSelection() const {

@@ -34,6 +34,9 @@ class fPage final : public ChildPane {
     PageHistory& History() { return history_; }
     const PageHistory& History() const { return history_; }
 
+    /// Marks the words in the page that is shown, until it is another.
+    void MarkWords(const QStringList& words);
+
     void SetWrap(bool wrap);
     void Copy();
     void SelectAll();

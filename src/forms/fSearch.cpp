@@ -40,9 +40,9 @@ fSearch::fSearch(Database& db, QWidget* parent)
         new TopicModel(pane_.Topics(), {tr("Procedure"), tr("Class"), tr("Application")}, this);
     ui_->cmbLanguage->addItem(tr("Select a language"), 0);
     const QDate today = QDate::currentDate();
-    ui_->dtpFrom->setDate(today.addYears(-1));
-    ui_->dtpTo->setDate(today);
-    for (QDateEdit* edit : {ui_->dtpFrom, ui_->dtpTo})
+    ui_->dtFrom->setDate(today.addYears(-1));
+    ui_->dtTo->setDate(today);
+    for (QDateEdit* edit : {ui_->dtFrom, ui_->dtTo})
         edit->setDateRange(QDate(kFirstYear, 1, 1), QDate(kLastYear, 12, 31));
     ConnectFields();
     ConnectList();
@@ -60,14 +60,14 @@ void fSearch::ConnectFields() {
     QWidget* const listing[] = {ui_->txtSearch,  ui_->optnKeyword,  ui_->optnFunction,
                                 ui_->optnCode,   ui_->optnComment,  ui_->optnAuthor,
                                 ui_->optnDate,   ui_->chckLanguage, ui_->cmbLanguage,
-                                ui_->dtpFrom,    ui_->dtpTo,        ui_->cmdSrchListTopic,
+                                ui_->dtFrom,     ui_->dtTo,         ui_->cmdSrchListTopic,
                                 ui_->lstVwSearch};
     for (QWidget* control : listing)
         control->installEventFilter(this);
     connect(ui_->txtSearch, &QLineEdit::textChanged, this, &fSearch::adjustButton);
     connect(ui_->optnDate, &QRadioButton::toggled, this, &fSearch::EnableDates);
-    connect(ui_->cmdFrom, &QToolButton::clicked, this, [this] { ChooseDay(ui_->dtpFrom); });
-    connect(ui_->cmdTo, &QToolButton::clicked, this, [this] { ChooseDay(ui_->dtpTo); });
+    connect(ui_->cmdFrom, &QToolButton::clicked, this, [this] { ChooseDay(ui_->dtFrom); });
+    connect(ui_->cmdTo, &QToolButton::clicked, this, [this] { ChooseDay(ui_->dtTo); });
     connect(ui_->cmbLanguage, &QComboBox::activated, this, [this](int row) {
         // Who chooses a language wants only that one.
         if (row > 0) ui_->chckLanguage->setChecked(true);
@@ -144,7 +144,7 @@ SearchFields fSearch::Fields() const {
     fields.entry = FromQt(ui_->txtSearch->text());
     fields.isLanguageChecked = ui_->chckLanguage->isChecked();
     fields.languageID = static_cast<std::int16_t>(ui_->cmbLanguage->currentData().toInt());
-    fields.dates = {ToDateTime(ui_->dtpFrom->date()), ToDateTime(ui_->dtpTo->date())};
+    fields.dates = {ToDateTime(ui_->dtFrom->date()), ToDateTime(ui_->dtTo->date())};
     return fields;
 }
 
@@ -165,6 +165,8 @@ void fSearch::ShowTopics() {
     model_->Refresh();
     ui_->lstVwSearch->sortByColumn(-1, Qt::AscendingOrder);
     const std::size_t count = pane_.Topics().Topics().size();
+    ui_->lstVwSearch->setCurrentIndex(model_->index(0, 0));
+    ui_->lstVwSearch->setFocus();
     ui_->lblFound->setText(count == 1 ? tr("1 topic found") : tr("%1 topics found").arg(count));
 }
 

@@ -14,6 +14,7 @@
 #include "forms/fSearch.h"
 #include "forms/fTrash.h"
 #include "forms/handler.h"
+#include "forms/main_transfers.h"
 #include "forms/modal.h"
 #include "forms/pane_dock.h"
 #include "navigator/help.h"
@@ -37,11 +38,16 @@ constexpr MenuCommand kMade[] = {
     MenuCommand::Configure,      MenuCommand::ShowHelp,        MenuCommand::ShowAbout,
     MenuCommand::ShowContents,   MenuCommand::ShowIndex,       MenuCommand::ShowSearch,
     MenuCommand::ShowBookmarks,  MenuCommand::NextPane,        MenuCommand::BackToPage,
+    MenuCommand::Import,         MenuCommand::ExportShownPage, MenuCommand::ExportSelected,
+    MenuCommand::ExportNode,
 };
 
 }  // namespace
 
-MainCommands::MainCommands(const MainParts& parts) : QObject(&parts.window), parts_(parts) {}
+MainCommands::MainCommands(const MainParts& parts)
+    : QObject(&parts.window),
+      parts_(parts),
+      transfers_(new MainTransfers(parts.db, parts.window, parts.contents)) {}
 
 bool MainCommands::IsMade(MenuCommand command) {
     return std::ranges::find(kMade, command) != std::end(kMade);
@@ -129,6 +135,20 @@ void MainCommands::PerformOnLists(MenuCommand command) {
             return parts_.bookmarks.RemoveSelected();
         case MenuCommand::AddBookmark:
             return parts_.bookmarks.Add(NodeToBookmark());
+        default:
+            PerformTransfer(command);
+    }
+}
+
+void MainCommands::PerformTransfer(MenuCommand command) {
+    switch (command) {
+        case MenuCommand::Import:
+            return transfers_->Import();
+        case MenuCommand::ExportShownPage:
+            return transfers_->Export(ExportShownPage(parts_.db, parts_.page.Shown()));
+        case MenuCommand::ExportSelected:
+        case MenuCommand::ExportNode:
+            return transfers_->Export(ExportSelected(parts_.db, parts_.contents.Selection()));
         default:
             PerformOnPage(command);
     }

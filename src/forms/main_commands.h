@@ -12,6 +12,7 @@ namespace snippetarium {
 
 class ChildPane;
 class Database;
+class MainTransfers;
 class PaneDock;
 class fBookmark;
 class fContents;
@@ -56,6 +57,7 @@ class MainCommands final : public QObject {
     void PerformOnPage(MenuCommand command);
     void PerformOnTree(MenuCommand command);
     void PerformOnLists(MenuCommand command);
+    void PerformTransfer(MenuCommand command);
     void ShowPane(Pane pane);
     void GoTo(const NodeIDs& node);
     NodeIDs NodeToBookmark() const;
@@ -68,6 +70,7 @@ class MainCommands final : public QObject {
     ChildPane& FormOf(Pane pane) const;
 
     MainParts parts_;
+    MainTransfers* transfers_;
 };
 
 }  // namespace snippetarium
