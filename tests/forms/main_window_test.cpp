@@ -183,7 +183,7 @@ TEST_F(MainWindowTest, EndsWithAMessageWhereThereIsNoCatalogue) {
 
 TEST_F(MainWindowTest, MovesTheFocusFromPaneToPage) {
     StartProgram();
-    Tree().setFocus();
+    EXPECT_TRUE(Tree().hasFocus());
     Item("actNextPane").trigger();
     EXPECT_TRUE(Get<QPlainTextEdit>("txtPage").hasFocus());
     Item("actNextPane").trigger();
