@@ -5,6 +5,7 @@
 
 #include "quick/name_block.h"
 #include "quick/node_row.h"
+#include "quick/standing.h"
 #include "quick/work.h"
 
 namespace snippetarium {
@@ -145,7 +146,7 @@ class NameWork final : public QuickWork {
         for (const NameBlock::Entry& entry : block.Entries()) {
             const auto place = static_cast<std::size_t>(entry.id % kIDsInBlock);
             if (!mask.test(place)) continue;
-            const auto tier = PromisedTier(plan_.root, place);
+            const auto tier = PromisedTier(place);
             if (!tier || *tier > QuickTier::NamePart) continue;
             promised_[static_cast<std::size_t>(*tier)].push_back(
                 {kind, *tier, entry.id, static_cast<std::uint32_t>(entry.place.size)});
@@ -157,36 +158,17 @@ class NameWork final : public QuickWork {
     }
 
     /// The tier by names alone, if all filters let the row through.
-    std::optional<QuickTier> PromisedTier(const QuickNode& node, std::size_t place) const {
-        switch (node.type) {
-            case QuickNode::Type::Term: {
-                const PlannedTerm& term = plan_.terms[node.term];
-                if (!IsTextField(term.term.field)) return QuickTier::Filter;
-                if (!IsLookedFor(term)) return {};
-                const std::uint8_t tier = tiers_[node.term].tiers[place];
-                if (tier == BlockTiers::kNone) return {};
-                return static_cast<QuickTier>(tier);
-            }
-            case QuickNode::Type::Not:
-                return QuickTier::Filter;
-            case QuickNode::Type::And: {
-                QuickTier tier = QuickTier::Filter;
-                for (const QuickNode& part : node.parts) {
-                    const auto ofPart = PromisedTier(part, place);
-                    if (!ofPart) return {};
-                    tier = WorseTier(tier, *ofPart);
-                }
-                return tier;
-            }
-            case QuickNode::Type::Or:
-                break;
-        }
-        std::optional<QuickTier> best;
-        for (const QuickNode& part : node.parts) {
-            const auto ofPart = PromisedTier(part, place);
-            if (ofPart && (!best || *ofPart < *best)) best = ofPart;
-        }
-        return best;
+    std::optional<QuickTier> PromisedTier(std::size_t place) const {
+        const auto ofTerm = [&](const QuickNode& node) {
+            const PlannedTerm& term = plan_.terms[node.term];
+            if (!IsTextField(term.term.field)) return Standing::OfFilter(true);
+            const std::uint8_t tier = IsLookedFor(term) ? tiers_[node.term].tiers[place]
+                                                        : std::uint8_t{BlockTiers::kNone};
+            if (tier == BlockTiers::kNone) return Standing();
+            return Standing::OfText(static_cast<QuickTier>(tier));
+        };
+        const auto ofNot = [](const QuickNode&) { return Standing::OfFilter(true); };
+        return StandingOf(plan_.root, ofTerm, ofNot).Tier();
     }
 
     /// Reads what was promised, in order. A row whose filters leave it a worse tier waits for that.
@@ -215,7 +197,7 @@ class NameWork final : public QuickWork {
     void ConfirmRow(FoundRow promised) {
         auto row = NodeRow::Read(plan_.db, promised.kind, promised.id);
         if (!row) return;
-        const auto tier = TierOfRow(plan_, plan_.root, *row, QuickTier::NamePart);
+        const auto tier = TierOfRow(plan_, *row, QuickTier::NamePart);
         if (!tier || *tier > QuickTier::NamePart) return;
         const bool isLater = *tier > promised.tier;
         promised.tier = *tier;
