@@ -14,17 +14,19 @@ namespace {
 
 constexpr std::int32_t kAgeStep = 1024;
 
-/// Whether a pattern fits all of a folded text.
-bool Fits(std::u32string_view pattern, std::u32string_view text, bool isPhrase) {
-    if (pattern.empty()) return text.empty();
+enum class Fit { Whole, Beginning };
+
+/// Whether a pattern fits a folded text, all of it or a beginning.
+bool Fits(std::u32string_view pattern, std::u32string_view text, bool isPhrase, Fit fit) {
+    if (pattern.empty()) return text.empty() || fit == Fit::Beginning;
     const bool isLetter = !text.empty() && text[0] > U' ';
     if (!isPhrase && pattern[0] == '*') {
-        return Fits(pattern.substr(1), text, isPhrase) ||
-               (isLetter && Fits(pattern, text.substr(1), isPhrase));
+        return Fits(pattern.substr(1), text, isPhrase, fit) ||
+               (isLetter && Fits(pattern, text.substr(1), isPhrase, fit));
     }
     if (text.empty()) return false;
     const bool fits = pattern[0] == text[0] || (!isPhrase && pattern[0] == '?' && isLetter);
-    return fits && Fits(pattern.substr(1), text.substr(1), isPhrase);
+    return fits && Fits(pattern.substr(1), text.substr(1), isPhrase, fit);
 }
 
 std::u32string Folded(std::string_view text) {
@@ -34,25 +36,22 @@ std::u32string Folded(std::string_view text) {
     return folded;
 }
 
-/// Whether the pattern fits at the place of the text, whatever follows.
 bool FitsAt(const ModelEntry& term, std::string_view text, std::size_t place) {
-    const std::u32string pattern = Folded(term.text);
-    const std::u32string rest = Folded(text.substr(place));
-    for (std::size_t size = 0; size <= rest.size(); ++size) {
-        if (Fits(pattern, rest.substr(0, size), term.isPhrase)) return true;
-    }
-    return false;
+    return Fits(Folded(term.text), Folded(text.substr(place)), term.isPhrase, Fit::Beginning);
 }
 
 bool Contains(const ModelEntry& term, std::string_view text) {
-    for (std::size_t place = 0; place < text.size(); DecodeUtf8(text, place)) {
-        if (FitsAt(term, text, place)) return true;
+    const std::u32string pattern = Folded(term.text);
+    const std::u32string folded = Folded(text);
+    for (std::size_t place = 0; place < folded.size(); ++place) {
+        const auto rest = std::u32string_view(folded).substr(place);
+        if (Fits(pattern, rest, term.isPhrase, Fit::Beginning)) return true;
     }
     return false;
 }
 
 bool FitsWhole(const ModelEntry& term, std::string_view text) {
-    return Fits(Folded(term.text), Folded(text), term.isPhrase);
+    return Fits(Folded(term.text), Folded(text), term.isPhrase, Fit::Whole);
 }
 
 /// The number of slips, counted by the textbook.

@@ -124,10 +124,10 @@ TEST(QuickQuery, TakesAnyTextInItsStride) {
         many += "not w" + std::to_string(i) + " ";
     EXPECT_EQ(ParseQuickQuery(many).terms.size(), kMostQuickTerms);
 
-    // Every entry of up to six of these pieces has a tree or none, and its places lie inside it.
+    // Every entry of up to four of these pieces has a tree or none, and its places lie inside it.
     constexpr std::string_view kPieces[] = {"a", " ", "(", ")", "\"", "or ", "-", "name:"};
     std::vector<std::string> entries = {""};
-    for (std::size_t from = 0, length = 0; length < 5; ++length) {
+    for (std::size_t from = 0, length = 0; length < 4; ++length) {
         const std::size_t end = entries.size();
         for (; from < end; ++from) {
             for (const std::string_view piece : kPieces)

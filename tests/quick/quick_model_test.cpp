@@ -217,7 +217,7 @@ TEST_F(QuickModelTest, FindsWhatASlowWalkOverTheCatalogueFinds) {
     std::size_t hits = 0;
     for (int round = 0; round < 6; ++round) {
         const CatalogueModel model(db_);
-        for (int i = 0; i < 150; ++i) {
+        for (int i = 0; i < 60; ++i) {
             const ModelEntry entry = chance.Entry(model.Rows(), 3);
             const std::vector<std::string> expected = model.Find(entry);
             ASSERT_EQ(Find(entry.Typed()), expected) << "round " << round << ": " << entry.Typed();
@@ -230,7 +230,7 @@ TEST_F(QuickModelTest, FindsWhatASlowWalkOverTheCatalogueFinds) {
             OpenCatalogue(db_);
         }
     }
-    EXPECT_GT(hits, 10'000U) << "entries that find nothing compare nothing";
+    EXPECT_GT(hits, 5'000U) << "entries that find nothing compare nothing";
 }
 
 }  // namespace

@@ -89,7 +89,7 @@ TEST_F(QuickSearchTest, ShowsWhereSomethingWasFound) {
 }
 
 TEST_F(QuickSearchTest, CanBeDroppedAndTheCatalogueChangedBetweenAnyTwoSteps) {
-    Fill(1500);
+    Fill(300);
     const std::string entry = "draw1 or word3 or code:sub -name:draw7";
     int steps = 0;
     bool isFinished = false;
@@ -97,12 +97,12 @@ TEST_F(QuickSearchTest, CanBeDroppedAndTheCatalogueChangedBetweenAnyTwoSteps) {
         QuickSearch search(db_, entry, 5000);
         for (steps = 0; steps < stop && !isFinished; ++steps)
             isFinished = !search.Step();
-        ExecuteSQL(db_, Sql("DELETE FROM tblCode WHERE codeID = ", std::int32_t{1 + stop % 1500}));
+        ExecuteSQL(db_, Sql("DELETE FROM tblCode WHERE codeID = ", std::int32_t{1 + stop % 300}));
         // What is gone by now is in no hit that is read from here on.
         const std::size_t before = search.Hits().size();
         if (stop % 5 == 0) Finish(search);
         for (std::size_t i = before; i < search.Hits().size(); ++i)
-            EXPECT_NE(search.Hits()[i].ids.codeID, 1 + stop % 1500);
+            EXPECT_NE(search.Hits()[i].ids.codeID, 1 + stop % 300);
     }
     EXPECT_EQ(db_.GetConnection().ExecuteAction("DELETE FROM tblCommonWord WHERE commonWord = 'x'"),
               0);
