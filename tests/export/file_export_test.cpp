@@ -146,17 +146,5 @@ TEST_F(FileExportTest, ReportsWhatGoesWrong) {
     ExpectError(Procedure::ExportClass, "belongs to the catalogue");
 }
 
-TEST_F(FileExportTest, ShowsTheReportInPlaceOfTheMessageWhereThereIsSomethingToTell) {
-    SetForm(classID_, "encoding=windows-1252");
-    UpdateClass(db_, classID_, {.name = "Grid", .declarations = "\xD0\x96", .languageID = kC});
-    const ExportResult result = ExportTheClass("Grid.c");
-    EXPECT_EQ(
-        ExportReport(result),
-        "  The file '" + Path("out/Grid.c") +
-            "' is now written in UTF-8, because windows-1252 lacks characters of its lines 1.\r\n"
-            "\r\nThe following files were successfully exported:\r\n\r\n  " +
-            Path("out/Grid.c") + "\r\n");
-}
-
 }  // namespace
 }  // namespace snippetarium::test

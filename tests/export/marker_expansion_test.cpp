@@ -82,33 +82,6 @@ TEST(MarkerExpansion, PutsEachProcedureInThePlaceOfItsMarkers) {
     }
 }
 
-TEST(MarkerExpansion, TakesTheProceduresInTheirOrder) {
-    const auto vb = [](std::string_view name) {
-        return MarkerLine(MarkerFamily::VisualBasic, name);
-    };
-    const struct {
-        std::string_view description;
-        ProcedureTexts procedures;
-        std::string expected;
-    } cases[] = {
-        {"a later one's marker in an earlier one's code is replaced",
-         {{"A", {}, vb("B") + "a"}, {"B", {}, "b"}},
-         "b\r\na\r\n"},
-        {"an earlier one's in a later one's stays",
-         {{"B", {}, "b"}, {"A", {}, vb("B") + "a"}},
-         vb("B") + "a\r\n"},
-        {"its own stays", {{"A", {}, vb("A") + "a"}}, vb("A") + "a\r\n"},
-        {"of equal names the first one wins", {{"A", {}, "1"}, {"A", {}, "2"}}, "1\r\n"},
-        {"and the second finds what the first brings",
-         {{"A", {}, vb("A") + "1"}, {"A", {}, "2"}},
-         "2\r\n1\r\n"},
-    };
-    for (const auto& test : cases) {
-        EXPECT_EQ(ExpandMarkers(MarkerFamily::VisualBasic, vb("A"), test.procedures), test.expected)
-            << test.description;
-    }
-}
-
 /// What markers are made of, whole markers among it, and what they can be mixed up with.
 struct Alphabet {
     std::vector<std::string> texts;
