@@ -11,6 +11,7 @@
 
 #include "bench/catalogue_generator.h"
 #include "bench/prepared_write.h"
+#include "engine/collation.h"
 #include "engine/sqlite_handle.h"
 #include "keywords/keyword_saving.h"
 #include "keywords/noise_words.h"
@@ -114,11 +115,20 @@ void StoreThroughTheCatalogue(benchmark::State& state) {
     CloseCatalogue(db);
 }
 
+DatabaseHandle OpenWithTheLibraryAlone(const std::string& path) {
+    sqlite3* opened = nullptr;
+    const int result = sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
+    DatabaseHandle database(opened);
+    if (result != SQLITE_OK) ThrowEngineError(opened, result);
+    InstallTextComparison(opened, nullptr);
+    return database;
+}
+
 /// The same writes to the same file, each by itself and with the same settings, but nothing is read
 /// and every ID is known: prepared once, the values bound.
 void StoreThroughTheLibrary(benchmark::State& state) {
     const GeneratedCatalogue catalogue;
-    const DatabaseHandle database = OpenDatabase(catalogue.Path(), OpenFlag::ReadWrite);
+    const DatabaseHandle database = OpenWithTheLibraryAlone(catalogue.Path());
     sqlite3* const handle = database.get();
     RunStatements(handle,
                   "PRAGMA journal_mode = WAL; PRAGMA wal_autocheckpoint = 1000; "

@@ -319,3 +319,46 @@ CREATE TABLE tblTrashOverlong(
 CREATE TABLE tblClassesToEmpty(
     classID INTEGER PRIMARY KEY
 );
+
+-- The text index (engine/text_lookup.h). tblTextIndex has a row for each table that is indexed; its
+-- numbers are those of ownerTableID. All of it is made of the texts and can be made again.
+CREATE TABLE tblTextIndex(
+    ownerTableID INTEGER PRIMARY KEY,
+    indexedTo INTEGER NOT NULL,
+    segments INTEGER NOT NULL
+);
+
+CREATE TABLE tblTextSegment(
+    segmentID INTEGER PRIMARY KEY,
+    ownerTableID INTEGER NOT NULL,
+    state INTEGER NOT NULL,
+    firstID INTEGER NOT NULL,
+    rows INTEGER NOT NULL,
+    bytes INTEGER NOT NULL
+);
+
+CREATE TABLE tblTextBlock(
+    blockID INTEGER PRIMARY KEY,
+    block BLOB NOT NULL
+);
+
+-- Rows whose texts were changed since they were indexed.
+CREATE TABLE tblTextDirty(
+    ownerTableID INTEGER NOT NULL,
+    ownerID INTEGER NOT NULL,
+    PRIMARY KEY (ownerTableID, ownerID)
+) WITHOUT ROWID;
+
+-- The names of the applications, classes and procedures once more, packed so that quick search can
+-- look through all of them at a time. Block n of a level has the names of the IDs from n * 1024 on,
+-- in their order: `entries` has for each one four digits for the ID's place in the block and four
+-- for the name's length in bytes, `names` the names with a line break between. A block that is not
+-- here has to be read from its table: triggers remove it when a row of it changes, and make it when
+-- its last ID has been given.
+CREATE TABLE tblNameBlock(
+    ownerTableID INTEGER NOT NULL,
+    block INTEGER NOT NULL,
+    entries TEXT NOT NULL COLLATE CATNC,
+    names TEXT NOT NULL COLLATE CATNC,
+    PRIMARY KEY (ownerTableID, block)
+) WITHOUT ROWID;

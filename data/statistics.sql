@@ -64,5 +64,10 @@ INSERT INTO sqlite_stat1(tbl, idx, stat) VALUES
     ('tblTrashFavorite', 'ixTrashFavorite', '100 10'),
     ('tblTrashSourceForm', 'ixTrashSourceForm', '20000 2000'),
     ('tblTrashOverlong', 'ixTrashOverlong', '100 10'),
-    ('tblClassesToEmpty', NULL, '25');
+    ('tblClassesToEmpty', NULL, '25'),
+    ('tblTextIndex', NULL, '3'),
+    ('tblTextSegment', NULL, '30'),
+    ('tblTextBlock', NULL, '100000'),
+    ('tblTextDirty', 'tblTextDirty', '100 40 1'),
+    ('tblNameBlock', 'tblNameBlock', '1000 300 1');
 ANALYZE sqlite_schema;

@@ -28,7 +28,8 @@ END;
 CREATE TRIGGER trgClassEmptied AFTER DELETE ON tblClassesToEmpty
 BEGIN
     UPDATE tblCode SET keywordID = NULL
-    WHERE classID = old.classID AND keywordID NOT IN (SELECT keywordID FROM tblKeyword);
+    WHERE classID = old.classID AND keywordID IS NOT NULL
+        AND keywordID NOT IN (SELECT keywordID FROM tblKeyword);
 END;
 
 CREATE TRIGGER trgSearchWordDeleted AFTER DELETE ON tblSearchWord
@@ -86,4 +87,151 @@ BEGIN
     DELETE FROM tblTrashFavorite WHERE trashID = old.trashID;
     DELETE FROM tblTrashSourceForm WHERE trashID = old.trashID;
     DELETE FROM tblTrashOverlong WHERE trashID = old.trashID;
+END;
+
+-- The text index takes rows in by their IDs, in ascending order, so a new row needs no mark. One
+-- that comes back from the trash has an old ID.
+CREATE TRIGGER trgApplicationTextAdded AFTER INSERT ON tblApplication
+WHEN new.appID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 1)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (1, new.appID);
+END;
+
+CREATE TRIGGER trgApplicationTextChanged AFTER UPDATE OF appID, appName, appComment ON tblApplication
+WHEN new.appID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 1)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (1, new.appID);
+END;
+
+CREATE TRIGGER trgClassTextAdded AFTER INSERT ON tblClass
+WHEN new.classID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 2)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (2, new.classID);
+END;
+
+CREATE TRIGGER trgClassTextChanged AFTER UPDATE OF classID, className, classDI, classComment ON tblClass
+WHEN new.classID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 2)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (2, new.classID);
+END;
+
+CREATE TRIGGER trgCodeTextAdded AFTER INSERT ON tblCode
+WHEN new.codeID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 3)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (3, new.codeID);
+END;
+
+CREATE TRIGGER trgCodeTextChanged AFTER UPDATE OF codeID, codeName, code, codeComment ON tblCode
+WHEN new.codeID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 3)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (3, new.codeID);
+END;
+
+-- The packed names. Renaming in another letter case counts too: capitals show where words start.
+CREATE TRIGGER trgApplicationBlockFull AFTER INSERT ON tblApplication
+WHEN new.appID % 1024 = 0 AND NOT EXISTS (
+    SELECT 1 FROM tblNameBlock WHERE ownerTableID = 1 AND block = new.appID / 1024 - 1)
+BEGIN
+    INSERT INTO tblNameBlock(ownerTableID, block, entries, names)
+    SELECT 1, new.appID / 1024 - 1,
+        group_concat(substr('000' || appID % 1024, -4)
+            || substr('000' || length(CAST(appName AS BLOB)), -4), ''),
+        group_concat(appName, '
+')
+    FROM tblApplication
+    WHERE appID BETWEEN new.appID - 1024 AND new.appID - 1
+    GROUP BY appID / 1024;
+END;
+
+CREATE TRIGGER trgApplicationNameAdded AFTER INSERT ON tblApplication
+WHEN EXISTS (
+    SELECT 1 FROM tblNameBlock WHERE ownerTableID = 1 AND block = new.appID / 1024)
+BEGIN
+    DELETE FROM tblNameBlock WHERE ownerTableID = 1 AND block = new.appID / 1024;
+END;
+
+CREATE TRIGGER trgApplicationRenamed AFTER UPDATE OF appName ON tblApplication
+WHEN new.appName <> old.appName COLLATE BINARY AND EXISTS (
+    SELECT 1 FROM tblNameBlock WHERE ownerTableID = 1 AND block = new.appID / 1024)
+BEGIN
+    DELETE FROM tblNameBlock WHERE ownerTableID = 1 AND block = new.appID / 1024;
+END;
+
+CREATE TRIGGER trgApplicationNameRemoved AFTER DELETE ON tblApplication
+WHEN EXISTS (
+    SELECT 1 FROM tblNameBlock WHERE ownerTableID = 1 AND block = old.appID / 1024)
+BEGIN
+    DELETE FROM tblNameBlock WHERE ownerTableID = 1 AND block = old.appID / 1024;
+END;
+
+CREATE TRIGGER trgClassBlockFull AFTER INSERT ON tblClass
+WHEN new.classID % 1024 = 0 AND NOT EXISTS (
+    SELECT 1 FROM tblNameBlock WHERE ownerTableID = 2 AND block = new.classID / 1024 - 1)
+BEGIN
+    INSERT INTO tblNameBlock(ownerTableID, block, entries, names)
+    SELECT 2, new.classID / 1024 - 1,
+        group_concat(substr('000' || classID % 1024, -4)
+            || substr('000' || length(CAST(className AS BLOB)), -4), ''),
+        group_concat(className, '
+')
+    FROM tblClass
+    WHERE classID BETWEEN new.classID - 1024 AND new.classID - 1
+    GROUP BY classID / 1024;
+END;
+
+CREATE TRIGGER trgClassNameAdded AFTER INSERT ON tblClass
+WHEN EXISTS (
+    SELECT 1 FROM tblNameBlock WHERE ownerTableID = 2 AND block = new.classID / 1024)
+BEGIN
+    DELETE FROM tblNameBlock WHERE ownerTableID = 2 AND block = new.classID / 1024;
+END;
+
+CREATE TRIGGER trgClassRenamed AFTER UPDATE OF className ON tblClass
+WHEN new.className <> old.className COLLATE BINARY AND EXISTS (
+    SELECT 1 FROM tblNameBlock WHERE ownerTableID = 2 AND block = new.classID / 1024)
+BEGIN
+    DELETE FROM tblNameBlock WHERE ownerTableID = 2 AND block = new.classID / 1024;
+END;
+
+CREATE TRIGGER trgClassNameRemoved AFTER DELETE ON tblClass
+WHEN EXISTS (
+    SELECT 1 FROM tblNameBlock WHERE ownerTableID = 2 AND block = old.classID / 1024)
+BEGIN
+    DELETE FROM tblNameBlock WHERE ownerTableID = 2 AND block = old.classID / 1024;
+END;
+
+CREATE TRIGGER trgCodeBlockFull AFTER INSERT ON tblCode
+WHEN new.codeID % 1024 = 0 AND NOT EXISTS (
+    SELECT 1 FROM tblNameBlock WHERE ownerTableID = 3 AND block = new.codeID / 1024 - 1)
+BEGIN
+    INSERT INTO tblNameBlock(ownerTableID, block, entries, names)
+    SELECT 3, new.codeID / 1024 - 1,
+        group_concat(substr('000' || codeID % 1024, -4)
+            || substr('000' || length(CAST(codeName AS BLOB)), -4), ''),
+        group_concat(codeName, '
+')
+    FROM tblCode
+    WHERE codeID BETWEEN new.codeID - 1024 AND new.codeID - 1
+    GROUP BY codeID / 1024;
+END;
+
+CREATE TRIGGER trgCodeNameAdded AFTER INSERT ON tblCode
+WHEN EXISTS (
+    SELECT 1 FROM tblNameBlock WHERE ownerTableID = 3 AND block = new.codeID / 1024)
+BEGIN
+    DELETE FROM tblNameBlock WHERE ownerTableID = 3 AND block = new.codeID / 1024;
+END;
+
+CREATE TRIGGER trgCodeRenamed AFTER UPDATE OF codeName ON tblCode
+WHEN new.codeName <> old.codeName COLLATE BINARY AND EXISTS (
+    SELECT 1 FROM tblNameBlock WHERE ownerTableID = 3 AND block = new.codeID / 1024)
+BEGIN
+    DELETE FROM tblNameBlock WHERE ownerTableID = 3 AND block = new.codeID / 1024;
+END;
+
+CREATE TRIGGER trgCodeNameRemoved AFTER DELETE ON tblCode
+WHEN EXISTS (
+    SELECT 1 FROM tblNameBlock WHERE ownerTableID = 3 AND block = old.codeID / 1024)
+BEGIN
+    DELETE FROM tblNameBlock WHERE ownerTableID = 3 AND block = old.codeID / 1024;
 END;

@@ -9,6 +9,7 @@
 #include "cli/text_layout.h"
 #include "cli/text_table.h"
 #include "engine/engine_error.h"
+#include "store/text_index.h"
 
 namespace snippetarium {
 
@@ -65,6 +66,7 @@ CheckReport Mend(CommandContext& context, CheckReport report) {
     context.CloseCatalogue();
     Database& db = context.Catalogue(CatalogueUse::Change);
     MendCatalogue(db, report);
+    CompleteTextIndex(db);  // mended, it is empty
     context.CloseCatalogue();
     return CheckCatalogue(context.ClosedCatalogue());
 }

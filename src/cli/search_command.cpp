@@ -53,7 +53,7 @@ constexpr CommandOption kOptions[] = {
 };
 constexpr CommandExample kExamples[] = {
     {"search keyword 'leap and month'",               "What has both words among its keywords."},
-    {"search code 'DateSerial ring*' --language Java", "What has one of them in its code."},
+    {"search code 'DateSerial ring' --language Java",  "What has one of them in its code."},
     {"search code '\"mod 4 = 0\"'",                   "What has this phrase in its code."},
     {"search date --from 1999-01-01 --to 1999-12-31", "What bears a date of that year."},
 };
@@ -152,9 +152,9 @@ constexpr CliCommand kSearchCommand = {
     .description =
         "Lists what has the words of the entry among its keywords, in its name, code or comment, "
         "or among its authors, or what bears a date of a range, each with its key in the tree.\n\n"
-        "Words are joined by and, or, not; or is meant where nothing joins two. * and ? stand for "
-        "letters that are left open. An entry in quotation marks is one phrase. "
-        "docs/search-language.md has the whole of it.\n\n"
+        "Words are joined by and, or, not; or is meant where nothing joins two. In keywords and "
+        "authors * and ? stand for letters that are left open; elsewhere % and _ do. An entry in "
+        "quotation marks is one phrase. docs/search-language.md has the whole of it.\n\n"
         "Ctrl+C cancels a search.",
     .arguments = kArguments,
     .options = kOptions,

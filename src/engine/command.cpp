@@ -32,12 +32,18 @@ void Command::DeleteParameter(std::size_t index) {
     parameters_.erase(std::next(parameters_.begin(), static_cast<std::ptrdiff_t>(index)));
 }
 
+Connection& Command::ActiveConnection() const {
+    if (connection_ != nullptr) return *connection_;
+    throw EngineError(EngineErrorCode::ObjectClosed,
+                      "The command has no connection: the catalogue is not open.");
+}
+
 Recordset Command::Execute() {
-    if (connection_ == nullptr) {
-        throw EngineError(EngineErrorCode::ObjectClosed,
-                          "The command has no connection: the catalogue is not open.");
-    }
-    return connection_->ExecuteNamedQuery(text_, parameters_);
+    return ActiveConnection().ExecuteNamedQuery(text_, parameters_);
+}
+
+Recordset Command::ExecuteSearch() {
+    return ActiveConnection().ExecuteNamedSearch(text_, parameters_);
 }
 
 }  // namespace snippetarium

@@ -56,8 +56,12 @@ class Command {
     /// EngineError: ObjectClosed without an open connection, NoSuchTable for an unknown name,
     /// WrongParameters where their number or kinds differ from what the query declares.
     Recordset Execute();
+    /// The same for a query that looks for a text: it can be cancelled, as searches can.
+    Recordset ExecuteSearch();
 
   private:
+    Connection& ActiveConnection() const;
+
     Connection* connection_ = nullptr;
     std::string text_;
     std::vector<Parameter> parameters_;

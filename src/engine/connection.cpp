@@ -12,7 +12,7 @@ void Connection::Open() {
         throw EngineError(EngineErrorCode::ObjectOpen, "The connection is already open.");
     }
     const ConnectionStringParts parts = ParseConnectionString(connectionString_);
-    session_ = providers_.Open(parts.provider, {parts.dataSource, mode_, versions_});
+    session_ = providers_.Open(parts.provider, {parts.dataSource, mode_, versions_, textTables_});
     writeMode_ = WriteMode::EachStatement;
 }
 

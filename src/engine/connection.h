@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -30,6 +31,9 @@ class Connection {
     /// Files of other versions are refused.
     void SetVersions(const FileVersions& versions) { versions_ = versions; }
 
+    /// What the text index knows of, for as long as the connection lives. Without it there is none.
+    void SetTextTables(std::span<const IndexedTable> tables) { textTables_ = tables; }
+
     /// Throws EngineError: ObjectOpen when it is open already, ProviderNotFound, FileNotFound,
     /// UnrecognisedFormat, Corrupted, ReadOnly, CannotLock, CannotOpen. A refused file stays byte
     /// for byte as it was.
@@ -43,11 +47,23 @@ class Connection {
         return OpenSession().NamedQuery(name, parameters);
     }
     Recordset ExecuteSearch(std::string_view text) { return OpenSession().Search(text); }
+    Recordset ExecuteNamedSearch(std::string_view name, std::span<const Parameter> parameters) {
+        return OpenSession().NamedSearch(name, parameters);
+    }
+    template <typename... Values>
+    std::unique_ptr<RowCursor> OpenCursor(std::string_view sql, const Values&... values) {
+        const std::array<BoundValue, sizeof...(Values)> bound{BoundValue(values)...};
+        return OpenSession().OpenCursor(sql, bound);
+    }
     std::int64_t ExecuteAction(std::string_view text) { return OpenSession().Act(text); }
     void RunScript(std::string_view script) { OpenSession().RunScript(script); }
     std::int32_t UserVersion() { return OpenSession().UserVersion(); }
     void SetWriteMode(WriteMode mode);
     WriteMode GetWriteMode() const { return writeMode_; }
+    TextCandidates FindTextCandidates(const TextColumn& column, std::string_view literal) {
+        return OpenSession().FindTextCandidates(column, literal);
+    }
+    bool TendTextIndex(TendingPace pace) { return OpenSession().TendTextIndex(pace); }
     void Checkpoint() { OpenSession().Checkpoint(); }
     void SetCancelPoll(const CancelPoll* poll) { OpenSession().SetCancelPoll(poll); }
 
@@ -59,6 +75,7 @@ class Connection {
     CursorLocation cursorLocation_ = CursorLocation::Client;
     AccessMode mode_ = AccessMode::ReadWrite;
     FileVersions versions_;
+    std::span<const IndexedTable> textTables_;
     std::unique_ptr<Session> session_;
     WriteMode writeMode_ = WriteMode::EachStatement;
 };

@@ -255,6 +255,20 @@ LikePattern::LikePattern(std::string_view pattern) {
     segments_ = ReadSegments(pattern);
 }
 
+std::vector<std::string> LikePattern::PlainRuns() const {
+    std::vector<std::string> runs;
+    for (const LikeSegment& segment : segments_) {
+        bool isInRun = false;
+        for (const LikeElement& element : segment.elements) {
+            const bool wasInRun = std::exchange(isInRun, IsPlain(element));
+            if (!isInRun) continue;
+            if (!wasInRun) runs.emplace_back();
+            AppendUtf8(runs.back(), element.character);
+        }
+    }
+    return runs;
+}
+
 bool LikePattern::Match(std::string_view text, const CancelPoll* poll) const {
     StepCounter steps(poll);
     std::size_t position = 0;

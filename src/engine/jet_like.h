@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -62,6 +63,9 @@ class LikePattern {
     /// tens of thousands of steps, and throws EngineError Cancelled when it says so. Takes at most
     /// as many steps as the text's characters times the pattern's.
     bool Match(std::string_view text, const CancelPoll* poll = nullptr) const;
+
+    /// Texts of plain characters, folded, that every text holds which the pattern matches.
+    std::vector<std::string> PlainRuns() const;
 
   private:
     std::vector<LikeSegment> segments_;

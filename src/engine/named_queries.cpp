@@ -72,18 +72,24 @@ NamedQueries::Query NamedQueries::Load(sqlite3* database, StatementGuard& guard,
 
     Query query;
     query.parameters = ParseDeclarations(ColumnText(row.get(), 0));
+    query.body = ColumnText(row.get(), 1);
+    query.statement = Prepare(database, guard, name, query.body, query.parameters);
+    return query;
+}
+
+StatementHandle NamedQueries::Prepare(sqlite3* database, StatementGuard& guard,
+                                      std::string_view name, std::string_view body,
+                                      const std::vector<Declaration>& declarations) {
     TranslationOptions options;
-    for (const Declaration& declaration : query.parameters) {
+    for (const Declaration& declaration : declarations)
         options.parameterNames.push_back(declaration.name);
-    }
-    const Translation translation = Translate(ColumnText(row.get(), 1), options);
+    const Translation translation = Translate(body, options);
     if (translation.verb != StatementVerb::Select) {
         throw EngineError(EngineErrorCode::NotAllowed,
                           "The stored query '" + std::string(name) + "' is not a SELECT.");
     }
     const StatementGuard::Scope scope(guard, StatementPurpose::Query);
-    query.statement = PrepareStatement(database, translation.sql);
-    return query;
+    return PrepareStatement(database, translation.sql);
 }
 
 const NamedQueries::Query& NamedQueries::Find(sqlite3* database, StatementGuard& guard,
@@ -93,27 +99,47 @@ const NamedQueries::Query& NamedQueries::Find(sqlite3* database, StatementGuard&
     return queries_.emplace(std::string(name), Load(database, guard, name)).first->second;
 }
 
-sqlite3_stmt* NamedQueries::Bind(sqlite3* database, StatementGuard& guard, std::string_view name,
-                                 std::span<const Parameter> parameters) {
-    const Query& query = Find(database, guard, name);
-    if (parameters.size() != query.parameters.size()) {
+void NamedQueries::BindValues(sqlite3* database, sqlite3_stmt* statement, std::string_view name,
+                              const std::vector<Declaration>& declarations,
+                              std::span<const Parameter> parameters) {
+    if (parameters.size() != declarations.size()) {
         throw EngineError(EngineErrorCode::WrongParameters,
                           "The stored query '" + std::string(name) + "' takes " +
-                              std::to_string(query.parameters.size()) + " values, not " +
+                              std::to_string(declarations.size()) + " values, not " +
                               std::to_string(parameters.size()) + ".");
     }
     for (std::size_t i = 0; i < parameters.size(); ++i) {
-        const bool wantsNumber = query.parameters[i].type == Parameter::Type::Long;
+        const bool wantsNumber = declarations[i].type == Parameter::Type::Long;
         const bool isNumber = parameters[i].GetType() == Parameter::Type::Long;
         if (wantsNumber != isNumber) {
             throw EngineError(EngineErrorCode::WrongParameters,
                               "The stored query '" + std::string(name) + "' wants a " +
                                   (wantsNumber ? "number" : "text") + " for its parameter '" +
-                                  query.parameters[i].name + "'.");
+                                  declarations[i].name + "'.");
         }
-        BindValue(database, query.statement.get(), static_cast<int>(i) + 1, parameters[i]);
+        BindValue(database, statement, static_cast<int>(i) + 1, parameters[i]);
     }
+}
+
+sqlite3_stmt* NamedQueries::Bind(sqlite3* database, StatementGuard& guard, std::string_view name,
+                                 std::span<const Parameter> parameters) {
+    const Query& query = Find(database, guard, name);
+    BindValues(database, query.statement.get(), name, query.parameters, parameters);
     return query.statement.get();
+}
+
+const std::string& NamedQueries::Body(sqlite3* database, StatementGuard& guard,
+                                      std::string_view name) {
+    return Find(database, guard, name).body;
+}
+
+StatementHandle NamedQueries::BindBody(sqlite3* database, StatementGuard& guard,
+                                       std::string_view name, std::string_view body,
+                                       std::span<const Parameter> parameters) {
+    const Query& query = Find(database, guard, name);
+    StatementHandle statement = Prepare(database, guard, name, body, query.parameters);
+    BindValues(database, statement.get(), name, query.parameters, parameters);
+    return statement;
 }
 
 }  // namespace snippetarium

@@ -25,6 +25,11 @@ class NamedQueries {
     /// EngineError: NoSuchTable for an unknown name, WrongParameters where number or kinds differ.
     sqlite3_stmt* Bind(sqlite3* database, StatementGuard& guard, std::string_view name,
                        std::span<const Parameter> parameters);
+    /// The query's text as it is stored. Throws EngineError (NoSuchTable).
+    const std::string& Body(sqlite3* database, StatementGuard& guard, std::string_view name);
+    /// As Bind, with another text in place of the query's, which is prepared for this one time.
+    StatementHandle BindBody(sqlite3* database, StatementGuard& guard, std::string_view name,
+                             std::string_view body, std::span<const Parameter> parameters);
     /// Forgets everything: the table may have changed.
     void Clear() { queries_.clear(); }
 
@@ -35,10 +40,17 @@ class NamedQueries {
     };
     struct Query {
         std::vector<Declaration> parameters;
+        std::string body;
         StatementHandle statement;
     };
 
     static std::vector<Declaration> ParseDeclarations(std::string_view text);
+    static StatementHandle Prepare(sqlite3* database, StatementGuard& guard, std::string_view name,
+                                   std::string_view body,
+                                   const std::vector<Declaration>& declarations);
+    static void BindValues(sqlite3* database, sqlite3_stmt* statement, std::string_view name,
+                           const std::vector<Declaration>& declarations,
+                           std::span<const Parameter> parameters);
     static Query Load(sqlite3* database, StatementGuard& guard, std::string_view name);
     const Query& Find(sqlite3* database, StatementGuard& guard, std::string_view name);
 

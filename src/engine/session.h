@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -9,6 +10,8 @@
 #include "engine/command.h"
 #include "engine/file_version.h"
 #include "engine/recordset.h"
+#include "engine/row_cursor.h"
+#include "engine/text_index.h"
 
 namespace snippetarium {
 
@@ -29,6 +32,8 @@ struct SessionOptions {
     AccessMode mode = AccessMode::ReadWrite;
     /// Any other file is refused before a byte of it changes.
     FileVersions versions;
+    /// What the text index knows of; must live as long as the session.
+    std::span<const IndexedTable> textTables;
 };
 
 /// An open data source, as a provider offers it to a Connection. Every operation throws
@@ -44,11 +49,24 @@ class Session {
     /// Runs a SELECT in which texts stand that a user typed: see engine/statement_guard.h for what
     /// it may do. Polls the cancel poll; throws Cancelled when that says so.
     virtual Recordset Search(std::string_view text) = 0;
+    /// A named query that looks for a text: cancelled like Search.
+    virtual Recordset NamedSearch(std::string_view name, std::span<const Parameter> parameters) = 0;
+    /// Runs a SELECT of the program's own, in the engine's own SQL, and reads its rows as they
+    /// come.
+    virtual std::unique_ptr<RowCursor> OpenCursor(std::string_view sql,
+                                                  std::span<const BoundValue> values) = 0;
     /// Runs an INSERT, UPDATE, DELETE or ALTER TABLE; returns the number of rows it changed.
     virtual std::int64_t Act(std::string_view text) = 0;
     /// Runs statements in the engine's own SQL, as they stand and as one transaction: all or
     /// nothing. For the program's own texts only: schema and migrations.
     virtual void RunScript(std::string_view script) = 0;
+    /// The rows whose text in this column may hold the literal, letter case aside.
+    virtual TextCandidates FindTextCandidates(const TextColumn& column,
+                                              std::string_view literal) = 0;
+    /// Does some milliseconds of what the text index has to do, or as much as makes sense at once.
+    /// Returns whether there is more to do. Once it has failed, there is not until the next
+    /// opening.
+    virtual bool TendTextIndex(TendingPace pace) = 0;
     /// The file's version.
     virtual std::int32_t UserVersion() = 0;
 

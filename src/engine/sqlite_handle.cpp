@@ -7,6 +7,7 @@
 
 #include "engine/collation.h"
 #include "engine/engine_error.h"
+#include "engine/joined_log.h"
 
 namespace snippetarium {
 
@@ -140,13 +141,16 @@ void ThrowEngineError(sqlite3* database, int resultCode) {
     const std::string libraryText =
         database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(resultCode);
     const Failure failure = DescribeFailure(resultCode, libraryText);
+    if (failure.code == EngineErrorCode::Cancelled)
+        throw EngineError(failure.code, std::string(failure.text));
     throw EngineError(failure.code, std::string(failure.text) + " (" + libraryText + ")");
 }
 
 DatabaseHandle OpenDatabase(const std::string& path, OpenFlag flag) {
     const std::string address = flag == OpenFlag::ReadUnchanging ? ImmutableAddress(path) : path;
     sqlite3* opened = nullptr;
-    const int result = sqlite3_open_v2(address.c_str(), &opened, LibraryFlags(flag), nullptr);
+    const int result =
+        sqlite3_open_v2(address.c_str(), &opened, LibraryFlags(flag), JoinedLogLayer());
     DatabaseHandle database(opened);
     if (result != SQLITE_OK) ThrowEngineError(opened, result);
     sqlite3_busy_timeout(opened, kBusyTimeoutMilliseconds);

@@ -13,6 +13,9 @@
 #include "engine/jet_sql.h"
 #include "engine/memory_limit.h"
 #include "engine/open_for_reading.h"
+#include "engine/read_snapshot.h"
+#include "engine/search_restriction.h"
+#include "engine/sqlite_cursor.h"
 #include "support/paths.h"
 
 namespace snippetarium {
@@ -88,6 +91,8 @@ SqliteSession::SqliteSession(const SessionOptions& options)
 
 SqliteSession::~SqliteSession() {
     // The log is emptied into the file by the library when the last handle on it closes.
+    lookup_.reset();
+    care_.reset();
     namedQueries_.Clear();
     statements_.Clear();
 }
@@ -106,7 +111,11 @@ void SqliteSession::Open(const SessionOptions& options) {
     RunStatements(database_.get(),
                   "PRAGMA cache_size = -65536; PRAGMA temp_store = MEMORY; PRAGMA mmap_size = 0;");
     guard_.Install(database_.get());
-    if (isForWriting) PrepareForWriting();
+    candidates_.Install(database_.get());
+    lookup_.emplace(database_.get(), guard_, candidates_, options.textTables);
+    if (!isForWriting) return;
+    PrepareForWriting();
+    care_.emplace(database_.get(), options.textTables);
 }
 
 void SqliteSession::PrepareForWriting() {
@@ -142,28 +151,122 @@ Recordset SqliteSession::NamedQuery(std::string_view name, std::span<const Param
     return ReadRows(namedQueries_.Bind(database_.get(), guard_, name, parameters));
 }
 
-Recordset SqliteSession::Search(std::string_view text) {
-    const Translation translation = Translate(text, {});
-    RequireVerb(translation, false);
+/// For work that a user may cancel, in a moment of its own.
+template <typename Find>
+auto SqliteSession::Searching(Find&& find) {
+    struct Running {
+        explicit Running(SqliteSession& searching) : session(searching) {
+            session.cancel_.isSearching = true;
+        }
+        ~Running() {
+            session.cancel_.isSearching = false;
+            session.candidates_.Clear();
+        }
+        SqliteSession& session;
+    };
+    bulkLog_.LetGo();
     const MemoryLimit limit(kMostSearchMemory);
     try {
-        return RunSearch(translation.sql);
+        const ReadSnapshot snapshot(database_.get());
+        const Running running(*this);
+        return find();
     } catch (const std::bad_alloc&) {
         throw EngineError(EngineErrorCode::QueryTooComplex,
                           "The search takes too much memory. Make it shorter or narrower.");
     }
 }
 
-Recordset SqliteSession::RunSearch(std::string_view sql) {
+Recordset SqliteSession::Search(std::string_view text) {
+    const Translation translation = Translate(text, {});
+    RequireVerb(translation, false);
+    return Searching([&] {
+        const StatementHandle statement = PrepareSearch(text, translation.sql);
+        return ReadRows(statement.get(), kMostBytesFound);
+    });
+}
+
+/// With the text index where that helps, else as it stands. Not cached: a search text hardly comes
+/// twice, and would only push out what does.
+StatementHandle SqliteSession::PrepareSearch(std::string_view text, std::string_view sql) {
+    try {
+        const auto none = [](std::string_view) { return std::nullopt; };
+        const auto restricted = RestrictSearch(text, none, *lookup_, candidates_);
+        if (restricted) {
+            const Translation translation = Translate(*restricted, {});
+            const StatementGuard::Scope scope(guard_, StatementPurpose::Search);
+            return PrepareStatement(database_.get(), translation.sql);
+        }
+    } catch (const EngineError& error) {
+        if (error.Code() == EngineErrorCode::Cancelled) throw;
+        // What is wrong with a search is said of its own text.
+    }
     const StatementGuard::Scope scope(guard_, StatementPurpose::Search);
-    // Not cached: a search text hardly comes twice, and would only push out what does.
-    const StatementHandle statement = PrepareStatement(database_.get(), sql);
-    struct Searching {
-        explicit Searching(SearchCancel& poll) : cancel(poll) { cancel.isSearching = true; }
-        ~Searching() { cancel.isSearching = false; }
-        SearchCancel& cancel;
-    } searching(cancel_);
-    return ReadRows(statement.get(), kMostBytesFound);
+    return PrepareStatement(database_.get(), sql);
+}
+
+Recordset SqliteSession::NamedSearch(std::string_view name, std::span<const Parameter> parameters) {
+    sqlite3* database = database_.get();
+    const auto textOf = [&](std::string_view wanted) -> std::optional<std::string> {
+        for (const Parameter& parameter : parameters) {
+            const auto* text = std::get_if<std::string>(&parameter.GetValue());
+            if (text != nullptr && IsSameSqlName(parameter.Name(), wanted)) return *text;
+        }
+        return std::nullopt;
+    };
+    return Searching([&] {
+        StatementHandle restricted;
+        try {
+            const auto body = RestrictSearch(namedQueries_.Body(database, guard_, name), textOf,
+                                             *lookup_, candidates_);
+            if (body)
+                restricted = namedQueries_.BindBody(database, guard_, name, *body, parameters);
+        } catch (const EngineError& error) {
+            if (error.Code() == EngineErrorCode::Cancelled) throw;
+        }
+        sqlite3_stmt* statement =
+            restricted ? restricted.get() : namedQueries_.Bind(database, guard_, name, parameters);
+        return ReadRows(statement, kMostBytesFound);
+    });
+}
+
+TextCandidates SqliteSession::FindTextCandidates(const TextColumn& column,
+                                                 std::string_view literal) {
+    for (const IndexedTable& table : lookup_->Tables()) {
+        const auto found = std::ranges::find(table.columns, column.column);
+        if (table.name != column.table || found == table.columns.end()) continue;
+        const auto number = static_cast<unsigned>(found - table.columns.begin());
+        return Searching([&] {
+            return lookup_->Find(table, number, TextComparison::Like, PatternOfLiteral(literal));
+        });
+    }
+    return std::nullopt;
+}
+
+bool SqliteSession::TendTextIndex(TendingPace pace) {
+    if (!care_) return false;
+    bulkLog_.LetGo();
+    // What is lost of the index by a power cut is made again, so nothing need be waited for.
+    if (writeMode_ == WriteMode::Bulk) {
+        const bool isMoreToDo = care_->Tend(pace);
+        bulkLog_.CheckpointWhenDue();
+        return isMoreToDo;
+    }
+    struct Relaxed {
+        explicit Relaxed(sqlite3* handle) : database(handle) {
+            RunStatements(database, "PRAGMA synchronous = NORMAL");
+        }
+        ~Relaxed() {
+            sqlite3_exec(database, "PRAGMA synchronous = FULL", nullptr, nullptr, nullptr);
+        }
+        sqlite3* database;
+    } relaxed(database_.get());
+    return care_->Tend(pace);
+}
+
+std::unique_ptr<RowCursor> SqliteSession::OpenCursor(std::string_view sql,
+                                                     std::span<const BoundValue> values) {
+    return std::make_unique<SqliteCursor>(database_.get(),
+                                          PrepareCached(sql, StatementPurpose::Query), values);
 }
 
 std::int64_t SqliteSession::Act(std::string_view text) {
@@ -179,7 +282,12 @@ std::int64_t SqliteSession::Act(std::string_view text) {
     const StatementGuard::Scope scope(guard_, StatementPurpose::Action);
     const StatementRun run(statement);
     BindLiterals(database_.get(), statement, translation);
-    return RunAction(statement);
+    const std::int64_t changed = RunAction(statement);
+    if (writeMode_ == WriteMode::Bulk && care_ && care_->NoteWritten(text.size())) {
+        bulkLog_.LetGo();
+        care_->TendWhileWriting();
+    }
+    return changed;
 }
 
 std::int64_t SqliteSession::RunAction(sqlite3_stmt* statement) {
@@ -202,6 +310,8 @@ void SqliteSession::RunScript(std::string_view script) {
     // What was prepared before belongs to the old schema.
     namedQueries_.Clear();
     statements_.Clear();
+    if (lookup_) lookup_->Clear();
+    if (care_) care_->Forget();
     bulkLog_.LetGo();
     RunStatements(database_.get(), "BEGIN IMMEDIATE");
     try {
@@ -224,6 +334,8 @@ void SqliteSession::SetWriteMode(WriteMode mode) {
     const StatementGuard::Scope scope(guard_, StatementPurpose::Internal);
     const WriteMode previous = std::exchange(writeMode_, mode);
     bulkLog_.End();
+    if (previous == WriteMode::Bulk && mode == WriteMode::EachStatement && care_)
+        care_->EndWriting();
     RunStatements(database_.get(), mode == WriteMode::Bulk ? "PRAGMA synchronous = NORMAL"
                                                            : "PRAGMA synchronous = FULL");
     if (mode == WriteMode::Bulk) bulkLog_.Begin(database_.get());

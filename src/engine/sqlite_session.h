@@ -3,16 +3,21 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "engine/bulk_log.h"
+#include "engine/candidate_table.h"
 #include "engine/named_queries.h"
 #include "engine/session.h"
 #include "engine/sqlite_handle.h"
 #include "engine/statement_cache.h"
 #include "engine/statement_guard.h"
+#include "engine/text_index_care.h"
+#include "engine/text_lookup.h"
 
 namespace snippetarium {
 
@@ -28,8 +33,13 @@ class SqliteSession final : public Session {
     Recordset Query(std::string_view text) override;
     Recordset NamedQuery(std::string_view name, std::span<const Parameter> parameters) override;
     Recordset Search(std::string_view text) override;
+    Recordset NamedSearch(std::string_view name, std::span<const Parameter> parameters) override;
+    std::unique_ptr<RowCursor> OpenCursor(std::string_view sql,
+                                          std::span<const BoundValue> values) override;
     std::int64_t Act(std::string_view text) override;
     void RunScript(std::string_view script) override;
+    TextCandidates FindTextCandidates(const TextColumn& column, std::string_view literal) override;
+    bool TendTextIndex(TendingPace pace) override;
     std::int32_t UserVersion() override;
     void SetWriteMode(WriteMode mode) override;
     void Checkpoint() override;
@@ -48,16 +58,21 @@ class SqliteSession final : public Session {
     sqlite3_stmt* PrepareCached(std::string_view sql, StatementPurpose purpose);
     Recordset ReadRows(sqlite3_stmt* statement,
                        std::size_t mostBytes = std::numeric_limits<std::size_t>::max());
-    Recordset RunSearch(std::string_view sql);
+    template <typename Find>
+    auto Searching(Find&& find);
+    StatementHandle PrepareSearch(std::string_view text, std::string_view sql);
     std::int64_t RunAction(sqlite3_stmt* statement);
 
     std::string path_;
     SearchCancel cancel_;
     StatementGuard guard_;
+    CandidateTable candidates_;
     DatabaseHandle database_;  // behind what it calls back, before what is prepared on it
     StatementCache statements_;
     NamedQueries namedQueries_;
     BulkLog bulkLog_;
+    std::optional<TextLookup> lookup_;
+    std::optional<TextIndexCare> care_;
     WriteMode writeMode_ = WriteMode::EachStatement;
 };
 

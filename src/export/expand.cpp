@@ -13,7 +13,8 @@ std::string Expand(Database& db, Procedure operation, MarkerFamily family,
     return Guarded(db.Reporter(), operation, [&] {
         Remarks unused;  // they are for the report of a whole file
         const WholeTexts whole(db, classID);
-        return ExpandMarkers(family, classText, ReadProcedureTexts(db, classID, whole, unused));
+        return ExpandMarkers(family, classText, ReadProcedureTexts(db, classID, whole, unused))
+            .text;
     });
 }
 

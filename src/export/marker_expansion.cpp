@@ -39,20 +39,46 @@ void CheckLength(const std::string& text) {
                 "they contain each other's markers. Rename one of them.");
 }
 
+/// The procedures, and which of them have been put into the text.
+class PlacedProcedures {
+  public:
+    explicit PlacedProcedures(std::span<const ProcedureText> procedures)
+        : procedures_(procedures), isPlaced_(procedures.size()) {}
+
+    const ProcedureText& Place(std::size_t index) {
+        isPlaced_[index] = true;
+        return procedures_[index];
+    }
+    std::vector<std::string> NamesOfOthers() const {
+        std::vector<std::string> names;
+        for (std::size_t i = 0; i < procedures_.size(); ++i) {
+            if (!isPlaced_[i]) names.push_back(procedures_[i].codeName);
+        }
+        return names;
+    }
+
+  private:
+    std::span<const ProcedureText> procedures_;
+    std::vector<bool> isPlaced_;
+};
+
 /// The expansion in one pass. Each step returns false where it may differ from the rule.
 class OnePass {
   public:
-    OnePass(MarkerFamily family, std::string_view classText)
+    OnePass(MarkerFamily family, std::string_view classText,
+            std::span<const ProcedureText> procedures)
         : family_(family),
           form_(FormOf(family)),
           end_(std::string(form_.end).append(form_.lineBreak)),
-          classText_(classText) {}
+          classText_(classText),
+          procedures_(procedures),
+          placed_(procedures) {}
 
-    bool Know(std::span<const ProcedureText> procedures) {
-        for (const ProcedureText& procedure : procedures) {
-            const std::string_view name = procedure.codeName;
+    bool ReadNames() {
+        for (std::size_t i = 0; i < procedures_.size(); ++i) {
+            const std::string_view name = procedures_[i].codeName;
             if (name.find(kMarkerWord) != name.npos || name.find(end_) != name.npos) return false;
-            byName_.emplace(name, &procedure);  // of equal names, the first one's turn comes first
+            byName_.emplace(name, i);  // of equal names, the first one's turn comes first
         }
         return true;
     }
@@ -73,7 +99,7 @@ class OnePass {
                 continue;
             }
             expanded_.append(classText_, copied, at - copied);
-            expanded_ += InsertedText(family_, *found->second);
+            expanded_ += InsertedText(family_, placed_.Place(found->second));
             CheckLength(expanded_);
             copied = markerEnd;
             at = classText_.find(form_.beginning, copied);
@@ -94,26 +120,29 @@ class OnePass {
         return at == expanded_.npos;
     }
 
-    std::string Take() { return std::move(expanded_); }
+    ExpandedText Take() { return {std::move(expanded_), placed_.NamesOfOthers()}; }
 
   private:
     MarkerFamily family_;
     MarkerForm form_;
     std::string end_;
     std::string_view classText_;
-    std::unordered_map<std::string_view, const ProcedureText*> byName_;
+    std::span<const ProcedureText> procedures_;
+    PlacedProcedures placed_;
+    std::unordered_map<std::string_view, std::size_t> byName_;
     std::vector<std::string_view> nobodys_;
     std::string expanded_;
 };
 
-std::string ExpandByTheRule(MarkerFamily family, std::string_view classText,
-                            std::span<const ProcedureText> procedures) {
+ExpandedText ExpandByTheRule(MarkerFamily family, std::string_view classText,
+                             std::span<const ProcedureText> procedures) {
     std::string text(classText);
-    for (const ProcedureText& procedure : procedures) {
-        const std::string marker = MarkerLine(family, procedure.codeName);
+    PlacedProcedures placed(procedures);
+    for (std::size_t i = 0; i < procedures.size(); ++i) {
+        const std::string marker = MarkerLine(family, procedures[i].codeName);
         std::size_t at = text.find(marker);
         if (at == text.npos) continue;
-        const std::string inserted = InsertedText(family, procedure);
+        const std::string inserted = InsertedText(family, placed.Place(i));
         std::string replaced;
         std::size_t copied = 0;
         for (; at != text.npos; at = text.find(marker, copied)) {
@@ -123,7 +152,7 @@ std::string ExpandByTheRule(MarkerFamily family, std::string_view classText,
         }
         text = replaced.append(text, copied);
     }
-    return text;
+    return {std::move(text), placed.NamesOfOthers()};
 }
 
 }  // namespace
@@ -135,10 +164,10 @@ std::string InsertedText(MarkerFamily family, const ProcedureText& procedure) {
     return text.append(procedure.code).append(lineBreak);
 }
 
-std::string ExpandMarkers(MarkerFamily family, std::string_view classText,
-                          std::span<const ProcedureText> procedures) {
-    OnePass pass(family, classText);
-    if (pass.Know(procedures) && pass.Expand() && pass.Check()) return pass.Take();
+ExpandedText ExpandMarkers(MarkerFamily family, std::string_view classText,
+                           std::span<const ProcedureText> procedures) {
+    OnePass pass(family, classText, procedures);
+    if (pass.ReadNames() && pass.Expand() && pass.Check()) return pass.Take();
     return ExpandByTheRule(family, classText, procedures);
 }
 

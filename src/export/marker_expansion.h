@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "export/markers.h"
 
@@ -22,6 +23,12 @@ struct ProcedureText {
 /// own.
 std::string InsertedText(MarkerFamily family, const ProcedureText& procedure);
 
+struct ExpandedText {
+    std::string text;
+    /// The names of the procedures that had no marker, so that the text is without them.
+    std::vector<std::string> leftOut;
+};
+
 /// The class's text with each procedure in the place of its markers. The rule: for one procedure
 /// after the other, every occurrence of its marker is replaced. Letter case counts, a marker
 /// includes the line break that belongs to its family, and a marker in a text that was inserted is
@@ -29,7 +36,7 @@ std::string InsertedText(MarkerFamily family, const ProcedureText& procedure);
 ///
 /// Throws Error where procedures that contain each other's markers make the text grow beyond all
 /// measure.
-std::string ExpandMarkers(MarkerFamily family, std::string_view classText,
-                          std::span<const ProcedureText> procedures);
+ExpandedText ExpandMarkers(MarkerFamily family, std::string_view classText,
+                           std::span<const ProcedureText> procedures);
 
 }  // namespace snippetarium

@@ -37,6 +37,23 @@ SourceForm FormOfClass(Database& db, std::int32_t classID, Remarks& remarks) {
     return {};
 }
 
+/// The class's text with its procedures in it. One that has no marker there is not in the file, and
+/// nobody who looks at the file can see that it is missing.
+std::string ExpandClassText(Database& db, const ClassFile& file, std::string_view classText,
+                            const WholeTexts& whole, Remarks& remarks) {
+    const MarkerFamily family = MarkerFamilyOf(file.languageID);
+    ExpandedText expanded =
+        ExpandMarkers(family, classText, ReadProcedureTexts(db, file.classID, whole, remarks));
+    for (const std::string& name : expanded.leftOut) {
+        remarks.push_back(
+            "The procedure '" + name + "' of the class '" + ClassNameByID(db, file.classID) +
+            "' is not in the file, because the class's text does not say where. Put "
+            "the line " +
+            MarkerText(family, name) + " into it, or export the procedure by itself.");
+    }
+    return std::move(expanded.text);
+}
+
 Remarks PutProcedureFile(Database& db, FileSystem& files, std::string_view path,
                          std::int32_t codeID, OutputMode mode) {
     const Recordset row = ClassCodeRSByCodeID(db, codeID);
@@ -74,7 +91,6 @@ Error NoSuchRecord(std::string_view kind, std::int32_t id) {
 Remarks PutClassFile(Database& db, FileSystem& files, std::string_view path, const ClassFile& file,
                      OutputMode mode) {
     Remarks remarks;
-    const MarkerFamily family = MarkerFamilyOf(file.languageID);
     const WholeTexts whole(db, file.classID);
     const Owner owner{OwnerKind::Class, file.classID};
     const std::string name = ClassNameByID(db, file.classID);
@@ -83,10 +99,9 @@ Remarks PutClassFile(Database& db, FileSystem& files, std::string_view path, con
     const std::string classText =
         whole.Whole({owner, "classDI", name, file.classText}, remarks) + "\r\n";
     const std::string header = whole.Whole({owner, "classComment", name, file.header}, remarks);
-    const std::string text = LayOutClass(
-        family,
-        ExpandMarkers(family, classText, ReadProcedureTexts(db, file.classID, whole, remarks)),
-        header);
+    const std::string text =
+        LayOutClass(MarkerFamilyOf(file.languageID),
+                    ExpandClassText(db, file, classText, whole, remarks), header);
     PutText(files, {path, text, FormOfClass(db, file.classID, remarks)}, mode, remarks);
     return remarks;
 }

@@ -1,6 +1,7 @@
 #include "forms/fPage.h"
 
 #include <QClipboard>
+#include <QEvent>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QPrintDialog>
@@ -77,6 +78,14 @@ QString fPage::HeadingHtml() const {
                         ToQt(line.text).toHtmlEscaped(), ToQt(line.targetKey));
     }
     return html + "</table>";
+}
+
+void fPage::changeEvent(QEvent* event) {
+    ChildPane::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange) return;
+    // The colour of links is part of the text that was laid out.
+    ui_->lblHeading->clear();
+    ui_->lblHeading->setText(HeadingHtml());
 }
 
 void fPage::MarkWords(const QStringList& words) {

@@ -57,6 +57,9 @@ class fPage final : public ChildPane {
     void SelectionChanged();
     void MenuRequested(const QPoint& globalPosition);
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
     QString HeadingHtml() const;
     void ApplyTextSize();

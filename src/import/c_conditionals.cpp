@@ -17,14 +17,17 @@ struct Branch {
 
 using Group = std::vector<Branch>;
 
+constexpr std::size_t kDeepestGroup = 50;
+
 /// In the order of their #endif, so that an outer group is judged after those inside it. A group
-/// that is never closed ends with the text.
+/// that is never closed ends with the text. Those that nest deeper than any sensible one are left
+/// out: to judge a group is to look at all that is in it.
 std::vector<Group> FindGroups(const CTokens& tokens) {
     std::vector<Group> closed;
     std::vector<Group> open;
     const auto close = [&](std::size_t last) {
         open.back().back().last = last;
-        closed.push_back(std::move(open.back()));
+        if (open.size() <= kDeepestGroup) closed.push_back(std::move(open.back()));
         open.pop_back();
     };
     for (const CDirective& directive : tokens.directives) {

@@ -6,14 +6,18 @@
 
 #include "import/c_live_tokens.h"
 #include "import/c_names.h"
+#include "support/utf8.h"
 
 namespace snippetarium {
 
 namespace {
 
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
-/// Names are cut when they are stored; a longer path would only take memory.
-constexpr std::size_t kLongestPath = 1000;
+/// In characters. Names are cut when they are stored; a longer path would only take memory.
+constexpr std::size_t kLongestPath = 255;
+/// In tokens: between "operator" and its parameters. It keeps the search short where there are
+/// none.
+constexpr std::size_t kLongestOperator = 200;
 
 // clang-format off
 /// Words whose brackets hold no parameters.
@@ -111,7 +115,8 @@ class DefinitionScanner {
         if (live_.Is(open, '(') && live_.Is(open + 1, ')')) {
             open += 2;
         } else {
-            while (open < live_.Size() && !live_.IsAnyOf(open, "(;{"))
+            const std::size_t last = std::min(live_.Size(), i + kLongestOperator);
+            while (open < last && !live_.IsAnyOf(open, "(;{"))
                 open = live_.Opens(open, '<') ? live_.Closing(open) + 1 : open + 1;
         }
         if (!live_.Opens(open, '(')) return i + 1;
@@ -208,8 +213,8 @@ class DefinitionScanner {
 
     std::size_t Enter(std::size_t brace, const std::string& name) {
         std::string path = scopes_.empty() ? std::string() : scopes_.back();
-        if (!name.empty() && path.size() < kLongestPath) path += name + "::";
-        scopes_.push_back(std::move(path));
+        if (!name.empty()) path += name + "::";
+        scopes_.emplace_back(CutToCharacters(path, kLongestPath));
         return NextHead(brace + 1);
     }
 

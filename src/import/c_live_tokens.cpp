@@ -12,8 +12,14 @@ char OpenerOf(char closer) {
 }  // namespace
 
 CLiveTokens::CLiveTokens(const CTokens& tokens) : tokens_(tokens) {
+    live_.reserve(tokens.tokens.size());
+    signs_.reserve(tokens.tokens.size());
     for (std::uint32_t i = 0; i < tokens.tokens.size(); ++i) {
-        if (!tokens.tokens[i].isMasked) live_.push_back(i);
+        const CToken& token = tokens.tokens[i];
+        if (token.isMasked) continue;
+        live_.push_back(i);
+        const bool isSign = token.kind == CTokenKind::Punctuation;
+        signs_ += isSign ? tokens.text[token.begin] : '\0';
     }
     PairBrackets();
 }
@@ -24,15 +30,6 @@ std::string_view CLiveTokens::Text(std::size_t i) const {
 
 bool CLiveTokens::IsKind(std::size_t i, CTokenKind kind) const {
     return i < Size() && (*this)[i].kind == kind;
-}
-
-bool CLiveTokens::Is(std::size_t i, char character) const {
-    return IsKind(i, CTokenKind::Punctuation) && tokens_.text[(*this)[i].begin] == character;
-}
-
-bool CLiveTokens::IsAnyOf(std::size_t i, std::string_view characters) const {
-    return IsKind(i, CTokenKind::Punctuation) &&
-           characters.find(tokens_.text[(*this)[i].begin]) != std::string_view::npos;
 }
 
 /// A "<" or ">" that belongs to an operator's name or to an arrow.
@@ -63,7 +60,7 @@ void CLiveTokens::PairBrackets() {
             closing_[open.back()] = i;
             open.pop_back();
         } else if (IsAnyOf(i, ")}]")) {
-            const char opener = OpenerOf(tokens_.text[(*this)[i].begin]);
+            const char opener = OpenerOf(signs_[i]);
             if (opener == '{' && openBraces == 0) continue;
             // What was left open inside is passed over. Nothing but a brace closes over a brace.
             while (!open.empty() && !Is(open.back(), opener) &&

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -26,9 +27,18 @@ class CLiveTokens {
     bool IsWord(std::size_t i) const { return IsKind(i, CTokenKind::Word); }
     bool IsWord(std::size_t i, std::string_view word) const { return IsWord(i) && Text(i) == word; }
     /// Is it this character of punctuation?
-    bool Is(std::size_t i, char character) const;
+    bool Is(std::size_t i, char character) const {
+        return i < signs_.size() && signs_[i] == character;
+    }
     /// Is it punctuation, and one of these characters?
-    bool IsAnyOf(std::size_t i, std::string_view characters) const;
+    bool IsAnyOf(std::size_t i, std::string_view characters) const {
+        const char sign = i < signs_.size() ? signs_[i] : '\0';
+        if (sign == '\0') return false;
+        for (const char character : characters) {
+            if (character == sign) return true;
+        }
+        return false;
+    }
     /// Do two colons start here?
     bool IsScope(std::size_t i) const { return Is(i, ':') && Is(i + 1, ':'); }
 
@@ -47,6 +57,8 @@ class CLiveTokens {
 
     const CTokens& tokens_;
     std::vector<std::uint32_t> live_;
+    /// The characters of those that are punctuation, '\0' for the others: what is asked for most.
+    std::string signs_;
     std::vector<std::uint32_t> closing_;
 };
 

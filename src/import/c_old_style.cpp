@@ -8,7 +8,7 @@ namespace {
 
 /// No function has declarations of parameters that are longer, in tokens. It keeps the search
 /// short where there is no body.
-constexpr std::size_t kLongestDeclarations = 2000;
+constexpr std::size_t kLongestDeclarations = 400;
 
 bool StartsOtherDeclaration(std::string_view word) {
     return word == "extern" || word == "static" || word == "typedef";

@@ -141,13 +141,14 @@ class Tokeniser {
     /// R"delimiter( ... )delimiter"
     void SkipRawString() {
         constexpr std::size_t kLongestDelimiter = 16;
-        const std::size_t open = text_.find('(', at_);
-        if (open == std::string_view::npos || open - at_ - 1 > kLongestDelimiter) {
+        const std::string_view start = text_.substr(at_ + 1, kLongestDelimiter + 1);
+        const std::size_t length = start.find_first_of("( )\\\"\t\v\f\r\n");
+        if (length == std::string_view::npos || start[length] != '(') {
             SkipQuoted('"');
             return;
         }
-        const std::string close = ")" + std::string(text_.substr(at_ + 1, open - at_ - 1)) + "\"";
-        const std::size_t end = text_.find(close, open);
+        const std::string close = ")" + std::string(start.substr(0, length)) + "\"";
+        const std::size_t end = text_.find(close, at_ + 1 + length);
         at_ = end == std::string_view::npos ? text_.size() : end + close.size();
     }
 

@@ -33,6 +33,19 @@ bool StartsItsLine(std::string_view text, std::size_t position) {
     return position == 0 || text[position - 1] == '\n';
 }
 
+/// Is this, behind a unit on its last line, something that goes with it: a semicolon, a comment?
+bool BelongsToUnit(std::string_view rest) {
+    while (true) {
+        const auto end = std::ranges::find_if_not(
+            rest, [](char character) { return IsBlank(character) || character == ';'; });
+        rest.remove_prefix(static_cast<std::size_t>(end - rest.begin()));
+        if (rest.empty() || rest.starts_with("//")) return true;
+        const std::size_t close = rest.find("*/", 2);
+        if (!rest.starts_with("/*") || close == std::string_view::npos) return false;
+        rest.remove_prefix(close + 2);
+    }
+}
+
 /// Cuts units out of one text, the first one first.
 class UnitCutter {
   public:
@@ -73,8 +86,7 @@ class UnitCutter {
         if (end == std::string_view::npos || end + kLineBreak.size() == text_.size()) {
             return std::nullopt;
         }
-        const std::string_view rest = text_.substr(code.end, end - code.end);
-        if (!std::all_of(rest.begin(), rest.end(), IsBlank)) return std::nullopt;
+        if (!BelongsToUnit(text_.substr(code.end, end - code.end))) return std::nullopt;
         return TextRange{LineStart(text_, code.begin), end};
     }
 

@@ -25,8 +25,8 @@ enum class UnitPlacement : std::uint8_t {
     /// Any stretch: export puts comment and code in the marker's place and adds nothing.
     Exact,
     /// Only what stands on lines of its own: export adds a line break behind the comment and behind
-    /// the code. The lines are cut with their indentation and what is blank at their end. Other
-    /// units stay in the text.
+    /// the code. The lines are cut with their indentation, and with what is blank, a semicolon or a
+    /// comment at their end. Other units stay in the text.
     WholeLines,
 };
 

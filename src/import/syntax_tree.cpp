@@ -4,115 +4,13 @@
 
 #include <algorithm>
 #include <bit>
-#include <chrono>
-#include <limits>
 #include <type_traits>
 
-#include "import/parser_limits.h"
 #include "support/utf8.h"
-
-extern "C" {
-const TSLanguage* tree_sitter_java(void);
-const TSLanguage* tree_sitter_c_sharp(void);
-const TSLanguage* tree_sitter_javascript(void);
-}
 
 namespace snippetarium {
 
-// A parser of this kind reads every text to its end, but a hostile one can make it try so many
-// readings at once that it takes minutes and gigabytes. So it works in short turns, and between two
-// of them it is looked at how far it has come, what it has taken, and whether the user still wants
-// the result. A turn ends between tokens only; what makes a single token expensive is looked at
-// before (import/parser_limits.h).
-
 namespace {
-
-constexpr std::chrono::milliseconds kTurn{20};
-constexpr std::chrono::seconds kLongestParse{10};
-constexpr std::size_t kMostMemory = 120 * 1024 * 1024;
-constexpr std::size_t kBytesRead = 4096;
-
-const TSLanguage* LanguageOf(Grammar grammar) {
-    switch (grammar) {
-        case Grammar::Java:
-            return tree_sitter_java();
-        case Grammar::CSharp:
-            return tree_sitter_c_sharp();
-        case Grammar::JavaScript:
-            return tree_sitter_javascript();
-    }
-    return nullptr;
-}
-
-/// The text as the parser asks for it.
-struct Reading {
-    std::string_view text;
-    std::size_t reached = 0;
-};
-
-const char* Read(void* payload, std::uint32_t offset, TSPoint, std::uint32_t* length) {
-    Reading& reading = *static_cast<Reading*>(payload);
-    const std::size_t begin = std::min<std::size_t>(offset, reading.text.size());
-    const std::size_t end = std::min(begin + kBytesRead, reading.text.size());
-    reading.reached = std::max(reading.reached, end);
-    *length = static_cast<std::uint32_t>(end - begin);
-    return reading.text.data() + begin;
-}
-
-class BoundedParser {
-  public:
-    BoundedParser(std::string_view text, Grammar grammar, LineProgress& progress)
-        : reading_{text}, progress_(progress) {
-        ts_parser_set_language(parser_.get(), LanguageOf(grammar));
-        ts_parser_set_timeout_micros(parser_.get(), std::chrono::microseconds(kTurn).count());
-    }
-
-    ParseResult Run() {
-        if (HasTooMuchUnfinished(reading_.text)) return TooTangled();
-        const auto deadline = std::chrono::steady_clock::now() + kLongestParse;
-        const std::size_t memoryBefore = MemoryInUse();
-        while (true) {
-            const TSInput input{&reading_, Read, TSInputEncodingUTF8};
-            if (TSTree* tree = ts_parser_parse(parser_.get(), nullptr, input)) {
-                ReportLines();
-                return {ParseEnd::Done, SyntaxTree(tree)};
-            }
-            ReportLines();
-            if (progress_.IsCancelled()) return {ParseEnd::Cancelled};
-            if (std::chrono::steady_clock::now() > deadline ||
-                MemoryInUse() > memoryBefore + kMostMemory) {
-                return TooTangled();
-            }
-        }
-    }
-
-  private:
-    struct Deleter {
-        void operator()(TSParser* parser) const { ts_parser_delete(parser); }
-    };
-
-    /// The lines that nobody reads count too.
-    ParseResult TooTangled() {
-        reading_.reached = reading_.text.size();
-        ReportLines();
-        return {progress_.IsCancelled() ? ParseEnd::Cancelled : ParseEnd::TooTangled};
-    }
-
-    void ReportLines() {
-        const std::string_view text = reading_.text;
-        while (!progress_.IsCancelled()) {
-            const std::size_t end = text.find('\n', reported_);
-            if (end >= reading_.reached) return;
-            reported_ = end + 1;
-            progress_.LineRead();
-        }
-    }
-
-    std::unique_ptr<TSParser, Deleter> parser_{ts_parser_new()};
-    Reading reading_;
-    LineProgress& progress_;
-    std::size_t reported_ = 0;
-};
 
 bool IsComment(std::string_view kind) {
     return kind == "comment" || kind == "line_comment" || kind == "block_comment" ||
@@ -121,6 +19,13 @@ bool IsComment(std::string_view kind) {
 
 bool IsBlank(char character) {
     return static_cast<unsigned char>(character) <= ' ';
+}
+
+/// Where what stands before the blanks in front of this position ends; 0 where nothing does.
+std::size_t EndBefore(std::string_view text, std::size_t position) {
+    while (position > 0 && IsBlank(text[position - 1]))
+        --position;
+    return position;
 }
 
 }  // namespace
@@ -233,26 +138,26 @@ void SyntaxTree::Deleter::operator()(TSTree* tree) const {
     ts_tree_delete(tree);
 }
 
-ParseResult ParseSyntax(std::string_view text, Grammar grammar, LineProgress& progress) {
-    if (text.size() > std::numeric_limits<std::uint32_t>::max()) return {ParseEnd::TooTangled};
-    return BoundedParser(text, grammar, progress).Run();
-}
-
-std::vector<TextRange> FindComments(const SyntaxTree& tree, std::span<const TextRange> skipped) {
+std::vector<TextRange> CommentsAbove(const SyntaxTree& tree, std::string_view text,
+                                     std::span<const SourceUnit> units) {
     std::vector<TextRange> comments;
     if (tree.Root().IsNull()) return comments;
-    Cursor cursor(tree.Root());
-    while (true) {
-        const SyntaxNode node = cursor.Node();
-        const TextRange range = node.Range();
-        while (!skipped.empty() && skipped.front().end <= range.begin)
-            skipped = skipped.subspan(1);
-        const bool isSkipped = !skipped.empty() && skipped.front().begin <= range.begin &&
-                               range.end <= skipped.front().end;
-        if (!isSkipped && IsComment(node.Kind())) comments.push_back(range);
-        if (!isSkipped && cursor.ToFirstChild()) continue;
-        if (!cursor.ToNextBehind()) return comments;
+    const TSNode root = NodeAccess::Raw(tree.Root());
+    for (const SourceUnit& unit : units) {
+        const std::size_t first = comments.size();
+        std::size_t above = EndBefore(text, unit.code.begin);
+        while (above > 0) {
+            const auto last = static_cast<std::uint32_t>(above - 1);
+            const SyntaxNode node =
+                NodeAccess::Node(ts_node_descendant_for_byte_range(root, last, last + 1));
+            const bool isTaken = first > 0 && last < comments[first - 1].end;
+            if (isTaken || !IsComment(node.Kind())) break;
+            comments.push_back(node.Range());
+            above = EndBefore(text, comments.back().begin);
+        }
+        std::reverse(comments.begin() + static_cast<std::ptrdiff_t>(first), comments.end());
     }
+    return comments;
 }
 
 std::string TextOnOneLine(const SyntaxNode& node, std::string_view text) {

@@ -9,16 +9,15 @@
 #include <string_view>
 #include <vector>
 
-#include "import/line_progress.h"
+#include "import/source_units.h"
 #include "import/text_range.h"
 
 struct TSTree;
 
 namespace snippetarium {
 
-// Syntax trees of source files. This is all that the analysers see of the parser library.
-
-enum class Grammar : std::uint8_t { Java, CSharp, JavaScript };
+// Syntax trees of source files (import/syntax_parser.h makes them). This and the parser are all
+// that the analysers see of the parser library.
 
 /// One node of a syntax tree; lives as long as its tree. A null node has no children, no fields, an
 /// empty kind and an empty range.
@@ -61,27 +60,11 @@ class SyntaxTree {
     std::unique_ptr<TSTree, Deleter> tree_;
 };
 
-enum class ParseEnd : std::uint8_t {
-    Done,
-    /// The user cancelled the import.
-    Cancelled,
-    /// More brackets within brackets, more time or more memory than any sensible file takes.
-    TooTangled,
-};
-
-struct ParseResult {
-    ParseEnd end = ParseEnd::Done;
-    /// Empty (a null root) unless Done.
-    SyntaxTree tree = {};
-};
-
-/// Parses any text; what is no source of that language becomes error nodes. Moves `progress` on
-/// with the lines that were read, which lets the user cancel.
-ParseResult ParseSyntax(std::string_view text, Grammar grammar, LineProgress& progress);
-
-/// The comments of the text, in its order. Those inside the `skipped` ranges, which stand in the
-/// order of the text, may be left out.
-std::vector<TextRange> FindComments(const SyntaxTree& tree, std::span<const TextRange> skipped);
+/// The comments that stand above the units with nothing but blanks between: of each unit the
+/// nearest one, what stands above that, and so on. In the order of the text, which the units have
+/// too.
+std::vector<TextRange> CommentsAbove(const SyntaxTree& tree, std::string_view text,
+                                     std::span<const SourceUnit> units);
 
 /// A name in characters: what is longer is not stored.
 inline constexpr std::size_t kLongestName = 255;

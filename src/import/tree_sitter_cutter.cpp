@@ -8,7 +8,8 @@
 #include "import/csharp_directives.h"
 #include "import/javascript_functions.h"
 #include "import/source_units.h"
-#include "import/syntax_tree.h"
+#include "import/syntax_parser.h"
+#include "import/type_bodies.h"
 #include "import/type_members.h"
 
 namespace snippetarium {
@@ -44,20 +45,17 @@ CutFile Whole(std::string_view text, ParseEnd end) {
     return file;
 }
 
-std::vector<TextRange> CommentsOf(const SyntaxTree& tree, std::span<const SourceUnit> units) {
-    std::vector<TextRange> codes;
-    codes.reserve(units.size());
-    for (const SourceUnit& unit : units)
-        codes.push_back(unit.code);
-    return FindComments(tree, codes);
-}
-
-CutFile CutTypes(std::string_view text, std::string_view parseCopy, Grammar grammar,
-                 UnitPlacement placement, LineProgress& progress) {
-    const ParseResult parsed = ParseSyntax(parseCopy, grammar, progress);
+CutFile CutTypes(std::string_view text, Grammar grammar, UnitPlacement placement,
+                 LineProgress& progress) {
+    std::string parseCopy = ParseCopy(text);
+    TypeTokens found = TokeniseTypes(parseCopy, grammar);
+    BlankCSharpDirectives(parseCopy, found);
+    const ParseResult parsed =
+        ParseSyntax(parseCopy, grammar, progress, FindTypeBodies(found.tokens, grammar));
     if (parsed.end != ParseEnd::Done) return Whole(text, parsed.end);
     TypeMembers members = FindTypeMembers(parsed.tree.Root(), text);
-    CutFile file = CutUnits(text, members.units, CommentsOf(parsed.tree, members.units), placement);
+    CutFile file = CutUnits(text, members.units,
+                            CommentsAbove(parsed.tree, parseCopy, members.units), placement);
     file.className = std::move(members.firstType);
     return file;
 }
@@ -65,13 +63,11 @@ CutFile CutTypes(std::string_view text, std::string_view parseCopy, Grammar gram
 }  // namespace
 
 CutFile CutJava(std::string_view text, LineProgress& progress) {
-    return CutTypes(text, ParseCopy(text), Grammar::Java, UnitPlacement::Exact, progress);
+    return CutTypes(text, Grammar::Java, UnitPlacement::Exact, progress);
 }
 
 CutFile CutCSharp(std::string_view text, LineProgress& progress) {
-    std::string parseCopy = ParseCopy(text);
-    BlankCSharpDirectives(parseCopy);
-    return CutTypes(text, parseCopy, Grammar::CSharp, UnitPlacement::WholeLines, progress);
+    return CutTypes(text, Grammar::CSharp, UnitPlacement::WholeLines, progress);
 }
 
 CutFile CutJavaScript(std::string_view text, LineProgress& progress) {
@@ -88,7 +84,7 @@ ScriptUnits FindJavaScriptUnits(std::string_view text, LineProgress& progress) {
     if (parsed.end == ParseEnd::TooTangled) found.problems.emplace_back(kTooTangled);
     if (parsed.end != ParseEnd::Done) return found;
     found.units = FindJavaScriptFunctions(parsed.tree.Root(), text);
-    found.comments = CommentsOf(parsed.tree, found.units);
+    found.comments = CommentsAbove(parsed.tree, parseCopy, found.units);
     return found;
 }
 

@@ -75,8 +75,8 @@ EditRequest ContentsPane::DoubleClick(const ContentsItem& item) {
 }
 
 bool ContentsPane::MayEditName(const ContentsItem& item) const {
-    return item.Kind() != NodeKind::Placeholder && item.Text() != kUndefinedApplicationText &&
-           item.Text() != kUndefinedClassText;
+    return !db_.IsReadOnly() && item.Kind() != NodeKind::Placeholder &&
+           item.Text() != kUndefinedApplicationText && item.Text() != kUndefinedClassText;
 }
 
 bool ContentsPane::Rename(const NodeIDs& node, std::string_view name) {

@@ -4,7 +4,8 @@
 #include <tuple>
 #include <utility>
 
-#include "import/parser_limits.h"
+#include "import/memory_in_use.h"
+#include "import/unfinished_text.h"
 #include "navigator/highlight_engine.h"
 #include "navigator/highlight_query.h"
 
@@ -13,10 +14,10 @@ namespace snippetarium {
 namespace {
 
 // As the import does, the text is looked at before it is parsed, and between two turns of the
-// parser it is looked at what it has taken (import/parser_limits.h says why). What takes too much
+// parser it is looked at what it has taken (import/syntax_parser.cpp says why). What takes too much
 // stays plain.
 
-constexpr std::chrono::seconds kLongestParse{4};
+constexpr std::chrono::seconds kLongestParse{2};
 constexpr std::size_t kMostMemory = 120 * 1024 * 1024;
 constexpr std::chrono::microseconds kShortestTurn{500};
 /// Elements of a page that are open at once.
@@ -26,9 +27,9 @@ constexpr std::ptrdiff_t kMostOpenElements = 8'000;
 bool HasTooManyOpenElements(std::string_view text) {
     std::ptrdiff_t open = 0;
     for (std::size_t at = text.find('<'); at + 1 < text.size(); at = text.find('<', at + 1)) {
+        if (at == std::string_view::npos) return false;
         open += text[at + 1] == '/' ? -1 : 1;
         if (open > kMostOpenElements) return true;
-        if (at == std::string_view::npos) break;
     }
     return false;
 }
@@ -122,7 +123,7 @@ class TreeHighlighting final : public Highlighter::Engine {
     /// False for a text that is better left alone.
     bool Begin() {
         const bool isTangled = grammar_ == HighlightGrammar::Html ? HasTooManyOpenElements(text_)
-                                                                  : HasTooMuchUnfinished(text_);
+                                                                  : IsTooUnfinished(text_, {});
         if (isTangled) return false;
         query_ = &HighlightQuery::Of(grammar_);
         parser_.reset(ts_parser_new());

@@ -1,8 +1,11 @@
 #include "navigator/idle_work.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "store/backup.h"
+#include "store/database.h"
+#include "store/text_index.h"
 
 namespace snippetarium {
 
@@ -39,6 +42,11 @@ void IdleWork::Step() {
         tasks_.insert(tasks_.begin(), std::move(task));
 }
 
+bool IdleWork::Has(std::string_view name) const {
+    return (isStepping_ && current_ == name) ||
+           std::ranges::find(tasks_, name, &Task::name) != tasks_.end();
+}
+
 std::string_view IdleWork::CurrentName() const {
     if (isStepping_) return current_;
     return tasks_.empty() ? std::string_view() : tasks_.front().name;
@@ -54,6 +62,13 @@ void AddDailyBackup(IdleWork& idle, Database& db) {
         BackUpOncePerDay(db);
         return IdleStep::Done;
     });
+}
+
+void AddTextIndexCare(IdleWork& idle, Database& db) {
+    static constexpr std::string_view kName = "Indexing";
+    if (db.IsReadOnly() || idle.Has(kName)) return;
+    idle.Add(std::string(kName),
+             [&db] { return TendTextIndex(db) ? IdleStep::MoreToDo : IdleStep::Done; });
 }
 
 }  // namespace snippetarium

@@ -22,6 +22,8 @@ class IdleWork {
     /// `name` is what the status bar says meanwhile. A step is to take a few milliseconds, where
     /// the work can be divided so; it reports its failures itself.
     void Add(std::string name, Work work);
+    /// Whether work of that name waits or is being done.
+    bool Has(std::string_view name) const;
     /// Does one step of the work that was added first. Does nothing inside another step, which may
     /// let events run.
     void Step();
@@ -45,5 +47,9 @@ class IdleWork {
 
 /// The first backup of the day.
 void AddDailyBackup(IdleWork& idle, Database& db);
+
+/// What the index of texts has to take in and to merge. To be added at the start and after each
+/// change of the catalogue; does nothing where it is added already.
+void AddTextIndexCare(IdleWork& idle, Database& db);
 
 }  // namespace snippetarium

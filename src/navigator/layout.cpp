@@ -68,7 +68,7 @@ void Layout::Restore() {
                                  .top = row["tTop"].Long(),
                                  .width = row["tWidth"].Long(),
                                  .height = row["tHeight"].Long()};
-        window_.SetPlace(TruePlace(db_, stored));
+        if (stored.width > 0 && stored.height > 0) window_.SetPlace(TruePlace(db_, stored));
         TakeOver(row);
         OpenRememberedPanes();
         SettleFronts();

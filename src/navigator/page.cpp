@@ -21,6 +21,10 @@ namespace snippetarium {
 
 namespace {
 
+bool IsBlank(char character) {
+    return static_cast<unsigned char>(character) <= ' ';
+}
+
 /// Grows the text of a page, whose lines end in LF.
 class PageText {
   public:
@@ -34,10 +38,11 @@ class PageText {
         }
     }
 
-    /// Text that begins on a line of its own.
-    void AppendBlock(std::string_view text) {
-        EndLine();
-        Append(text);
+    /// A procedure's code behind its comment. Where the comment was cut out of a file with the
+    /// blanks behind it, these lead to the code, else a line break does.
+    void AppendCode(std::string_view code) {
+        if (!text_.empty() && !IsBlank(text_.back())) text_ += '\n';
+        Append(code);
     }
 
     void AppendLink(std::string_view text, std::string targetKey) {
@@ -145,7 +150,7 @@ void FillPage(Database& db, const CodeRecord& record, Page& page) {
     page.languageID = LanguageOf(db, record);
     PageText text;
     text.Append(ShownComment(Whole(db, page.node, record.comment, "codeComment")));
-    text.AppendBlock(Whole(db, page.node, record.code, "code"));
+    text.AppendCode(Whole(db, page.node, record.code, "code"));
     text.MoveInto(page);
 }
 
@@ -179,7 +184,7 @@ std::string TextToCopy(Database& db, const NodeIDs& node) {
         if (!record) return page.text;
         PageText text;
         text.Append(Whole(db, node, record->comment, "codeComment"));
-        text.AppendBlock(Whole(db, node, record->code, "code"));
+        text.AppendCode(Whole(db, node, record->code, "code"));
         text.MoveInto(page);
         return page.text;
     });

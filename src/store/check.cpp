@@ -8,6 +8,7 @@
 #include "engine/engine_error.h"
 #include "engine/inspection.h"
 #include "engine/integrity.h"
+#include "engine/text_index_check.h"
 #include "store/backup.h"
 #include "store/catalogue_content.h"
 #include "store/check_rules.h"
@@ -15,6 +16,7 @@
 #include "store/job_progress.h"
 #include "store/permanent_rows.h"
 #include "store/schema_comparison.h"
+#include "store/text_index.h"
 #include "support/guard.h"
 
 namespace snippetarium {
@@ -81,6 +83,7 @@ class Check {
                 [&] { Take(CompareSchemas(catalogue, delivered_)); });
         Attempt("stored queries", [&] { Take(CompareStoredQueries(catalogue, delivered_)); });
         Attempt("permanent rows", [&] { Take(FindMissingPermanentRows(catalogue, delivered_)); });
+        Attempt("the text index", [this] { CheckTexts(); });
         const auto rules = CheckRules();
         for (std::size_t i = 0; i < rules.size(); ++i) {
             progress_.SetStage(rules[i].what);
@@ -89,6 +92,30 @@ class Check {
                 throw EngineError(EngineErrorCode::Cancelled, "The check was cancelled.");
             }
             Attempt(rules[i].what, [&] { CheckByRule(catalogue, rules[i]); });
+        }
+    }
+
+    void CheckTexts() {
+        progress_.SetStage("The text index");
+        const auto onProgress = [this](double share) { progress_.Show(share); };
+        for (const TextIndexProblem& problem :
+             CheckTextIndex(path_, IndexedTexts(), onProgress, &progress_)) {
+            CheckFinding finding;
+            const bool isDamaged = !problem.damage.empty();
+            const std::string table(problem.table);
+            finding.kind =
+                isDamaged ? FindingKind::DamagedTextIndex : FindingKind::TextIndexWithGaps;
+            finding.what = isDamaged ? "damage to the text index of " + table
+                                     : "rows of " + table + " that the text index does not know";
+            finding.count = isDamaged ? 1 : problem.lostRows;
+            if (isDamaged) finding.examples = {problem.damage};
+            for (const std::int64_t id : problem.examples)
+                finding.examples.push_back("ID " + std::to_string(id));
+            finding.advice = isDamaged ? "Searches find all there is, but read all texts for it. "
+                                         "Mending makes the index anew."
+                                       : "Searches may miss them. Mending makes the index anew.";
+            finding.mendingScript = TextIndexResetScript();
+            report_.findings.push_back(std::move(finding));
         }
     }
 

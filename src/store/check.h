@@ -38,7 +38,10 @@ enum class FindingKind : std::uint8_t {
     OverlongTextWithoutOwner,
     LeftoverToDelete,
     TrashWithoutEntry,
+    StaleNames,
     DateThatIsNone,
+    DamagedTextIndex,
+    TextIndexWithGaps,
 };
 
 enum class FindingWeight : std::uint8_t { Information, Fault };

@@ -44,6 +44,29 @@ constexpr std::string_view kNoIsoDate =
     "date(substr(dDate, 1, 10), '+0 days') || ' ' || "
     "coalesce(time(substr(dDate, 12), '+0 seconds'), '')), 1)";
 
+// A block of packed names holds exactly those of its rows, in the same letters.
+constexpr std::string_view kStaleApplicationNames =
+    "ownerTableID = 1 AND (entries IS NOT (SELECT group_concat(substr('000' || appID % 1024, -4) "
+    "|| "
+    "substr('000' || length(CAST(appName AS BLOB)), -4), '') FROM tblApplication WHERE appID "
+    "BETWEEN block * 1024 AND block * 1024 + 1023) "
+    "OR names COLLATE BINARY IS NOT (SELECT group_concat(appName, '\n') FROM tblApplication WHERE "
+    "appID BETWEEN block * 1024 AND block * 1024 + 1023))";
+constexpr std::string_view kStaleClassNames =
+    "ownerTableID = 2 AND (entries IS NOT (SELECT group_concat(substr('000' || classID % 1024, -4) "
+    "|| "
+    "substr('000' || length(CAST(className AS BLOB)), -4), '') FROM tblClass WHERE classID BETWEEN "
+    "block * 1024 AND block * 1024 + 1023) "
+    "OR names COLLATE BINARY IS NOT (SELECT group_concat(className, '\n') FROM tblClass WHERE "
+    "classID BETWEEN block * 1024 AND block * 1024 + 1023))";
+constexpr std::string_view kStaleCodeNames =
+    "ownerTableID = 3 AND (entries IS NOT (SELECT group_concat(substr('000' || codeID % 1024, -4) "
+    "|| "
+    "substr('000' || length(CAST(codeName AS BLOB)), -4), '') FROM tblCode WHERE codeID BETWEEN "
+    "block * 1024 AND block * 1024 + 1023) "
+    "OR names COLLATE BINARY IS NOT (SELECT group_concat(codeName, '\n') FROM tblCode WHERE codeID "
+    "BETWEEN block * 1024 AND block * 1024 + 1023))";
+
 constexpr std::string_view kClassID = "'classID ' || classID";
 constexpr std::string_view kCodeID = "'codeID ' || codeID";
 constexpr std::string_view kOwner = "'ownerID ' || ownerID || ', ownerTableID ' || ownerTableID";
@@ -51,6 +74,11 @@ constexpr std::string_view kWordLink =
     "'keywordID ' || keywordID || ', searchWordID ' || searchWordID";
 constexpr std::string_view kBookmark =
     "'appID ' || appID || ', classID ' || classID || coalesce(', codeID ' || codeID, '')";
+
+constexpr std::string_view kNameBlock = "'ownerTableID ' || ownerTableID || ', block ' || block";
+constexpr std::string_view kNamesAdvice =
+    "Quick search misses names. Mending removes the blocks; they are made anew when the catalogue "
+    "is opened.";
 
 constexpr std::string_view kTrashID = "'trashID ' || trashID";
 
@@ -104,6 +132,9 @@ constexpr std::array kRules = {
     CheckRule{TrashWithoutEntry, Fault, "tblTrashFavorite", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashFavorite", kTrashAdvice},
     CheckRule{TrashWithoutEntry, Fault, "tblTrashSourceForm", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashSourceForm", kTrashAdvice},
     CheckRule{TrashWithoutEntry, Fault, "tblTrashOverlong", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashOverlong", kTrashAdvice},
+    CheckRule{StaleNames, Fault, "tblNameBlock", kStaleApplicationNames, kNameBlock, "blocks of packed names that differ from the names of the applications", "DELETE FROM tblNameBlock", kNamesAdvice},
+    CheckRule{StaleNames, Fault, "tblNameBlock", kStaleClassNames, kNameBlock, "blocks of packed names that differ from the names of the classes", "DELETE FROM tblNameBlock", kNamesAdvice},
+    CheckRule{StaleNames, Fault, "tblNameBlock", kStaleCodeNames, kNameBlock, "blocks of packed names that differ from the names of the procedures", "DELETE FROM tblNameBlock", kNamesAdvice},
     CheckRule{DateThatIsNone, Fault, "tblDate", kNoIsoDate, "'dateID ' || dateID", "dates that are no dates", "", "Searches by date miss them. Correct or delete them in the date list of their owners."},
 };
 // clang-format on

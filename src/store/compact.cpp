@@ -7,6 +7,7 @@
 #include "engine/engine_error.h"
 #include "store/backup.h"
 #include "store/database.h"
+#include "store/text_index.h"
 #include "support/busy_pointer.h"
 #include "support/guard.h"
 #include "support/message_boxes.h"
@@ -93,6 +94,7 @@ bool CompactCatalogue(Database& db) {
 bool RunCompaction(Database& db) {
     const bool isDone = Guarded(db.Reporter(), Procedure::RunCompaction, [&] {
         BackUpBefore(db);
+        if (db.GetConnection().IsOpen()) CompleteTextIndex(db);
         // Kept meanwhile, so that this program can go on writing afterwards.
         std::optional<FileLock> writing = db.TakeWriting();
         CloseCatalogue(db);

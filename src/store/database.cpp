@@ -3,7 +3,10 @@
 #include <utility>
 
 #include "engine/engine_error.h"
+#include "store/emptied_classes.h"
 #include "store/migration.h"
+#include "store/packed_names.h"
+#include "store/text_index.h"
 #include "store/trash.h"
 #include "support/guard.h"
 #include "support/message_boxes.h"
@@ -65,13 +68,16 @@ void Database::Open() {
         AcquireWriting();
         connection_.SetMode(mode_);
         connection_.SetVersions(OpenableVersions());
+        connection_.SetTextTables(IndexedTexts());
         connection_.Open();
         BringUpToDate(*this);
         if (mode_ == AccessMode::ReadWrite) {
             // A deletion that was killed leaves IDs here, and the next one would take them for its
             // own, as IDs of other things.
             connection_.ExecuteAction("DELETE FROM tblIDsToDelete WHERE true");
+            ForgetClassesToEmpty(*this);
             PurgeTrash(*this, host_.clock.Now());
+            PackNames(*this);
         }
     } catch (...) {
         Close();

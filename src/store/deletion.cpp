@@ -11,6 +11,7 @@
 #include "store/deletion_plan.h"
 #include "store/deletion_progress.h"
 #include "store/deletion_stage.h"
+#include "store/emptied_classes.h"
 #include "store/owner_keywords.h"
 #include "store/reads_applications.h"
 #include "store/reads_classes.h"
@@ -135,7 +136,8 @@ Stage ApplicationStage(Database& db, std::int32_t appID) {
 
 DeletionPlan PlanForCode(Database& db, std::int32_t codeID) {
     const Owner owner{OwnerKind::Procedure, codeID};
-    return {{KeywordStage(db, owner, kKeywordWeight), AuthorStage(db, Single(owner)),
+    return {{},
+            {KeywordStage(db, owner, kKeywordWeight), AuthorStage(db, Single(owner)),
              DateStage(db, Single(owner)), MarkerStage(db, codeID)},
             {CodeStage(db, std::to_string(codeID), kCodeWeight)}};
 }
@@ -144,6 +146,7 @@ DeletionPlan PlanForClass(Database& db, std::int32_t classID) {
     const Owner owner{OwnerKind::Class, classID};
     const OwnerSet procedures = ProceduresOfClass(classID);
     DeletionPlan plan{
+        std::to_string(classID),
         {KeywordStage(db, owner, kKeywordWeight), AuthorStage(db, procedures),
          AuthorStage(db, Single(owner)), DateStage(db, procedures), DateStage(db, Single(owner))},
         {CodeStage(db, procedures.ids, kCodeWeight)}};
@@ -158,6 +161,7 @@ DeletionPlan PlanForApplication(Database& db, std::int32_t appID) {
     // The more procedures there are, the less the rest counts.
     const double many = 1.0 + CountCodeByAppID(db, appID);
     DeletionPlan plan{
+        classes.ids,
         {KeywordStage(db, owner, kKeywordWeight * many), AuthorStage(db, procedures, many),
          AuthorStage(db, classes), AuthorStage(db, Single(owner)), DateStage(db, procedures, many),
          DateStage(db, classes), DateStage(db, Single(owner))},
@@ -179,13 +183,19 @@ bool Exists(Database& db, const Owner& owner) {
     return !CodeByID(db, owner.id).EndOfFile();
 }
 
+bool Run(Database& db, const DeletionPlan& plan, const OnProgress& onProgress) {
+    const auto deletion = [&] { return RunPlan(plan, onProgress); };
+    if (plan.emptiedClasses.empty()) return deletion();
+    return EmptyClasses(db, plan.emptiedClasses, deletion);
+}
+
 /// A deletion that the user sees.
 void Delete(Database& db, const Owner& owner, const DeletionPlan& plan) {
     if (!Exists(db, owner)) return;
     BulkWriting writing(db.GetConnection());
     DeletionProgress progress(db.GetHost());
     KeepInTrash(db, owner);
-    RunPlan(plan, [&](double share) { progress.Show(share); });
+    Run(db, plan, [&](double share) { progress.Show(share); });
     writing.Finish();
 }
 
@@ -211,7 +221,7 @@ void DeleteApplication(Database& db, std::int32_t appID) {
 
 bool DeleteClassQuietly(Database& db, std::int32_t classID) {
     return Guarded(db.Reporter(), Procedure::DeleteClassQuietly,
-                   [&] { return RunPlan(PlanForClass(db, classID), {}); });
+                   [&] { return Run(db, PlanForClass(db, classID), {}); });
 }
 
 bool DeleteCodes(Database& db, std::string_view codeIDs, const OnProgress& onProgress) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "engine/on_progress.h"
@@ -17,6 +18,9 @@ struct Stage {
 
 /// What a deletion is made of.
 struct DeletionPlan {
+    /// The classes of which every procedure goes, as what stands between the brackets of IN; empty
+    /// for none.
+    std::string emptiedClasses = {};
     /// All of these run, whatever fails.
     std::vector<Stage> links = {};
     /// These run from the procedures up until one fails, so that no row goes under which something

@@ -9,24 +9,34 @@ namespace snippetarium {
 
 namespace {
 
-Recordset Run(Database& db, Procedure query, Parameters parameters) {
-    const std::string_view name = ProcedureName(query);
-    if (parameters.empty()) return db.GetConnection().Execute(name);
+Recordset RunCommand(Database& db, Procedure query, Parameters parameters,
+                     Recordset (Command::*run)()) {
     struct Clearing {
         ~Clearing() { ClearParameters(database); }
         Database& database;
     } clearing{db};
     Command& command = db.SharedCommand();
-    command.SetText(name);
+    command.SetText(ProcedureName(query));
     for (Parameter& parameter : parameters)
         command.Append(std::move(parameter));
-    return command.Execute();
+    return (command.*run)();
+}
+
+Recordset Run(Database& db, Procedure query, Parameters parameters) {
+    if (parameters.empty()) return db.GetConnection().Execute(ProcedureName(query));
+    return RunCommand(db, query, std::move(parameters), &Command::Execute);
 }
 
 }  // namespace
 
 Recordset ReadRecordset(Database& db, Procedure query, Parameters parameters) {
     return Guarded(db.Reporter(), query, [&] { return Run(db, query, std::move(parameters)); });
+}
+
+Recordset SearchRecordset(Database& db, Procedure query, Parameters parameters) {
+    return Guarded(db.Reporter(), query, [&] {
+        return RunCommand(db, query, std::move(parameters), &Command::ExecuteSearch);
+    });
 }
 
 std::int32_t ReadLong(Database& db, Procedure query, Parameters parameters) {

@@ -23,6 +23,8 @@ class Database;
 using Parameters = std::vector<Parameter>;
 
 Recordset ReadRecordset(Database& db, Procedure query, Parameters parameters);
+/// The same for a query that looks for a text: the user can cancel it.
+Recordset SearchRecordset(Database& db, Procedure query, Parameters parameters);
 /// The first field of the first row; 0 without a row and for null. No real ID is 0.
 std::int32_t ReadLong(Database& db, Procedure query, Parameters parameters);
 /// The first field of the first row; the empty text without a row and for null.

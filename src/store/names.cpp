@@ -152,6 +152,11 @@ constexpr std::array kTables = {
     std::string_view("tblTrashSourceForm"),
     std::string_view("tblTrashOverlong"),
     std::string_view("tblClassesToEmpty"),
+    std::string_view("tblTextIndex"),
+    std::string_view("tblTextSegment"),
+    std::string_view("tblTextBlock"),
+    std::string_view("tblTextDirty"),
+    std::string_view("tblNameBlock"),
 };
 
 constexpr std::array kKinds = {

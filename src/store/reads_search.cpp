@@ -5,39 +5,39 @@
 namespace snippetarium {
 
 Recordset CodeClassAppRSByComment(Database& db, std::string_view comment) {
-    return ReadRecordset(db, Procedure::qryCodeClassAppRSByComment,
-                         {Parameter::LongText("comment", comment)});
+    return SearchRecordset(db, Procedure::qryCodeClassAppRSByComment,
+                           {Parameter::LongText("comment", comment)});
 }
 
 Recordset CodeClassAppRSByCommentForASP(Database& db, std::string_view comment,
                                         std::int32_t languageID) {
-    return ReadRecordset(
+    return SearchRecordset(
         db, Procedure::qryCodeClassAppRSByCommentForASP,
         {Parameter::LongText("comment", comment), Parameter::Long("languageID", languageID)});
 }
 
 Recordset CodeClassAppRSByCommentForScript(Database& db, std::string_view comment,
                                            std::int32_t languageID) {
-    return ReadRecordset(
+    return SearchRecordset(
         db, Procedure::qryCodeClassAppRSByCommentForScript,
         {Parameter::LongText("comment", comment), Parameter::Long("languageID", languageID)});
 }
 
 Recordset CodeClassAppRSByCommentForOthers(Database& db, std::string_view comment,
                                            std::int32_t languageID) {
-    return ReadRecordset(
+    return SearchRecordset(
         db, Procedure::qryCodeClassAppRSByCommentForOthers,
         {Parameter::LongText("comment", comment), Parameter::Long("languageID", languageID)});
 }
 
 Recordset CodeClassAppRSByName(Database& db, std::string_view name) {
-    return ReadRecordset(db, Procedure::qryCodeClassAppRSByName,
-                         {Parameter::Text255("name", name)});
+    return SearchRecordset(db, Procedure::qryCodeClassAppRSByName,
+                           {Parameter::Text255("name", name)});
 }
 
 Recordset CodeClassAppRSByNameLanguage(Database& db, std::string_view name,
                                        std::int32_t languageID) {
-    return ReadRecordset(
+    return SearchRecordset(
         db, Procedure::qryCodeClassAppRSByNameLanguage,
         {Parameter::Text255("name", name), Parameter::Long("languageID", languageID)});
 }

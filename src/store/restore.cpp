@@ -35,6 +35,8 @@ struct LaterTables {
 constexpr LaterTables kLaterTables[] = {
     {"tblTrash", 2},
     {"tblClassesToEmpty", 3},
+    {"tblText", 3},
+    {"tblNameBlock", 3},
 };
 // clang-format on
 
@@ -85,7 +87,9 @@ SalvagePlan PlanOfSalvage(std::int32_t version) {
         if (IsNewerThan(version, table)) plan.newerTables.emplace_back(table);
     }
     plan.creationScript = CreationScript();
-    plan.deliveredTables = {"tblNamedQuery"};
+    // An index of texts that were damaged is worth nothing.
+    plan.deliveredTables = {"tblNamedQuery", "tblTextIndex", "tblTextSegment",
+                            "tblTextBlock",  "tblTextDirty", "tblNameBlock"};
     for (const PermanentTable& table : TablesWithPermanentRows()) {
         plan.tablesWithPermanentRows.emplace_back(table.name);
     }

@@ -15,6 +15,17 @@ constexpr std::string_view kContactLines =
     "\r\nE-mail: support@snippetarium.example\r\n"
     "\r\nWeb: https://snippetarium.example/support";
 
+/// The number of work that was cancelled (engine/engine_error.h).
+constexpr std::int32_t kCancelled = 3059;
+
+/// What the user cancelled has come to an end early, but it is no failure: nobody is to write down
+/// numbers and send them to the developers.
+void Show(MessageBoxes& messages, Procedure procedure, const ErrorDetails& error) {
+    if (error.number == kCancelled)
+        return ShowInformation(messages, error.description, kInformationTitle);
+    ShowErrorMessage(messages, ErrorMessageText(procedure, error), kErrorTitle);
+}
+
 }  // namespace
 
 ErrorDetails CurrentError() {
@@ -44,7 +55,7 @@ std::string ErrorMessageText(Procedure procedure, const ErrorDetails& error) {
 }
 
 void ReportError(MessageBoxes& messages, Procedure procedure) {
-    ShowErrorMessage(messages, ErrorMessageText(procedure, CurrentError()), kErrorTitle);
+    Show(messages, procedure, CurrentError());
 }
 
 void ErrorReporter::ReportCurrent(Procedure procedure) noexcept {

@@ -102,6 +102,23 @@ TEST_F(CareCommandsTest, CheckFailsForAFaultAndMendsIt) {
     EXPECT_EQ(DocumentOf(Run({"--json", "backup", "list"}))["backups"].size(), 1U);
 }
 
+TEST_F(CareCommandsTest, TextIndexIsShownDroppedAndMadeAnew) {
+    MakeSample();
+    const auto waitingCodes = [](CommandResult result) {
+        return DocumentOf(result)["tables"][2]["waiting"].get<int>();
+    };
+    EXPECT_GT(waitingCodes(Run({"--json", "text-index"})), 0);
+    const CommandResult rebuilt = Run({"--json", "text-index", "--rebuild"});
+    EXPECT_EQ(waitingCodes(rebuilt), 0);
+    EXPECT_EQ(DocumentOf(rebuilt)["tables"][2]["segments"], 1);
+    EXPECT_NE(Run({"text-index"}).output.find("tblCode"), std::string::npos);
+    const std::string found = Run({"search", "code", "DateSerial"}).output;
+    EXPECT_EQ(Run({"text-index", "--drop"}).output, "There is no index of texts.\n");
+    EXPECT_EQ(Run({"search", "code", "DateSerial"}).output, found);
+    EXPECT_EQ(Run({"check"}).status, kDone);
+    EXPECT_EQ(Run({"text-index", "--drop", "--rebuild"}).status, kWrongUsage);
+}
+
 TEST_F(CareCommandsTest, BackupAndRestoreGoBackToWhatWas) {
     MakeSample();
     EXPECT_EQ(DocumentOf(Run({"--json", "backup", "list"})).dump(), R"({"backups":[]})");

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -48,8 +49,18 @@ class CommandTest : public ::testing::Test {
         words.insert(words.begin(), {"--folder", folder_.Path()});
         return RunProgram(words, typed);
     }
+    /// Runs the demonstration, which makes its folder in this one, with these options.
+    CommandResult RunDemonstration(std::vector<std::string> options = {}) const {
+        const char* const before = std::getenv("TMPDIR");
+        const std::string saved = before == nullptr ? "" : before;
+        setenv("TMPDIR", folder_.Path().c_str(), 1);
+        options.emplace_back("demo");
+        CommandResult result = RunProgram(options);
+        saved.empty() ? unsetenv("TMPDIR") : setenv("TMPDIR", saved.c_str(), 1);
+        return result;
+    }
     void MakeCatalogue() const { ASSERT_EQ(Run({"new"}).status, kDone); }
-    /// A catalogue with the sample of the demonstration: application 2 with the classes 2 and 3.
+    /// A catalogue with the application 2 and its classes 2 and 3 (sample_catalogue.h).
     void MakeSample() const {
         MakeCatalogue();
         Change([](Database& db) { AddSampleCatalogue(db); });

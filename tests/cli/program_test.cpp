@@ -2,8 +2,6 @@
 #include <stdio.h>
 #include <sys/wait.h>
 
-#include <cstdlib>
-
 #include "tests/child_process.h"
 #include "tests/cli/command_runner.h"
 
@@ -76,13 +74,8 @@ TEST_F(ProgramTest, ReadingLeavesTheRightToWriteToOthers) {
 }
 
 TEST_F(ProgramTest, DemonstratesItselfOnACatalogueOfItsOwn) {
-    const char* const before = std::getenv("TMPDIR");
-    const std::string saved = before == nullptr ? "" : before;
-    setenv("TMPDIR", folder_.Path().c_str(), 1);
-    const CommandResult shown = RunProgram({"demo"});
-    const CommandResult json = RunProgram({"--json", "demo"});
-    saved.empty() ? unsetenv("TMPDIR") : setenv("TMPDIR", saved.c_str(), 1);
-
+    const CommandResult shown = RunDemonstration();
+    const CommandResult json = RunDemonstration({"--json"});
     EXPECT_EQ(shown.status, kDone) << shown.error;
     EXPECT_NE(shown.output.find("The export equals the samples"), std::string::npos);
     auto document = DocumentOf(json);

@@ -18,7 +18,7 @@ class FileExportTest : public ExportFixture {
         classID_ = MakeClass({.name = "Grid",
                               .appID = appID,
                               .pathInApp = "sub\\Grid.c",
-                              .declarations = "int x;",
+                              .declarations = "int x; /***Procedure f***/",
                               .languageID = kC});
         codeID_ = AddCode(db_, {.name = "f", .code = "f() {}", .classID = classID_});
     }
@@ -42,7 +42,7 @@ TEST_F(FileExportTest, WritesOneFileAndSaysSo) {
     EXPECT_EQ(ofClass.outcome, ExportOutcome::Finished);
     EXPECT_EQ(ofClass.exported, std::vector<std::string>{Path("out/new.c")});
     EXPECT_TRUE(ofClass.problems.empty());
-    EXPECT_EQ(Read("out/new.c"), "int x;\r\n");
+    EXPECT_EQ(Read("out/new.c"), "int x; f() {}\r\n");
     ExpectInformation("The class has been successfully exported.");
 
     EXPECT_EQ(ExportProcedure(db_, files_, Request(codeID_, "f.c")).outcome,
@@ -70,11 +70,12 @@ TEST_F(FileExportTest, AsksWhatToDoWithAFileThatExists) {
         ExportOutcome outcome;
         bool isWritten;
     } cases[] = {
-        {ExistingFile::Ask, StandardAnswer::Yes, "old\nint x;\n", ExportOutcome::Finished, true},
-        {ExistingFile::Ask, StandardAnswer::No, "int x;\r\n", ExportOutcome::Finished, true},
+        {ExistingFile::Ask, StandardAnswer::Yes, "old\nint x; f() {}\n", ExportOutcome::Finished,
+         true},
+        {ExistingFile::Ask, StandardAnswer::No, "int x; f() {}\r\n", ExportOutcome::Finished, true},
         {ExistingFile::Ask, StandardAnswer::Cancel, "old\n", ExportOutcome::Cancelled, false},
-        {ExistingFile::Append, {}, "old\nint x;\n", ExportOutcome::Finished, true},
-        {ExistingFile::Overwrite, {}, "int x;\r\n", ExportOutcome::Finished, true},
+        {ExistingFile::Append, {}, "old\nint x; f() {}\n", ExportOutcome::Finished, true},
+        {ExistingFile::Overwrite, {}, "int x; f() {}\r\n", ExportOutcome::Finished, true},
         {ExistingFile::Skip, {}, "old\n", ExportOutcome::Finished, false},
     };
     files_.MakeFolders(Path("out"));
@@ -152,7 +153,10 @@ TEST_F(FileExportTest, ShowsTheReportInPlaceOfTheMessageWhereThereIsSomethingToT
     const ExportResult result = ExportTheClass("Grid.c");
     EXPECT_EQ(
         ExportReport(result),
-        "  The file '" + Path("out/Grid.c") +
+        "  The procedure 'f' of the class 'Grid' is not in the file, because the class's text does "
+        "not say where. Put the line /***Procedure f***/ into it, or export the procedure by "
+        "itself.\r\n  The file '" +
+            Path("out/Grid.c") +
             "' is now written in UTF-8, because windows-1252 lacks characters of its lines 1.\r\n"
             "\r\nThe following files were successfully exported:\r\n\r\n  " +
             Path("out/Grid.c") + "\r\n");

@@ -75,7 +75,7 @@ TEST(MarkerExpansion, PutsEachProcedureInThePlaceOfItsMarkers) {
          "<!--**Procedure Draw**-->%>"},
     };
     for (const auto& test : cases) {
-        EXPECT_EQ(ExpandMarkers(test.family, test.classText, procedures), test.expected)
+        EXPECT_EQ(ExpandMarkers(test.family, test.classText, procedures).text, test.expected)
             << test.description;
         EXPECT_EQ(Reference(test.family, test.classText, procedures), test.expected)
             << test.description;
@@ -90,22 +90,27 @@ TEST(MarkerExpansion, TakesTheProceduresInTheirOrder) {
         std::string_view description;
         ProcedureTexts procedures;
         std::string expected;
+        std::vector<std::string> leftOut = {};
     } cases[] = {
         {"a later one's marker in an earlier one's code is replaced",
          {{"A", {}, vb("B") + "a"}, {"B", {}, "b"}},
          "b\r\na\r\n"},
         {"an earlier one's in a later one's stays",
          {{"B", {}, "b"}, {"A", {}, vb("B") + "a"}},
-         vb("B") + "a\r\n"},
+         vb("B") + "a\r\n",
+         {"B"}},
         {"its own stays", {{"A", {}, vb("A") + "a"}}, vb("A") + "a\r\n"},
-        {"of equal names the first one wins", {{"A", {}, "1"}, {"A", {}, "2"}}, "1\r\n"},
+        {"of equal names the first one wins", {{"A", {}, "1"}, {"A", {}, "2"}}, "1\r\n", {"A"}},
+        {"one without a marker is left out", {{"A", {}, "1"}, {"B", {}, "2"}}, "1\r\n", {"B"}},
         {"and the second finds what the first brings",
          {{"A", {}, vb("A") + "1"}, {"A", {}, "2"}},
          "2\r\n1\r\n"},
     };
     for (const auto& test : cases) {
-        EXPECT_EQ(ExpandMarkers(MarkerFamily::VisualBasic, vb("A"), test.procedures), test.expected)
-            << test.description;
+        const ExpandedText expanded =
+            ExpandMarkers(MarkerFamily::VisualBasic, vb("A"), test.procedures);
+        EXPECT_EQ(expanded.text, test.expected) << test.description;
+        EXPECT_EQ(expanded.leftOut, test.leftOut) << test.description;
     }
 }
 
@@ -149,7 +154,7 @@ TEST(MarkerExpansion, ComesToTheSameAsOneProcedureAfterTheOther) {
         const std::vector<std::string> texts = test::Combinations(alphabet.texts, 3);
         for (const ProcedureTexts& pair : PairsOf(alphabet)) {
             for (const std::string& text : texts) {
-                ASSERT_EQ(ExpandMarkers(family, text, pair), Reference(family, text, pair))
+                ASSERT_EQ(ExpandMarkers(family, text, pair).text, Reference(family, text, pair))
                     << text << "\nwith the procedures " << pair[0].codeName << " = " << pair[0].code
                     << "\nand " << pair[1].codeName << " = " << pair[1].code;
             }
@@ -169,7 +174,7 @@ TEST(MarkerExpansion, ReadsTheTextOnceHoweverManyProceduresThereAre) {
         expected += *procedures.back().comment + "\r\n" + procedures.back().code + "\r\n";
     }
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_TRUE(ExpandMarkers(MarkerFamily::VisualBasic, text, procedures) == expected);
+    EXPECT_TRUE(ExpandMarkers(MarkerFamily::VisualBasic, text, procedures).text == expected);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }
 

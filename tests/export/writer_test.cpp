@@ -69,6 +69,21 @@ TEST_F(WriterTest, CompletesAMarkerThatEndsTheClassesText) {
     EXPECT_EQ(Read("Grid.cs"), "class X\r\nvoid Draw() {}\r\n");
 }
 
+TEST_F(WriterTest, NamesTheProceduresForWhichTheClassHasNoPlace) {
+    const std::int32_t classID =
+        MakeClass({.name = "Grid", .declarations = "/***Procedure Draw***/", .languageID = kC});
+    for (const char* name : {"Draw", "draw", "Load"})
+        AddCode(db_, {.name = name, .code = name, .classID = classID});
+    const std::string_view rest = " into it, or export the procedure by itself.";
+    const std::string why =
+        "' of the class 'Grid' is not in the file, because the class's text does not say where. "
+        "Put the line /***Procedure ";
+    EXPECT_EQ(Put(classID, "f.c"),
+              (Remarks{"The procedure 'draw" + why + "draw***/" + std::string(rest),
+                       "The procedure 'Load" + why + "Load***/" + std::string(rest)}));
+    EXPECT_EQ(Read("f.c"), "Draw\r\n");
+}
+
 /// A file of any bytes, stored as an import stores it: one procedure cut out of the middle.
 struct ImportedFile {
     std::string description;

@@ -257,6 +257,10 @@ TEST_F(FormsTest, CanBeUsedByKeyboardAndByReadersOfTheScreen) {
         const std::unique_ptr<QWidget> made = Make(form);
         const QWidget& window = made ? *made : static_cast<const QWidget&>(*window_);
         std::set<QString> accessKeys;
+        if (!made) {
+            for (const QAction* menu : window_->menuBar()->actions())
+                accessKeys.insert(QKeySequence::mnemonic(menu->text()).toString());
+        }
         for (const QWidget* control : window.findChildren<QWidget*>()) {
             if (control->objectName().isEmpty() || control->objectName().startsWith("qt_"))
                 continue;

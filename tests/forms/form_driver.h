@@ -29,9 +29,13 @@ inline bool WaitUntil(const std::function<bool()>& condition) {
     return true;
 }
 
+/// Lets all waiting events run.
 inline void RunEvents() {
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    // An event that was handed on more than once has come to its end then.
+    for (int round = 0; round < 4; ++round) {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 /// The control of that name; a failure where there is none or it is of another kind.
@@ -82,6 +86,9 @@ class ModalDriver {
             box->button(button)->click();
         });
     }
+    /// Empty where there was no box.
+    std::string LastText() const { return texts.empty() ? std::string() : texts.back(); }
+
     std::vector<std::string> texts;
     std::vector<std::string> titles;
 

@@ -51,7 +51,7 @@ class QtHostTest : public ::testing::Test {
 TEST_F(QtHostTest, AsksInBoxesAndShowsNamesAsTheyAre) {
     modal_.ExpectBox(QMessageBox::Ok);
     ShowInformation(host_.messages, "List<b>T</b>\r\nline", kInformationTitle);
-    EXPECT_EQ(modal_.texts.back(), "List<b>T</b>\nline");
+    EXPECT_EQ(modal_.LastText(), "List<b>T</b>\nline");
     EXPECT_EQ(modal_.titles.back(), kInformationTitle);
 
     modal_.ExpectBox(QMessageBox::Yes);
@@ -179,7 +179,7 @@ TEST_F(QtHostTest, SavesAReportAsItStands) {
     modal_.ExpectBox(QMessageBox::Ok);
     Find<QPushButton>(window, "cmdSaveAS").click();
     EXPECT_EQ(ReadBytes(path), report);
-    EXPECT_EQ(modal_.texts.back(), kReportSaved);
+    EXPECT_EQ(modal_.LastText(), kReportSaved);
 }
 
 }  // namespace

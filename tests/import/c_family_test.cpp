@@ -200,13 +200,15 @@ std::string Repeated(std::string_view part, std::size_t times) {
 // Each of these has a part that a careless scanner looks at again for every repetition. A run that
 // does not end within the test's time is the failure.
 TEST(CFamily, TakesTimeThatGrowsWithTheTextAlone) {
-    for (const std::string_view part : {"{",          "}",         "(",         "<",
-                                        "a<",         "a>",        "template<", "namespace a {",
-                                        "class A {",  "f(",        "f(){",      "FOO ",
-                                        "FOO(a) ",    "f(a) int ", ") a (*",    "#if A\n",
-                                        "#else\n",    "operator",  "//\\\r\n",  "R\"(",
-                                        "a::",        "public:",   "x = ",      "catch (a) {} ",
-                                        "f() : a{} ,"}) {
+    // clang-format off
+    constexpr std::string_view kParts[] = {
+        "{", "}", "(", "<", "a<", "a>", "template<", "namespace a {", "class A {", "f(", "f(){", "FOO ",
+        "FOO(a) ", "f(a) int ", ") a (*", "#if A\n", "#else\n", "#if A\n;\n#else\n;\n", "operator ", "//\\\r\n",
+        "R\"(", "R\"\n", "a::", "a<b>::", "public:", "x = ", "catch (a) {} ", "f() : a{} ,", "int (*", "= {",
+        "~", "enum a ", "__attribute__ ((", "[", "\"", "extern \"C\" {", "if (a) ", "(a)(",
+    };
+    // clang-format on
+    for (const std::string_view part : kParts) {
         SCOPED_TRACE(part);
         const std::string text = Repeated(part, 50'000);
         for (const auto dialect : {CDialect::C, CDialect::Cpp}) {
@@ -214,6 +216,14 @@ TEST(CFamily, TakesTimeThatGrowsWithTheTextAlone) {
             EXPECT_TRUE(test::Reassemble(cut, UnitPlacement::Exact, text) == text);
         }
     }
+}
+
+TEST(CFamily, BoundsTheNamesOfMembers) {
+    const CutFile cut = Cut("class A<" + std::string(100'000, 'b') + "> {\n" +
+                            Repeated("void f() { }\n", 1'000) + "};");
+    ASSERT_EQ(cut.procedures.size(), 1'000U);
+    for (const CutProcedure& procedure : cut.procedures)
+        ASSERT_LT(procedure.name.size(), 300U);
 }
 
 }  // namespace

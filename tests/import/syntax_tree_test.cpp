@@ -1,4 +1,4 @@
-#include "import/syntax_tree.h"
+#include "import/syntax_parser.h"
 
 #include <gtest/gtest.h>
 
@@ -47,14 +47,17 @@ TEST(SyntaxTree, CutsALongLineBehindTheLastCharacterThatANameHas) {
               Repeated("\xC3\xA9", 255));
 }
 
-TEST(SyntaxTree, FindsCommentsOutsideOfWhatIsSkipped) {
-    const std::string text = "/*1*/ class A { /*2*/ int a; /*3*/ } // 4";
+TEST(SyntaxTree, FindsTheCommentsAboveUnits) {
+    const std::string text = "/*1*/ class A { /*2*/ // 3\n /*4*/int a; /*5*/ } /*6*/";
     const ParseResult parsed = Parse(text, Grammar::Java);
-    const TextRange field{text.find("/*2*/"), text.find("/*3*/")};
+    const auto unit = [&](std::string_view start) {
+        return SourceUnit{.code = {text.find(start), text.size()}};
+    };
     std::string found;
-    for (const TextRange& comment : FindComments(parsed.tree, std::array{field}))
+    for (const TextRange& comment : CommentsAbove(
+             parsed.tree, text, std::array{unit("class"), unit("int"), unit("int"), unit("a;")}))
         found += text.substr(comment.begin, comment.end - comment.begin) + "|";
-    EXPECT_EQ(found, "/*1*/|/*3*/|// 4|");
+    EXPECT_EQ(found, "/*1*/|/*2*/|// 3|/*4*/|");
 }
 
 TEST(SyntaxTree, TellsTheProgressOfEveryLineWhateverTheEnd) {

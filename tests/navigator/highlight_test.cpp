@@ -161,10 +161,15 @@ TEST(Highlighter, EndsSoonOnTextsThatRepeatOneThing) {
 }
 
 TEST(Highlighter, WorksInStepsToTheSameEnd) {
-    std::string text;
-    for (int i = 0; text.size() < 64'000; ++i)
-        text += "int f" + std::to_string(i) + "(char *s) { return g(s, \"x\") + 1; }\n";
-    for (const std::int32_t language : {kC, kBasic, kHtml}) {
+    const std::pair<std::int32_t, const char*> cases[] = {
+        {kC, "int f(char *s) { return g(s, \"x\") + 1; }\n"},
+        {kBasic, "Sub Draw(x As Long): s = \"x\": End Sub 'ends\n"},
+        {kJavaScript, "function f(s) { return g(s, 'x') + 1; } // ends\n"},
+    };
+    for (const auto& [language, line] : cases) {
+        std::string text;
+        while (text.size() < 64'000)
+            text += line;
         Highlighter whole(text, language);
         whole.Finish();
         Highlighter steps(text, language);

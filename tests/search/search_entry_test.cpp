@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "support/case_fold.h"
 #include "support/message_boxes.h"
+#include "support/text.h"
 #include "tests/fakes.h"
 #include "tests/support/every_text.h"
 
@@ -113,18 +113,11 @@ TEST_F(SearchEntry, GetsAnOrBetweenWordsThatNoOperatorJoins) {
         std::string_view entry;
         std::string_view expected;
     } cases[] = {
-        {"", ""},
-        {"alpha", "alpha"},
-        {"a b", "a or b"},
         {"alpha beta gamma", "alpha or beta or gamma"},
         {"alpha and beta", "alpha and beta"},
-        {"not alpha", "not alpha"},
         {"alpha NOT beta gamma", "alpha NOT beta or gamma"},
-        {"and or not", "and or not"},
         {"a  b", "a or  or b"},
-        {" a ", " or a or "},
         {"x \"y z\"", "x or \"y or z\""},
-        {"( a or b )", "( or a or b or )"},
         {"\u0441\u0435\u0442\u043A\u0430 \u8868", "\u0441\u0435\u0442\u043A\u0430 or \u8868"},
     };
     for (const auto& test : cases)
@@ -147,16 +140,11 @@ TEST_F(SearchEntry, GetsSpacesAroundBracketsButNotBeforeClosingOnes) {
         std::string_view expected;
         bool isBalanced;
     } cases[] = {
-        {"alpha", "alpha", true},
-        {"(alpha or beta)", "( alpha or beta) ", true},
         {"( alpha or beta )", "( alpha or beta )", true},
         {"x(a)y", "x ( a) y", true},
         {"x (a) and b", "x ( a)  and b", true},
-        {"(a)(b)", "( a) ( b) ", true},
         {"(alpha", "( alpha", false},
-        {"alpha)", "alpha)", false},
         {")alpha(", ")alpha(", false},
-        {"(( a ))", "(( a ))", true},
         {"((a))", "((a) )", true},
         {"((a) b)", "((a)  b)", false},
         {"()", "( )", false},
@@ -168,33 +156,29 @@ TEST_F(SearchEntry, GetsSpacesAroundBracketsButNotBeforeClosingOnes) {
     }
 }
 
-TEST_F(SearchEntry, HasItsBracketsCheckedAsInASlowWalk) {
-    ForEveryText("() a", 8, [](const std::string& entry) {
+TEST_F(SearchEntry, HasItsBracketsCheckedAsInASlowWalkAndAlikeInEveryScript) {
+    const std::string_view letter = "\u8868";
+    ForEveryText("() a", 8, [letter](const std::string& entry) {
         std::string fast = entry;
         std::string slow = entry;
+        std::string other = ReplaceAll(entry, "a", letter);
         const bool isBalanced = CheckBracketsSlowly(slow);
         ASSERT_EQ(CheckBrackets(fast), isBalanced) << entry;
         ASSERT_EQ(fast, slow) << entry;
+        ASSERT_EQ(CheckBrackets(other), isBalanced) << entry;
+        ASSERT_EQ(ReplaceAll(other, letter, "a"), slow) << entry;
     });
 }
 
-TEST_F(SearchEntry, HasItsBracketsCheckedAlikeInEveryScript) {
-    const std::string_view letter = "\u8868";
-    ForEveryText("() a", 7, [letter](const std::string& entry) {
-        std::string latin = entry;
-        std::string other;
-        for (const char byte : entry)
-            other += byte == 'a' ? letter : std::string_view(&byte, 1);
-        const bool isBalanced = CheckBrackets(latin);
-        ASSERT_EQ(CheckBrackets(other), isBalanced) << entry;
-        std::string back;
-        for (std::size_t i = 0; i < other.size();) {
-            const bool isLetter = other.compare(i, letter.size(), letter) == 0;
-            back += isLetter ? 'a' : other[i];
-            i += isLetter ? letter.size() : 1;
-        }
-        ASSERT_EQ(back, latin) << entry;
-    });
+/// This takes minutes where each mark costs as much as the entry is long.
+TEST_F(SearchEntry, IsCheckedInTimeThatGrowsWithItsLengthAlone) {
+    std::string entry = "x";
+    std::string expected = "x";
+    for (int i = 0; i < 300'000; ++i) {
+        entry += "(a) \"b\"";
+        expected += " ( a)  \"b\"";
+    }
+    EXPECT_TRUE(Checked(entry) == expected + " ");
 }
 
 TEST_F(SearchEntry, GetsSpacesAroundPhrases) {

@@ -145,20 +145,5 @@ TEST(Statements, OpenTwoBracketsForEachJoinOfKeywords) {
     EXPECT_EQ(KeywordAndStatement({" WHERE (c", 0}).find("(((((tblApplication"), std::string::npos);
 }
 
-TEST(Statements, AreSpelledToTheLastSpace) {
-    EXPECT_EQ(DateRangeStatement({{2001, 3, 14}, {2002, 1, 1}}, 6),
-              "SELECT a.appID, a.appName, cls.classID, cls.className, cd.codeID, cd.codeName FROM "
-              "(tblDate d INNER JOIN tbl_date_link dl ON d.dateID = dl.dateID) INNER JOIN "
-              "(((tblApplication a INNER JOIN tblClass cls ON a.appID = cls.appID) INNER JOIN "
-              "tblCode cd ON cls.classID = cd.classID) INNER JOIN tblCode_Link_Language cl ON "
-              "cd.codeID = cl.codeID) ON dl.ownerID = cd.codeID WHERE dl.ownerTableID = 3 AND "
-              "d.dDate BETWEEN #2001-03-14# AND #2002-01-01# AND cls.languageID = 6 UNION  SELECT "
-              "a.appID, a.appName, cls.classID, cls.className, 0, 'N/A' FROM (tblDate d INNER JOIN "
-              "tbl_date_link dl ON d.dateID = dl.dateID) INNER JOIN (tblApplication a INNER JOIN "
-              "tblClass cls ON a.appID = cls.appID) ON dl.ownerID = cls.classID WHERE "
-              "dl.ownerTableID =2 AND d.dDate BETWEEN #2001-03-14# AND #2002-01-01# AND "
-              "cls.languageID = 6;");
-}
-
 }  // namespace
 }  // namespace snippetarium::test

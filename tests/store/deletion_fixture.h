@@ -30,6 +30,14 @@ class DeletionFixture : public WriteFixture {
     void Run(const std::string& script) { db_.GetConnection().RunScript(script); }
     bool IsEmpty(const std::string& table) { return Select("SELECT * FROM " + table).empty(); }
 
+    /// Procedures whose keyword string does not exist. The next keyword might get its ID.
+    Rows DanglingKeywords() {
+        return Select(
+            "SELECT codeID, keywordID FROM tblCode WHERE keywordID IS NOT NULL AND keywordID NOT "
+            "IN "
+            "(SELECT keywordID FROM tblKeyword)");
+    }
+
     /// The engine refuses from now on to delete from a table.
     void RefuseDeletesFrom(const std::string& table) {
         Run("CREATE TRIGGER refuse BEFORE DELETE ON " + table +

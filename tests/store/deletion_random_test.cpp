@@ -267,6 +267,7 @@ TEST_F(RandomDeletions, RemoveWhatTheModelRemovesAndNothingElse) {
             }
             ASSERT_EQ(Stored(), model.tables);
             ASSERT_TRUE(Select("SELECT * FROM tblIDsToDelete").empty());
+            ASSERT_TRUE(Select("SELECT * FROM tblClassesToEmpty").empty());
         }
     }
 }

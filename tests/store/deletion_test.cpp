@@ -5,6 +5,7 @@
 
 #include "store/bookmarks.h"
 #include "store/reads_classes.h"
+#include "tests/killed_child.h"
 #include "tests/store/deletion_fixture.h"
 
 namespace snippetarium::test {
@@ -17,6 +18,43 @@ TEST_F(Deletion, LeavesNoListOfIDsBehindForTheNextOpeningWhenItIsKilled) {
     CloseCatalogue(db_);
     OpenCatalogue(db_);
     EXPECT_FALSE(RecordExists(db_, "SELECT * FROM tblIDsToDelete"));
+}
+
+TEST_F(Deletion, KilledAnywhereLeavesNoProcedureTheIDOfADeletedKeyword) {
+    CloseCatalogue(db_);
+    const std::string before = ReadBytes(CataloguePath());
+    for (int deadly = 1, isKilled = 1; isKilled == 1; ++deadly) {
+        WriteBytes(CataloguePath(), before);
+        const auto deleteUntilThen = [&] {
+            OpenCatalogue(db_);
+            int statements = 0;
+            db_.SetStatementObserver([&](std::string_view) {
+                if (++statements == deadly) DieHere();
+            });
+            DeleteApplication(db_, 5);
+            db_.SetStatementObserver(nullptr);
+            CloseCatalogue(db_);
+        };
+        try {
+            const ChildProcess child(deleteUntilThen);
+            isKilled = 0;
+        } catch (const std::runtime_error&) {
+            // as it should be
+        }
+        OpenCatalogue(db_);
+        EXPECT_EQ(DanglingKeywords(), Rows()) << "killed before statement " << deadly;
+        CloseCatalogue(db_);
+    }
+}
+
+TEST_F(Deletion, ThatIsCutShortLeavesNoOldKeywordToAnID) {
+    Run("INSERT INTO tblCode(codeID, codeName, classID, keywordID) VALUES (8, 'p', 1, 71);"
+        "INSERT INTO tblClassesToEmpty VALUES (6);"
+        "DELETE FROM tblKeyword WHERE keywordID = 71;");
+    const std::string keywords = "SELECT codeID, keywordID FROM tblCode";
+    EXPECT_EQ(Select(keywords), (Rows{"7|71", "8|-"})) << "the one in class 6 is to go too";
+    Run("INSERT INTO tblKeyword VALUES (71, 'a stranger''s', 1);");
+    EXPECT_EQ(Select(keywords), (Rows{"7|-", "8|-"}));
 }
 
 TEST_F(Deletion, LeavesASearchWordThatAnotherApplicationUses) {
@@ -196,7 +234,7 @@ class DeletionThatFails : public DeletionFixture,
              {"tblKeyword_link_searchWord", "tblKeyword", "tblSearchWord", "tbl_Author_Link",
               "tblAuthor", "tbl_date_link", "tblDate", "tblCode_Link_Language", "tblFavorite",
               "tblCode", "tblClass WHERE classID > 1", "tblApplication WHERE appID > 1",
-              "tblIDsToDelete"}) {
+              "tblIDsToDelete", "tblClassesToEmpty"}) {
             if (!IsEmpty(table)) tables.push_back(table.substr(0, table.find(' ')));
         }
         return tables;
@@ -208,8 +246,9 @@ TEST_P(DeletionThatFails, GoesOnWithTheNextStageAndIsFinishedByTheNextDeletion) 
     DeleteApplication(db_, 5);
     ASSERT_EQ(host_.messages.shown.size(), GetParam().failures);
     for (std::size_t i = 0; i < GetParam().failures; ++i)
-        EXPECT_NE(TakeBox().text.find("QRT Error Code: 10790"), std::string::npos);
+        EXPECT_NE(TakeBox().text.find("(refused)"), std::string::npos);
     EXPECT_EQ(TablesWithRows(), GetParam().left);
+    EXPECT_EQ(DanglingKeywords(), Rows());
     EXPECT_FALSE(host_.progress.IsOpen());
 
     AllowDeletes();
@@ -225,6 +264,7 @@ TEST_P(DeletionThatFails, OfAReplacedClassIsNoticed) {
     const bool hasFailed = !DeleteClassQuietly(db_, 6);
     EXPECT_EQ(hasFailed, !host_.messages.shown.empty());
     EXPECT_TRUE(IsEmpty("tblIDsToDelete"));
+    EXPECT_EQ(DanglingKeywords(), Rows());
     host_.messages.shown.clear();
 }
 
@@ -241,7 +281,8 @@ INSTANTIATE_TEST_SUITE_P(Each, DeletionThatFails, ::testing::Values(
     FailedStage{"tblFavorite", 1, {"tblFavorite", "tblCode", "tblClass", "tblApplication"}},
     FailedStage{"tblCode", 1, {"tblCode", "tblClass", "tblApplication"}},
     FailedStage{"tblClass", 1, {"tblClass", "tblApplication"}},
-    FailedStage{"tblApplication", 1, {"tblApplication"}}
+    FailedStage{"tblApplication", 1, {"tblApplication"}},
+    FailedStage{"tblClassesToEmpty", 1, {"tblClassesToEmpty"}}
 ));
 // clang-format on
 

@@ -21,6 +21,17 @@ class WatchedSession final : public Session {
         return session_.NamedQuery(name, parameters);
     }
     Recordset Search(std::string_view text) override { return session_.Search(text); }
+    Recordset NamedSearch(std::string_view name, std::span<const Parameter> parameters) override {
+        return session_.NamedSearch(name, parameters);
+    }
+    TextCandidates FindTextCandidates(const TextColumn& column, std::string_view literal) override {
+        return session_.FindTextCandidates(column, literal);
+    }
+    bool TendTextIndex(TendingPace pace) override { return session_.TendTextIndex(pace); }
+    std::unique_ptr<RowCursor> OpenCursor(std::string_view sql,
+                                          std::span<const BoundValue> values) override {
+        return session_.OpenCursor(sql, values);
+    }
     std::int64_t Act(std::string_view text) override { return session_.Act(text); }
     void RunScript(std::string_view script) override {
         beforeScript_();

@@ -1,8 +1,6 @@
-#include "import/parser_limits.h"
+#include "import/unfinished_text.h"
 
-#include <unistd.h>
-
-#include <fstream>
+#include <cstddef>
 #include <vector>
 
 namespace snippetarium {
@@ -23,7 +21,8 @@ bool IsWordPart(char character) {
 /// told apart: they seldom matter.
 class Unfinished {
   public:
-    bool IsTooMuch(std::string_view text) {
+    /// False where it becomes too much.
+    bool Add(std::string_view text) {
         for (std::size_t i = 0; i < text.size(); ++i) {
             const char character = text[i];
             const bool goesOn = i > 0 && IsWordPart(character) && IsWordPart(text[i - 1]);
@@ -31,9 +30,9 @@ class Unfinished {
             // A chain of them is one construct.
             if (character == 'e' && text.substr(i, 4) == "else") ++elses_;
             Count(character);
-            if (total_ + elses_ > kMostUnfinished || angles_ > kMostAngles) return true;
+            if (total_ + elses_ > kMostUnfinished || angles_ > kMostAngles) return false;
         }
-        return false;
+        return true;
     }
 
   private:
@@ -65,16 +64,14 @@ class Unfinished {
 
 }  // namespace
 
-bool HasTooMuchUnfinished(std::string_view text) {
-    return Unfinished().IsTooMuch(text);
-}
-
-std::size_t MemoryInUse() {
-    std::ifstream counts("/proc/self/statm");
-    std::size_t mapped = 0;
-    std::size_t resident = 0;
-    counts >> mapped >> resident;
-    return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+bool IsTooUnfinished(std::string_view text, std::span<const TextRange> skipped) {
+    Unfinished unfinished;
+    std::size_t begin = 0;
+    for (const TextRange& range : skipped) {
+        if (!unfinished.Add(text.substr(begin, range.begin - begin))) return true;
+        begin = range.end;
+    }
+    return !unfinished.Add(text.substr(begin));
 }
 
 }  // namespace snippetarium

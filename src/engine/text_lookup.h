@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/candidate_table.h"
+#include "engine/search_conditions.h"
+#include "engine/sqlite_handle.h"
+#include "engine/statement_cache.h"
+#include "engine/statement_guard.h"
+#include "engine/text_block.h"
+#include "engine/text_index.h"
+
+namespace snippetarium {
+
+// Where the text index lies in the catalogue. The tables are empty or missing where it has none.
+//
+//     tblTextIndex(ownerTableID, indexedTo, segments)
+//         for each table that is indexed: the highest ID that is, and the number of segments in use
+//     tblTextSegment(segmentID, ownerTableID, state, firstID, rows, bytes)
+//     tblTextBlock(blockID, block)
+//         the lists of a segment: segmentID * 2^32 + the block's first key
+//     tblTextDirty(ownerTableID, ownerID)
+//         rows up to indexedTo that were added or changed since, noted by triggers
+
+/// The state of a segment. Only those in use count for searches.
+enum class SegmentState : std::uint8_t { Unfinished = 0, InUse = 1, Leaving = 2 };
+
+constexpr std::int64_t BlockIDOf(std::int64_t segmentID, TextKey key) {
+    return segmentID << 32 | key;
+}
+
+/// Finds rows by their texts, with the help of the index. Everything that it reads must be of one
+/// moment, so whoever calls it has a transaction open.
+class TextLookup {
+  public:
+    TextLookup(sqlite3* database, StatementGuard& guard, CandidateTable& lists,
+               std::span<const IndexedTable> tables);
+
+    std::span<const IndexedTable> Tables() const { return tables_; }
+
+    /// The rows of which this column may be like the pattern, or equal to it: TextCandidates. Rows
+    /// that are not in a segment are looked at here. Throws EngineError, also for a pattern that is
+    /// none; but where the index is damaged, it just cannot tell.
+    TextCandidates Find(const IndexedTable& table, unsigned column, TextComparison comparison,
+                        const std::string& pattern);
+    /// Of these rows, those for which the comparison holds.
+    std::vector<std::int64_t> Check(const IndexedTable& table, unsigned column,
+                                    TextComparison comparison, const std::string& pattern,
+                                    std::vector<std::int64_t> candidates);
+    /// The rows of a table that belong to these rows of its parent.
+    std::vector<std::int64_t> ChildrenOf(const IndexedTable& table,
+                                         std::vector<std::int64_t> parents);
+
+    /// The statements that it keeps belong to a schema that is going to change.
+    void Clear() { statements_.Clear(); }
+
+  private:
+    struct Segment {
+        std::int64_t segmentID = 0;
+        std::int64_t firstID = 0;
+    };
+    struct Extent {
+        bool isThere = false;
+        std::int64_t indexedTo = 0;
+        std::vector<Segment> segments;
+    };
+
+    sqlite3_stmt* Prepare(const std::string& sql);
+    Extent ReadExtent(const IndexedTable& table);
+    void FindInSegment(const Segment& segment, std::span<const TextKey> keys,
+                       std::vector<std::int64_t>& ids);
+    bool ReadList(const Segment& segment, TextKey key, std::string& postings);
+    void ReadIDs(const std::string& sql, std::span<const std::int64_t> numbers,
+                 const std::string* text, std::vector<std::int64_t>& ids);
+
+    sqlite3* database_;
+    StatementGuard& guard_;
+    CandidateTable& lists_;
+    std::span<const IndexedTable> tables_;
+    StatementCache statements_;
+};
+
+/// A pattern that is like all texts that hold the literal.
+std::string PatternOfLiteral(std::string_view literal);
+
+}  // namespace snippetarium

@@ -1,0 +1,101 @@
+#include <string_view>
+
+#include "quick/work.h"
+#include "store/database.h"
+
+namespace snippetarium {
+
+namespace {
+
+// A word is looked for in the single words of the keywords, of which there are few, and a phrase in
+// the strings that were typed.
+constexpr std::string_view kSearchWords =
+    "SELECT searchWordID, searchWord FROM tblSearchWord "
+    "WHERE searchWordID > ?1 ORDER BY searchWordID LIMIT 4096";
+constexpr std::string_view kKeywords =
+    "SELECT keywordID, keyword FROM tblKeyword "
+    "WHERE keywordID > ?1 ORDER BY keywordID LIMIT 4096";
+constexpr std::string_view kKeywordsOfWord =
+    "SELECT keywordID FROM tblKeyword_link_searchWord WHERE searchWordID = ?1";
+constexpr std::int64_t kRowsAtATime = 4096;
+
+class KeywordWork final : public QuickWork {
+  public:
+    KeywordWork(QuickPlan& plan, PlannedTerm& term) : plan_(plan), term_(term) {}
+
+    bool Advance() override {
+        if (!areTextsRead_) {
+            ReadTexts();
+        } else if (nextWord_ < words_.size()) {
+            FollowWord(words_[nextWord_++]);
+        } else if (!FollowKeywords()) {
+            term_.In(QuickText::Keyword).isEverything = false;
+            return false;
+        }
+        return true;
+    }
+
+  private:
+    void ReadTexts() {
+        const auto row = plan_.db.GetConnection().OpenCursor(
+            term_.term.isPhrase ? kKeywords : kSearchWords, lastID_);
+        std::int64_t count = 0;
+        for (; row->Next(); ++count) {
+            lastID_ = row->Number(0);
+            if (!term_.pattern->Find(row->Text(1))) continue;
+            if (term_.term.isPhrase) {
+                NoteKeyword(lastID_);
+            } else {
+                words_.push_back(lastID_);
+            }
+        }
+        areTextsRead_ = count < kRowsAtATime;
+    }
+
+    void FollowWord(std::int64_t searchWordID) {
+        const auto row = plan_.db.GetConnection().OpenCursor(kKeywordsOfWord, searchWordID);
+        while (row->Next())
+            NoteKeyword(row->Number(0));
+    }
+
+    void NoteKeyword(std::int64_t keywordID) {
+        const auto id = static_cast<std::int32_t>(keywordID);
+        if (id <= 0 || term_.keywordIDs.Holds(id)) return;
+        term_.keywordIDs.Add(id);
+        if (!term_.isNegated) keywords_.push_back(id);
+    }
+
+    /// Notes the rows that have the next keywords. False behind the last.
+    bool FollowKeywords() {
+        constexpr int kKeywordsAtATime = 64;
+        for (int i = 0; i < kKeywordsAtATime; ++i) {
+            if (nextKeyword_ == keywords_.size()) return false;
+            const std::int64_t keywordID = keywords_[nextKeyword_++];
+            for (const QuickLevel& level : kQuickLevels) {
+                const auto row = plan_.db.GetConnection().OpenCursor(level.idsOfKeyword, keywordID);
+                while (row->Next()) {
+                    const auto id = static_cast<std::int32_t>(row->Number(0));
+                    if (id > 0) term_.In(QuickText::Keyword).Of(level.kind).Add(id);
+                }
+            }
+        }
+        return true;
+    }
+
+    QuickPlan& plan_;
+    PlannedTerm& term_;
+    bool areTextsRead_ = false;
+    std::int64_t lastID_ = 0;
+    std::vector<std::int64_t> words_;
+    std::size_t nextWord_ = 0;
+    std::vector<std::int32_t> keywords_;
+    std::size_t nextKeyword_ = 0;
+};
+
+}  // namespace
+
+std::unique_ptr<QuickWork> LookUpKeywords(QuickPlan& plan, std::size_t term) {
+    return std::make_unique<KeywordWork>(plan, plan.terms[term]);
+}
+
+}  // namespace snippetarium

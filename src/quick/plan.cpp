@@ -1,0 +1,173 @@
+#include "quick/plan.h"
+
+#include <algorithm>
+
+#include "store/database.h"
+
+namespace snippetarium {
+
+namespace {
+
+QuickText TextOfField(QuickField field) {
+    switch (field) {
+        case QuickField::Keyword:
+            return QuickText::Keyword;
+        case QuickField::Comment:
+            return QuickText::Comment;
+        case QuickField::Code:
+            return QuickText::Code;
+        default:
+            return QuickText::Name;
+    }
+}
+
+void MarkNegated(const QuickNode& node, bool isNegated, std::vector<PlannedTerm>& terms) {
+    if (node.type == QuickNode::Type::Term) terms[node.term].isNegated = isNegated;
+    for (const QuickNode& part : node.parts)
+        MarkNegated(part, isNegated || node.type == QuickNode::Type::Not, terms);
+}
+
+std::int32_t NewestBlock(Database& db, const QuickLevel& level) {
+    const auto row = db.GetConnection().OpenCursor(level.newestID);
+    return row->Next() ? BlockOf(static_cast<std::int32_t>(row->Number(0))) : 0;
+}
+
+constexpr bool IsNameTier(QuickTier tier) {
+    return tier <= QuickTier::NamePart;
+}
+
+BlockMask All() {
+    return ~BlockMask();
+}
+
+void Add(BlockMask& mask, const CandidateRows& rows, QuickKind kind, std::int32_t block) {
+    mask |= rows.isEverything ? All() : rows.Of(kind).Block(block);
+}
+
+/// A class of candidates for one term, up to a tier.
+BlockMask CandidatesOfTerm(const PlannedTerm& term, QuickTier tier, QuickKind kind,
+                           std::int32_t block) {
+    if (term.term.field == QuickField::Kind) {
+        return term.term.kinds.test(static_cast<std::size_t>(kind)) ? All() : BlockMask();
+    }
+    BlockMask mask;
+    if (!IsTextField(term.term.field)) {
+        Add(mask, term.byFilter, kind, block);
+        return mask;
+    }
+    for (std::size_t i = 0; i < kQuickTexts; ++i) {
+        const auto text = static_cast<QuickText>(i);
+        if (TierOfText(text) > tier) break;
+        if (term.IsLookedForIn(text)) Add(mask, term.In(text), kind, block);
+    }
+    if (term.slip && tier >= QuickTier::Slip) Add(mask, term.bySlip, kind, block);
+    return mask;
+}
+
+BlockMask CandidatesOfNode(const QuickPlan& plan, const QuickNode& node, QuickTier tier,
+                           QuickKind kind, std::int32_t block) {
+    switch (node.type) {
+        case QuickNode::Type::Term:
+            return CandidatesOfTerm(plan.terms[node.term], tier, kind, block);
+        case QuickNode::Type::Not:
+            return All();
+        case QuickNode::Type::And: {
+            BlockMask mask = All();
+            for (const QuickNode& part : node.parts)
+                mask &= CandidatesOfNode(plan, part, tier, kind, block);
+            return mask;
+        }
+        case QuickNode::Type::Or:
+            break;
+    }
+    BlockMask mask;
+    for (const QuickNode& part : node.parts)
+        mask |= CandidatesOfNode(plan, part, tier, kind, block);
+    return mask;
+}
+
+/// A hit has the tier of one of its terms, so that term has to be found there.
+BlockMask ReachedBy(const QuickPlan& plan, QuickTier tier, QuickKind kind, std::int32_t block) {
+    if (tier == QuickTier::Filter) return All();
+    BlockMask mask;
+    for (const PlannedTerm& term : plan.terms) {
+        if (term.isNegated || !IsTextField(term.term.field)) continue;
+        if (tier == QuickTier::Slip) {
+            if (term.slip) Add(mask, term.bySlip, kind, block);
+            continue;
+        }
+        for (std::size_t i = 0; i < kQuickTexts; ++i) {
+            const auto text = static_cast<QuickText>(i);
+            const bool isOfTier = TierOfText(text) == tier || (IsNameTier(tier) && i == 0);
+            if (isOfTier && term.IsLookedForIn(text)) Add(mask, term.In(text), kind, block);
+        }
+    }
+    return mask;
+}
+
+}  // namespace
+
+PlannedTerm::PlannedTerm(const QuickTerm& from) : term(from) {
+    if (term.field == QuickField::Kind || term.field == QuickField::Date) return;
+    pattern.emplace(term.text, term.isPhrase ? WordPattern::Wildcards::AreLetters
+                                             : WordPattern::Wildcards::Count);
+    const bool isInNames = term.field == QuickField::Anything || term.field == QuickField::Name;
+    if (isInNames && !term.isPhrase && pattern->IsPlain() && SlipPattern::IsLongEnough(term.text)) {
+        slip.emplace(term.text);
+    }
+}
+
+bool PlannedTerm::IsLookedForIn(QuickText text) const {
+    if (term.field == QuickField::Anything) return true;
+    return IsTextField(term.field) && TextOfField(term.field) == text;
+}
+
+QuickPlan::QuickPlan(Database& database, const QuickQuery& query)
+    : db(database), root(query.root.value_or(QuickNode())) {
+    for (const QuickTerm& term : query.terms)
+        terms.emplace_back(term);
+    MarkNegated(root, false, terms);
+    for (const QuickLevel& level : kQuickLevels)
+        newestBlock[static_cast<std::size_t>(level.kind)] = NewestBlock(db, level);
+}
+
+bool QuickPlan::UsesText(QuickText text) const {
+    return std::ranges::any_of(terms, [text](const PlannedTerm& term) {
+        return !term.isNegated && term.IsLookedForIn(text);
+    });
+}
+
+bool QuickPlan::UsesSlips() const {
+    return std::ranges::any_of(
+        terms, [](const PlannedTerm& term) { return !term.isNegated && term.slip.has_value(); });
+}
+
+BlockMask CandidatesOf(const QuickPlan& plan, QuickTier tier, QuickKind kind, std::int32_t block) {
+    BlockMask mask = ReachedBy(plan, tier, kind, block);
+    if (mask.any()) mask &= CandidatesOfNode(plan, plan.root, tier, kind, block);
+    if (block == 0) mask.reset(0);  // IDs are positive
+    return mask;
+}
+
+bool CanBeMetByFilters(const QuickNode& node, const std::vector<PlannedTerm>& terms) {
+    const auto canBe = [&](const QuickNode& part) { return CanBeMetByFilters(part, terms); };
+    switch (node.type) {
+        case QuickNode::Type::Term:
+            return !IsTextField(terms[node.term].term.field);
+        case QuickNode::Type::Not:
+            return true;
+        case QuickNode::Type::And:
+            return std::ranges::all_of(node.parts, canBe);
+        case QuickNode::Type::Or:
+            break;
+    }
+    return std::ranges::any_of(node.parts, canBe);
+}
+
+QuickTier WorseTier(QuickTier a, QuickTier b) {
+    if (a == QuickTier::Filter) return b;
+    if (b == QuickTier::Filter) return a;
+    return std::max(a, b);
+}
+
+}  // namespace snippetarium

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "quick/id_set.h"
+#include "quick/levels.h"
+#include "quick/name_match.h"
+#include "quick/query.h"
+#include "quick/slip.h"
+#include "quick/word_pattern.h"
+
+namespace snippetarium {
+
+class Database;
+
+/// The rows of each level that may have something. At first that is all of them.
+struct CandidateRows {
+    std::array<IdSet, kQuickKinds> ids;
+    bool isEverything = true;
+
+    IdSet& Of(QuickKind kind) { return ids[static_cast<std::size_t>(kind)]; }
+    const IdSet& Of(QuickKind kind) const { return ids[static_cast<std::size_t>(kind)]; }
+};
+
+/// A term of the entry with what is known of it so far.
+///
+/// What is known are candidates: all rows that have the term are among them, and maybe others. So
+/// a row only counts when it has been read and looked at, whatever index named it.
+struct PlannedTerm {
+    explicit PlannedTerm(const QuickTerm& from);
+
+    bool IsLookedForIn(QuickText text) const;
+    CandidateRows& In(QuickText text) { return inText[static_cast<std::size_t>(text)]; }
+    const CandidateRows& In(QuickText text) const { return inText[static_cast<std::size_t>(text)]; }
+
+    QuickTerm term;
+    /// Nothing for kinds and dates.
+    std::optional<WordPattern> pattern;
+    /// Nothing where a slip does not count.
+    std::optional<SlipPattern> slip;
+    /// Stands under a "not". Then rows are only asked whether they have it.
+    bool isNegated = false;
+    /// The languages that a filter means.
+    std::vector<std::int32_t> languageIDs;
+    /// The keyword strings that hold the term.
+    IdSet keywordIDs;
+    std::array<CandidateRows, kQuickTexts> inText;
+    CandidateRows bySlip;
+    /// For a filter.
+    CandidateRows byFilter;
+};
+
+/// What a search knows.
+struct QuickPlan {
+    QuickPlan(Database& database, const QuickQuery& query);
+
+    /// True where some term that makes hits is looked for there.
+    bool UsesText(QuickText text) const;
+    bool UsesSlips() const;
+
+    Database& db;
+    QuickNode root;
+    std::vector<PlannedTerm> terms;
+    std::array<std::int32_t, kQuickKinds> newestBlock{};
+};
+
+/// The tier of what is found in a text, the worst one for names.
+constexpr QuickTier TierOfText(QuickText text) {
+    switch (text) {
+        case QuickText::Name:
+            return QuickTier::NamePart;
+        case QuickText::Keyword:
+            return QuickTier::Keyword;
+        case QuickText::Comment:
+            return QuickTier::Comment;
+        case QuickText::Code:
+            break;
+    }
+    return QuickTier::Code;
+}
+
+/// The rows of a block that may be hits when the texts up to this tier are looked at, and reach
+/// exactly this tier. The tiers of names count as one.
+BlockMask CandidatesOf(const QuickPlan& plan, QuickTier tier, QuickKind kind, std::int32_t block);
+
+/// True where the entry can be met by filters alone.
+bool CanBeMetByFilters(const QuickNode& node, const std::vector<PlannedTerm>& terms);
+
+/// The tier of "a and b": the worse one; a filter takes nothing away from the other.
+QuickTier WorseTier(QuickTier a, QuickTier b);
+
+}  // namespace snippetarium
