@@ -14,11 +14,11 @@ namespace snippetarium {
 ///
 /// Colours are worked out in steps of a few milliseconds and given to the lines that can be seen,
 /// so that neither showing a long text nor scrolling in it waits for them.
-class SourceText final : public QPlainTextEdit {
+class PageText final : public QPlainTextEdit {
     Q_OBJECT
 
   public:
-    explicit SourceText(QWidget* parent);
+    explicit PageText(QWidget* parent);
 
     void ShowPage(const Page& page);
 

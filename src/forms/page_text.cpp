@@ -1,4 +1,4 @@
-#include "forms/source_text.h"
+#include "forms/page_text.h"
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -23,20 +23,20 @@ constexpr int kNumbersMargin = 6;
 /// The margin with the line numbers.
 class LineNumbers final : public QWidget {
   public:
-    explicit LineNumbers(SourceText* text) : QWidget(text), text_(text) {}
+    explicit LineNumbers(PageText* text) : QWidget(text), text_(text) {}
 
   protected:
     void paintEvent(QPaintEvent* event) override { text_->PaintNumbers(event); }
 
   private:
-    SourceText* text_;
+    PageText* text_;
 };
 
 }  // namespace
 
-SourceText::SourceText(QWidget* parent) : QPlainTextEdit(parent), numbers_(new LineNumbers(this)) {
+PageText::PageText(QWidget* parent) : QPlainTextEdit(parent), numbers_(new LineNumbers(this)) {
     work_.setInterval(0);
-    connect(&work_, &QTimer::timeout, this, &SourceText::WorkOn);
+    connect(&work_, &QTimer::timeout, this, &PageText::WorkOn);
     connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect& area, int dy) {
         if (dy != 0) {
             numbers_->scroll(0, dy);
@@ -46,7 +46,7 @@ SourceText::SourceText(QWidget* parent) : QPlainTextEdit(parent), numbers_(new L
     });
 }
 
-void SourceText::ShowPage(const Page& page) {
+void PageText::ShowPage(const Page& page) {
     work_.stop();
     text_ = page.text;
     places_ = Utf16Map(text_);
@@ -62,12 +62,12 @@ void SourceText::ShowPage(const Page& page) {
     ColourVisible();
 }
 
-void SourceText::WorkOn() {
+void PageText::WorkOn() {
     if (highlighter_.Work(kNextStep)) work_.stop();
     ColourVisible();
 }
 
-void SourceText::ColourVisible() {
+void PageText::ColourVisible() {
     const int bottom = viewport()->height();
     for (QTextBlock block = firstVisibleBlock(); block.isValid(); block = block.next()) {
         if (blockBoundingGeometry(block).translated(contentOffset()).top() > bottom) return;
@@ -75,7 +75,7 @@ void SourceText::ColourVisible() {
     }
 }
 
-bool SourceText::Colour(const QTextBlock& block) {
+bool PageText::Colour(const QTextBlock& block) {
     if (block.userState() == round_) return true;
     const auto begin = static_cast<std::size_t>(block.position());
     const TextRange range{places_.ToByte(begin),
@@ -97,13 +97,13 @@ bool SourceText::Colour(const QTextBlock& block) {
     return true;
 }
 
-int SourceText::NumbersWidth() const {
+int PageText::NumbersWidth() const {
     if (!hasNumbers_) return 0;
     const auto digits = static_cast<int>(std::to_string(std::max(blockCount(), 10)).size());
     return digits * fontMetrics().horizontalAdvance('9') + 2 * kNumbersMargin;
 }
 
-void SourceText::PlaceNumbers() {
+void PageText::PlaceNumbers() {
     const int width = NumbersWidth();
     setViewportMargins(width, 0, 0, 0);
     const QRect area = contentsRect();
@@ -111,7 +111,7 @@ void SourceText::PlaceNumbers() {
     numbers_->setVisible(width > 0);
 }
 
-void SourceText::PaintNumbers(QPaintEvent* event) {
+void PageText::PaintNumbers(QPaintEvent* event) {
     QPainter painter(numbers_);
     painter.fillRect(event->rect(), palette().color(QPalette::AlternateBase));
     painter.setPen(palette().color(QPalette::PlaceholderText));
@@ -126,13 +126,13 @@ void SourceText::PaintNumbers(QPaintEvent* event) {
     }
 }
 
-void SourceText::resizeEvent(QResizeEvent* event) {
+void PageText::resizeEvent(QResizeEvent* event) {
     QPlainTextEdit::resizeEvent(event);
     PlaceNumbers();
     ColourVisible();
 }
 
-void SourceText::changeEvent(QEvent* event) {
+void PageText::changeEvent(QEvent* event) {
     QPlainTextEdit::changeEvent(event);
     if (event->type() == QEvent::FontChange) PlaceNumbers();
     if (event->type() != QEvent::PaletteChange) return;
@@ -140,7 +140,7 @@ void SourceText::changeEvent(QEvent* event) {
     ColourVisible();
 }
 
-void SourceText::scrollContentsBy(int dx, int dy) {
+void PageText::scrollContentsBy(int dx, int dy) {
     QPlainTextEdit::scrollContentsBy(dx, dy);
     ColourVisible();
 }
