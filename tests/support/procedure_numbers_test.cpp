@@ -29,7 +29,8 @@ TEST(ProcedureNumbers, EachProcedureHasANumberOfItsModuleOrALaterAddition) {
 
 TEST(ProcedureNumbers, RowsStandInTheOrderOfTheirNumbersAndShareNone) {
     const auto rows = Procedures();
-    const auto wrong = std::ranges::adjacent_find(rows, std::greater_equal{}, &ProcedureRow::number);
+    const auto wrong =
+        std::ranges::adjacent_find(rows, std::greater_equal{}, &ProcedureRow::number);
     EXPECT_TRUE(wrong == rows.end()) << wrong->name;
 }
 
