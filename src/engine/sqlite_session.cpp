@@ -115,7 +115,10 @@ void SqliteSession::PrepareForWriting() {
         throw EngineError(EngineErrorCode::CannotLock,
                           "The catalogue '" + path_ + "' is in use by another program.");
     }
-    RunStatements(database, "PRAGMA secure_delete = OFF; PRAGMA wal_autocheckpoint = 1000;");
+    // What is written before its commit would be held by the joined log, also behind a rollback.
+    RunStatements(database,
+                  "PRAGMA secure_delete = OFF; PRAGMA wal_autocheckpoint = 1000; "
+                  "PRAGMA cache_spill = OFF;");
     SetWriteMode(WriteMode::EachStatement);
 }
 
