@@ -83,6 +83,7 @@ void fMain::ConnectParts() {
     connect(contents_, &fContents::CatalogueChanged, this, [this] {
         areListsStale_ = true;
         areCountsStale_ = true;
+        AddTextIndexCare(idle_, db_);
         tmAutoLoad_.start();
     });
     connect(contents_, &fContents::MenuRequested, this, &fMain::ShowContentsMenu);
@@ -268,6 +269,7 @@ void fMain::CloseForm(std::string_view form) {
 
 void fMain::StartIdleWork() {
     AddDailyBackup(idle_, db_);
+    AddTextIndexCare(idle_, db_);
     tmAutoLoad_.start();
 }
 
