@@ -41,11 +41,7 @@ struct QuickSearch::State {
         for (std::size_t i = 0; i < plan.terms.size(); ++i) {
             PlannedTerm& term = plan.terms[i];
             if (term.term.field == QuickField::Language) FindLanguages(plan, term);
-            if (!IsTextField(term.term.field)) {
-                if (!term.isNegated) Add(NarrowByFilter(plan, i));
-            } else if (term.isNegated && term.IsLookedForIn(QuickText::Keyword)) {
-                Add(LookUpKeywords(plan, i));
-            }
+            if (!IsTextField(term.term.field) && !term.isNegated) Add(NarrowByFilter(plan, i));
         }
     }
 
