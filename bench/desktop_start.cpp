@@ -69,9 +69,18 @@ NodeIDs LargestClass(Database& db) {
     return {.appID = row["appID"].Long(), .classID = row["classID"].Long()};
 }
 
+/// A catalogue of an older version is migrated at its first opening.
+void BringUpToDate(const std::string& folder) {
+    QtHost host;
+    Database db(host.Interfaces(), CatalogueProviders(), folder);
+    OpenCatalogue(db);
+    CloseCatalogue(db);
+}
+
 void Run(const std::string& catalogue) {
     const test::TemporaryFolder folder;
     std::filesystem::copy_file(catalogue, folder.File(kCatalogueFileName));
+    BringUpToDate(folder.Path());
     QtHost host;
     Database db(host.Interfaces(), CatalogueProviders(), folder.Path());
     std::unique_ptr<fMain> window;

@@ -146,6 +146,8 @@ void fContents::OnExpanded(const QModelIndex& index) {
 void fContents::OnCurrentChanged(const QModelIndex& index) {
     const ContentsItem* const item = ContentsModel::ItemAt(index);
     if (item == nullptr || isSelfMoving_) return;
+    // A tree that gets the focus makes its first node the current one without selecting it.
+    if (!ui_->trVwClass->selectionModel()->isSelected(index)) return;
     Handle(Reporter(), form_procedure::ContentsEvent, [&] {
         pane_.Click(item);
         emit NodeSelected(pane_.Selection());
