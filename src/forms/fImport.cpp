@@ -80,6 +80,8 @@ void fImport::OnEvent(const std::function<void()>& body) {
     Handle(db_.Reporter(), form_procedure::ImportEvent, [&] {
         if (isWorking_) return;
         const Working working(*this);
+        // An operation that fails has reported it; the form then goes on with what there is.
+        const ErrorReporter::EventScope operations(db_.Reporter());
         body();
     });
 }
