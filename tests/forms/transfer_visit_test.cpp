@@ -140,9 +140,9 @@ TEST_F(TransferVisitTest, ImportsSearchesAndExportsAFolder) {
     const Kind kinds[] = {
         {"optnKeyword", "brush and canvas", {"f DrawGrid()"}},
         {"optnFunction", "twice", {"f Twice(int x)"}},
-        {"optnCode", "\"return 12\"", {"f high()"}},
+        {"optnCode", "\"return 12\"", {"f Tide.high()"}},
         {"optnComment", "Counts", {"f CountCells(int rows)"}},
-        {"optnAuthor", "lee", {"f DrawGrid()"}},
+        {"optnAuthor", "ann", {"f DrawGrid()"}},
     };
     for (const Kind& kind : kinds)
         EXPECT_EQ(Found(search, kind.option, kind.entry), kind.found) << kind.option;
