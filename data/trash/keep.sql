@@ -3,7 +3,8 @@
 --
 -- [kind] and [owner] say which it is, [deletedOn] is the time of day, [hasMarker] whether the
 -- procedure has a marker in its class's text, [limit] how many characters of that its column takes,
--- and [entry] leads to the entry made here.
+-- and [entry] leads to the entry made here. What stands between two lines "-- LEVELS" and "-- END"
+-- is for applications, classes and procedures alike: see store/trash_script.h.
 
 INSERT INTO tblTrash(deletedOn, kind, ownerID, name, appID, appName, namesakes, classCount, codeCount)
 SELECT [deletedOn], [kind], a.appID, a.appName, a.appID, a.appName,
@@ -86,49 +87,34 @@ SELECT [entry], searchWordID, searchWord
 FROM tblSearchWord
 WHERE searchWordID IN (SELECT searchWordID FROM tblTrashKeywordWord WHERE trashID = [entry]);
 
--- Authors and dates, in the order in which they were linked.
+-- What links and cut off texts say of an owner by its number and level, in the order in which authors
+-- were linked.
+-- LEVELS
 INSERT INTO tblTrashAuthorLink
 SELECT [entry], ownerID, authorID, ownerTableID
 FROM tbl_Author_Link
-WHERE ownerID IN (SELECT appID FROM tblTrashApplication WHERE trashID = [entry])
-    AND ownerTableID = 1
+WHERE ownerID IN (SELECT [levelID] FROM tblTrash[Level] WHERE trashID = [entry])
+    AND ownerTableID = [levelNumber]
 ORDER BY rowid;
 
-INSERT INTO tblTrashAuthorLink
-SELECT [entry], ownerID, authorID, ownerTableID
-FROM tbl_Author_Link
-WHERE ownerID IN (SELECT classID FROM tblTrashClass WHERE trashID = [entry]) AND ownerTableID = 2
+INSERT INTO tblTrashDateLink
+SELECT [entry], ownerID, dateID, ownerTableID
+FROM tbl_date_link
+WHERE ownerID IN (SELECT [levelID] FROM tblTrash[Level] WHERE trashID = [entry])
+    AND ownerTableID = [levelNumber]
 ORDER BY rowid;
 
-INSERT INTO tblTrashAuthorLink
-SELECT [entry], ownerID, authorID, ownerTableID
-FROM tbl_Author_Link
-WHERE ownerID IN (SELECT codeID FROM tblTrashCode WHERE trashID = [entry]) AND ownerTableID = 3
-ORDER BY rowid;
+INSERT INTO tblTrashOverlong
+SELECT [entry], ownerID, ownerTableID, part, text
+FROM tblOverlong
+WHERE ownerID IN (SELECT [levelID] FROM tblTrash[Level] WHERE trashID = [entry])
+    AND ownerTableID = [levelNumber];
+-- END
 
 INSERT INTO tblTrashAuthor
 SELECT [entry], authorID, authorFName, authorMName, authorLName
 FROM tblAuthor
 WHERE authorID IN (SELECT authorID FROM tblTrashAuthorLink WHERE trashID = [entry]);
-
-INSERT INTO tblTrashDateLink
-SELECT [entry], ownerID, dateID, ownerTableID
-FROM tbl_date_link
-WHERE ownerID IN (SELECT appID FROM tblTrashApplication WHERE trashID = [entry])
-    AND ownerTableID = 1
-ORDER BY rowid;
-
-INSERT INTO tblTrashDateLink
-SELECT [entry], ownerID, dateID, ownerTableID
-FROM tbl_date_link
-WHERE ownerID IN (SELECT classID FROM tblTrashClass WHERE trashID = [entry]) AND ownerTableID = 2
-ORDER BY rowid;
-
-INSERT INTO tblTrashDateLink
-SELECT [entry], ownerID, dateID, ownerTableID
-FROM tbl_date_link
-WHERE ownerID IN (SELECT codeID FROM tblTrashCode WHERE trashID = [entry]) AND ownerTableID = 3
-ORDER BY rowid;
 
 INSERT INTO tblTrashDate
 SELECT [entry], dateID, dDate
@@ -160,24 +146,8 @@ SELECT [entry], appID, classID, codeID
 FROM tblFavorite
 WHERE codeID IN (SELECT codeID FROM tblTrashCode WHERE trashID = [entry]);
 
--- The side tables.
+-- What the class's file looked like.
 INSERT INTO tblTrashSourceForm
 SELECT [entry], classID, form
 FROM tblSourceForm
 WHERE classID IN (SELECT classID FROM tblTrashClass WHERE trashID = [entry]);
-
-INSERT INTO tblTrashOverlong
-SELECT [entry], ownerID, ownerTableID, part, text
-FROM tblOverlong
-WHERE ownerID IN (SELECT appID FROM tblTrashApplication WHERE trashID = [entry])
-    AND ownerTableID = 1;
-
-INSERT INTO tblTrashOverlong
-SELECT [entry], ownerID, ownerTableID, part, text
-FROM tblOverlong
-WHERE ownerID IN (SELECT classID FROM tblTrashClass WHERE trashID = [entry]) AND ownerTableID = 2;
-
-INSERT INTO tblTrashOverlong
-SELECT [entry], ownerID, ownerTableID, part, text
-FROM tblOverlong
-WHERE ownerID IN (SELECT codeID FROM tblTrashCode WHERE trashID = [entry]) AND ownerTableID = 3;

@@ -3,7 +3,8 @@
 -- [entry] is its trashID. The scratch tables tblBack... of store/trash_ids.h say under which new ID
 -- the row of an old ID comes back, and which rows are there already, because their deletion was cut
 -- short or they are what takes the entry in: these stay as they are and only get back what they
--- lack.
+-- lack. What stands between two lines "-- LEVELS" and "-- END" is for applications, classes and
+-- procedures alike: see store/trash_script.h.
 
 -- What owners share.
 INSERT INTO tblLanguage(languageID, language, Status)
@@ -68,26 +69,15 @@ WHERE tblApplication.appID = r.id;
 
 -- The keywords of those that are there and have none now. The "+" keeps the search from beginning
 -- with everything that has no keywords.
-UPDATE tblApplication
+-- LEVELS
+UPDATE tbl[Level]
 SET keywordID = (
     SELECT k.new
-    FROM tblTrashApplication t CROSS JOIN tblBackKeyword k ON k.old = t.keywordID
-    WHERE t.trashID = [entry] AND t.appID = tblApplication.appID)
-WHERE appID IN (SELECT new FROM tblBackApplication WHERE isThere AND new = old) AND +keywordID IS NULL;
-
-UPDATE tblClass
-SET keywordID = (
-    SELECT k.new
-    FROM tblTrashClass t CROSS JOIN tblBackKeyword k ON k.old = t.keywordID
-    WHERE t.trashID = [entry] AND t.classID = tblClass.classID)
-WHERE classID IN (SELECT new FROM tblBackClass WHERE isThere AND new = old) AND +keywordID IS NULL;
-
-UPDATE tblCode
-SET keywordID = (
-    SELECT k.new
-    FROM tblTrashCode t CROSS JOIN tblBackKeyword k ON k.old = t.keywordID
-    WHERE t.trashID = [entry] AND t.codeID = tblCode.codeID)
-WHERE codeID IN (SELECT new FROM tblBackCode WHERE isThere AND new = old) AND +keywordID IS NULL;
+    FROM tblTrash[Level] t CROSS JOIN tblBackKeyword k ON k.old = t.keywordID
+    WHERE t.trashID = [entry] AND t.[levelID] = tbl[Level].[levelID])
+WHERE [levelID] IN (SELECT new FROM tblBack[Level] WHERE isThere AND new = old)
+    AND +keywordID IS NULL;
+-- END
 
 -- A keyword whose owner has another one by now is nobody's.
 DELETE FROM tblKeyword
@@ -113,66 +103,33 @@ WHERE searchWordID IN (SELECT new FROM tblBackSearchWord WHERE NOT isThere)
         SELECT 1 FROM tblKeyword_link_searchWord x
         WHERE x.searchWordID = tblSearchWord.searchWordID);
 
--- Authors and dates.
+-- Authors, dates and cut off texts.
+-- LEVELS
 INSERT INTO tbl_Author_Link(ownerID, authorID, ownerTableID)
-SELECT m.new, a.new, 1
-FROM tblTrashAuthorLink t CROSS JOIN tblBackApplication m ON m.old = t.ownerID
+SELECT m.new, a.new, [levelNumber]
+FROM tblTrashAuthorLink t CROSS JOIN tblBack[Level] m ON m.old = t.ownerID
     CROSS JOIN tblBackAuthor a ON a.old = t.authorID
-WHERE t.trashID = [entry] AND t.ownerTableID = 1
+WHERE t.trashID = [entry] AND t.ownerTableID = [levelNumber]
     AND (NOT m.isThere OR NOT EXISTS (
         SELECT 1 FROM tbl_Author_Link x
-        WHERE x.ownerID = m.new AND x.ownerTableID = 1 AND x.authorID = a.new))
-ORDER BY t.rowid;
-
-INSERT INTO tbl_Author_Link(ownerID, authorID, ownerTableID)
-SELECT m.new, a.new, 2
-FROM tblTrashAuthorLink t CROSS JOIN tblBackClass m ON m.old = t.ownerID
-    CROSS JOIN tblBackAuthor a ON a.old = t.authorID
-WHERE t.trashID = [entry] AND t.ownerTableID = 2
-    AND (NOT m.isThere OR NOT EXISTS (
-        SELECT 1 FROM tbl_Author_Link x
-        WHERE x.ownerID = m.new AND x.ownerTableID = 2 AND x.authorID = a.new))
-ORDER BY t.rowid;
-
-INSERT INTO tbl_Author_Link(ownerID, authorID, ownerTableID)
-SELECT m.new, a.new, 3
-FROM tblTrashAuthorLink t CROSS JOIN tblBackCode m ON m.old = t.ownerID
-    CROSS JOIN tblBackAuthor a ON a.old = t.authorID
-WHERE t.trashID = [entry] AND t.ownerTableID = 3
-    AND (NOT m.isThere OR NOT EXISTS (
-        SELECT 1 FROM tbl_Author_Link x
-        WHERE x.ownerID = m.new AND x.ownerTableID = 3 AND x.authorID = a.new))
+        WHERE x.ownerID = m.new AND x.ownerTableID = [levelNumber] AND x.authorID = a.new))
 ORDER BY t.rowid;
 
 INSERT INTO tbl_date_link(ownerID, dateID, ownerTableID)
-SELECT m.new, d.new, 1
-FROM tblTrashDateLink t CROSS JOIN tblBackApplication m ON m.old = t.ownerID
+SELECT m.new, d.new, [levelNumber]
+FROM tblTrashDateLink t CROSS JOIN tblBack[Level] m ON m.old = t.ownerID
     CROSS JOIN tblBackDate d ON d.old = t.dateID
-WHERE t.trashID = [entry] AND t.ownerTableID = 1
+WHERE t.trashID = [entry] AND t.ownerTableID = [levelNumber]
     AND (NOT m.isThere OR NOT EXISTS (
         SELECT 1 FROM tbl_date_link x
-        WHERE x.ownerID = m.new AND x.ownerTableID = 1 AND x.dateID = d.new))
+        WHERE x.ownerID = m.new AND x.ownerTableID = [levelNumber] AND x.dateID = d.new))
 ORDER BY t.rowid;
 
-INSERT INTO tbl_date_link(ownerID, dateID, ownerTableID)
-SELECT m.new, d.new, 2
-FROM tblTrashDateLink t CROSS JOIN tblBackClass m ON m.old = t.ownerID
-    CROSS JOIN tblBackDate d ON d.old = t.dateID
-WHERE t.trashID = [entry] AND t.ownerTableID = 2
-    AND (NOT m.isThere OR NOT EXISTS (
-        SELECT 1 FROM tbl_date_link x
-        WHERE x.ownerID = m.new AND x.ownerTableID = 2 AND x.dateID = d.new))
-ORDER BY t.rowid;
-
-INSERT INTO tbl_date_link(ownerID, dateID, ownerTableID)
-SELECT m.new, d.new, 3
-FROM tblTrashDateLink t CROSS JOIN tblBackCode m ON m.old = t.ownerID
-    CROSS JOIN tblBackDate d ON d.old = t.dateID
-WHERE t.trashID = [entry] AND t.ownerTableID = 3
-    AND (NOT m.isThere OR NOT EXISTS (
-        SELECT 1 FROM tbl_date_link x
-        WHERE x.ownerID = m.new AND x.ownerTableID = 3 AND x.dateID = d.new))
-ORDER BY t.rowid;
+INSERT OR IGNORE INTO tblOverlong(ownerID, ownerTableID, part, text)
+SELECT m.new, [levelNumber], t.part, t.text
+FROM tblTrashOverlong t CROSS JOIN tblBack[Level] m ON m.old = t.ownerID
+WHERE t.trashID = [entry] AND t.ownerTableID = [levelNumber];
+-- END
 
 -- A procedure has one language.
 INSERT INTO tblCode_Link_Language(codeID, languageID)
@@ -198,26 +155,11 @@ FROM tblTrashFavorite t CROSS JOIN tblBackCode m ON m.old = t.codeID
 WHERE t.trashID = [entry]
     AND NOT EXISTS (SELECT 1 FROM tblFavorite x WHERE x.codeID = m.new);
 
--- The side tables.
+-- What the class's file looked like.
 INSERT OR IGNORE INTO tblSourceForm(classID, form)
 SELECT m.new, t.form
 FROM tblTrashSourceForm t CROSS JOIN tblBackClass m ON m.old = t.classID
 WHERE t.trashID = [entry];
-
-INSERT OR IGNORE INTO tblOverlong(ownerID, ownerTableID, part, text)
-SELECT m.new, 1, t.part, t.text
-FROM tblTrashOverlong t CROSS JOIN tblBackApplication m ON m.old = t.ownerID
-WHERE t.trashID = [entry] AND t.ownerTableID = 1;
-
-INSERT OR IGNORE INTO tblOverlong(ownerID, ownerTableID, part, text)
-SELECT m.new, 2, t.part, t.text
-FROM tblTrashOverlong t CROSS JOIN tblBackClass m ON m.old = t.ownerID
-WHERE t.trashID = [entry] AND t.ownerTableID = 2;
-
-INSERT OR IGNORE INTO tblOverlong(ownerID, ownerTableID, part, text)
-SELECT m.new, 3, t.part, t.text
-FROM tblTrashOverlong t CROSS JOIN tblBackCode m ON m.old = t.ownerID
-WHERE t.trashID = [entry] AND t.ownerTableID = 3;
 
 -- The entry goes, and trgTrashDeleted takes the rest of it along.
 DELETE FROM tblTrash WHERE trashID = [entry];

@@ -33,7 +33,9 @@ bool IsHarmless(char32_t character) {
 Console::Terminals Console::OfProcess() {
     const char* const type = std::getenv("TERM");
     const bool isDumb = type == nullptr || std::string_view(type) == "dumb";
-    return {.input = isatty(STDIN_FILENO) == 1, .error = isatty(STDERR_FILENO) == 1 && !isDumb};
+    return {.input = isatty(STDIN_FILENO) == 1,
+            .error = isatty(STDERR_FILENO) == 1 && !isDumb,
+            .output = isatty(STDOUT_FILENO) == 1 && !isDumb};
 }
 
 void Console::PrintLine(std::string_view text) {

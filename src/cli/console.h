@@ -13,10 +13,12 @@ namespace snippetarium {
 /// meanwhile takes the status line away first.
 class Console {
   public:
-    /// What is known of the two streams: whether a person sits at the other end.
+    /// What is known of the streams: whether a person sits at the other end.
     struct Terminals {
         bool input = false;
         bool error = false;
+        /// Of the standard output, which the console leaves to the command's result.
+        bool output = false;
     };
 
     /// The streams must live longer than the console.

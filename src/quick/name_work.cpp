@@ -1,10 +1,15 @@
 #include <algorithm>
 #include <array>
-#include <deque>
+#include <iterator>
 #include <optional>
+#include <set>
+#include <utility>
 
+#include "quick/block_walk.h"
 #include "quick/name_block.h"
+#include "quick/name_index.h"
 #include "quick/node_row.h"
+#include "quick/standing.h"
 #include "quick/work.h"
 
 namespace snippetarium {
@@ -26,54 +31,6 @@ struct BlockTiers {
         mask.set(place);
     }
 };
-
-/// Walks over the blocks of all levels: applications, classes, procedures, the newest block first.
-class BlockWalk {
-  public:
-    explicit BlockWalk(const QuickPlan& plan) : plan_(plan) { Enter(); }
-
-    bool IsAtEnd() const { return level_ == kQuickKinds; }
-    QuickKind Kind() const { return static_cast<QuickKind>(level_); }
-    std::int32_t Block() const { return block_; }
-    void Next() {
-        if (--block_ >= 0) return;
-        ++level_;
-        Enter();
-    }
-
-  private:
-    void Enter() {
-        if (!IsAtEnd()) block_ = plan_.newestBlock[level_];
-    }
-
-    const QuickPlan& plan_;
-    std::size_t level_ = 0;
-    std::int32_t block_ = 0;
-};
-
-/// Calls `note(entry, place)` for the places of a needle in a block, until it says that the rest of
-/// the entry does not matter.
-template <typename Note>
-void ForEachPlace(NameBlock& block, const FoldedNeedle& needle, Note note) {
-    const std::string& names = block.Names();
-    std::size_t at = needle.Find(names);
-    if (at == FoldedNeedle::kNotFound) return;
-    auto entry = block.Entries().begin();
-    const auto end = block.Entries().end();
-    while (at != FoldedNeedle::kNotFound) {
-        while (entry != end && entry->place.End() < at + needle.Size())
-            ++entry;
-        if (entry == end) return;
-        std::size_t next = at + 1;
-        if (entry->place.begin <= at) {
-            const ByteRange inName{at - entry->place.begin, needle.Size()};
-            if (note(*entry, inName)) next = std::min(entry->place.End(), names.size());
-        }
-        while (next < names.size() && (static_cast<unsigned char>(names[next]) & 0xC0U) == 0x80U)
-            ++next;
-        at = next < names.size() ? needle.Find(names, next) : FoldedNeedle::kNotFound;
-    }
-}
 
 void FindInBlock(NameBlock& block, const PlannedTerm& term, BlockTiers& tiers) {
     const WordPattern& pattern = *term.pattern;
@@ -97,6 +54,13 @@ void FindInEachName(NameBlock& block, const PlannedTerm& term, BlockTiers& tiers
     }
 }
 
+// The names of all levels are looked through once, applications and classes first, then procedures,
+// the newest first. What is found goes into the tier that its name promises, and a tier is listed
+// when nothing more can come into it. For the hits to be there before all names have been read, the
+// index on the names of procedures is asked first: which are exactly a word of the entry, and
+// whether any begins with one. The tier for which it cannot rule out more procedures is the
+// `floor_`: what is better is complete before procedures are read, and what is just that good is
+// listed as it comes.
 class NameWork final : public QuickWork {
   public:
     NameWork(QuickPlan& plan, FoundRows& found)
@@ -107,17 +71,72 @@ class NameWork final : public QuickWork {
     }
 
     bool Advance() override {
-        if (!walk_.IsAtEnd()) {
-            LookInto(walk_.Kind(), walk_.Block());
-            walk_.Next();
+        if (next_ < toConfirm_.size()) {
+            ConfirmSome();
             return true;
         }
-        return Confirm();
+        toConfirm_.clear();
+        next_ = 0;
+        switch (phase_) {
+            case Phase::UpperLevels:
+                ReadBlock();
+                if (walk_.IsAtEnd() || walk_.Kind() == QuickKind::Procedure) AskIndex();
+                return true;
+            case Phase::BetterTiers:
+                TakeTier(tier_);
+                if (tier_++ == floor_) phase_ = Phase::Procedures;
+                return true;
+            case Phase::Procedures:
+                if (!walk_.IsAtEnd()) {
+                    ReadBlock();
+                    return true;
+                }
+                phase_ = Phase::OtherTiers;
+                return true;
+            case Phase::OtherTiers:
+                break;
+        }
+        if (tier_ == kNameTiers) return false;
+        TakeTier(tier_++);
+        return true;
     }
 
   private:
+    enum class Phase { UpperLevels, BetterTiers, Procedures, OtherTiers };
+    static constexpr std::size_t kExact = static_cast<std::size_t>(QuickTier::ExactName);
+    static constexpr std::size_t kPrefix = static_cast<std::size_t>(QuickTier::NamePrefix);
+    static constexpr std::size_t kWordStart = static_cast<std::size_t>(QuickTier::WordStart);
+
     static bool IsLookedFor(const PlannedTerm& term) {
         return !term.isNegated && term.IsLookedForIn(QuickText::Name);
+    }
+
+    void AskIndex() {
+        phase_ = Phase::BetterTiers;
+        FoundRows exact;
+        bool mayBegin = false;
+        for (const PlannedTerm& term : plan_.terms) {
+            if (!IsLookedFor(term)) continue;
+            if (!term.pattern->IsPlain()) {
+                floor_ = kExact;
+                return;
+            }
+            if (!FindExactNames(plan_.db, term.pattern->Literal(), exact)) {
+                floor_ = kExact;
+                return;
+            }
+            mayBegin = mayBegin || HasNameThatBegins(plan_.db, term.pattern->Literal());
+        }
+        floor_ = mayBegin ? kPrefix : kWordStart;
+        std::ranges::sort(exact, ComesBefore);
+        const auto isSameID = [](const FoundRow& a, const FoundRow& b) { return a.id == b.id; };
+        exact.erase(std::unique(exact.begin(), exact.end(), isSameID), exact.end());
+        promised_[kExact].insert(promised_[kExact].end(), exact.begin(), exact.end());
+    }
+
+    void ReadBlock() {
+        LookInto(walk_.Kind(), walk_.Block());
+        walk_.Next();
     }
 
     void LookInto(QuickKind kind, std::int32_t number) {
@@ -145,131 +164,86 @@ class NameWork final : public QuickWork {
         for (const NameBlock::Entry& entry : block.Entries()) {
             const auto place = static_cast<std::size_t>(entry.id % kIDsInBlock);
             if (!mask.test(place)) continue;
-            const auto tier = PromisedTier(plan_.root, place);
-            if (!tier || *tier > QuickTier::NamePart) continue;
-            promised_[static_cast<std::size_t>(*tier)].push_back(
-                {kind, *tier, entry.id, static_cast<std::uint32_t>(entry.place.size)});
+            const auto promise = PromisedTier(place);
+            if (!promise || *promise > QuickTier::NamePart) continue;
+            auto tier = static_cast<std::size_t>(*promise);
+            if (phase_ == Phase::Procedures && tier < floor_) {
+                if (listed_.contains(entry.id)) continue;
+                tier = floor_;  // a filter did not let it through at its best
+            }
+            promised_[tier].push_back({kind, static_cast<QuickTier>(tier), entry.id,
+                                       static_cast<std::uint32_t>(entry.place.size)});
         }
         for (std::size_t i = 0; i < kNameTiers; ++i) {
             std::sort(promised_[i].begin() + static_cast<std::ptrdiff_t>(before[i]),
                       promised_[i].end(), ComesBefore);
         }
+        if (phase_ == Phase::Procedures) toConfirm_ = std::exchange(promised_[floor_], {});
     }
 
     /// The tier by names alone, if all filters let the row through.
-    std::optional<QuickTier> PromisedTier(const QuickNode& node, std::size_t place) const {
-        switch (node.type) {
-            case QuickNode::Type::Term: {
-                const PlannedTerm& term = plan_.terms[node.term];
-                if (!IsTextField(term.term.field)) return QuickTier::Filter;
-                if (!IsLookedFor(term)) return {};
-                const std::uint8_t tier = tiers_[node.term].tiers[place];
-                if (tier == BlockTiers::kNone) return {};
-                return static_cast<QuickTier>(tier);
-            }
-            case QuickNode::Type::Not:
-                return QuickTier::Filter;
-            case QuickNode::Type::And: {
-                QuickTier tier = QuickTier::Filter;
-                for (const QuickNode& part : node.parts) {
-                    const auto ofPart = PromisedTier(part, place);
-                    if (!ofPart) return {};
-                    tier = WorseTier(tier, *ofPart);
-                }
-                return tier;
-            }
-            case QuickNode::Type::Or:
-                break;
-        }
-        std::optional<QuickTier> best;
-        for (const QuickNode& part : node.parts) {
-            const auto ofPart = PromisedTier(part, place);
-            if (ofPart && (!best || *ofPart < *best)) best = ofPart;
-        }
-        return best;
+    std::optional<QuickTier> PromisedTier(std::size_t place) const {
+        const auto ofTerm = [&](const QuickNode& node) {
+            const PlannedTerm& term = plan_.terms[node.term];
+            if (!IsTextField(term.term.field)) return Standing::OfFilter(true);
+            const std::uint8_t tier = IsLookedFor(term) ? tiers_[node.term].tiers[place]
+                                                        : std::uint8_t{BlockTiers::kNone};
+            if (tier == BlockTiers::kNone) return Standing();
+            return Standing::OfText(static_cast<QuickTier>(tier));
+        };
+        const auto ofNot = [](const QuickNode&) { return Standing::OfFilter(true); };
+        return StandingOf(plan_.root, ofTerm, ofNot).Tier();
     }
 
-    /// Reads what was promised, in order. A row whose filters leave it a worse tier waits for that.
-    bool Confirm() {
-        constexpr int kRowsAtATime = 64;
-        for (int i = 0; i < kRowsAtATime; ++i) {
-            while (tier_ < kNameTiers && next_ == promised_[tier_].size()) {
-                promised_[tier_].clear();
-                next_ = 0;
-                if (++tier_ < kNameTiers) std::ranges::sort(late_[tier_], ComesBefore);
-                if (tier_ < kNameTiers) MergeLate();
-            }
-            if (tier_ == kNameTiers) return false;
-            ConfirmRow(promised_[tier_][next_++]);
-        }
-        return true;
+    /// Takes what was promised for a tier, and what fell into it from better ones.
+    void TakeTier(std::size_t tier) {
+        std::ranges::sort(late_[tier], ComesBefore);
+        std::ranges::merge(promised_[tier], late_[tier], std::back_inserter(toConfirm_),
+                           ComesBefore);
+        promised_[tier].clear();
+        late_[tier].clear();
     }
 
-    void MergeLate() {
-        if (late_[tier_].empty()) return;
-        FoundRows all;
-        std::ranges::merge(promised_[tier_], late_[tier_], std::back_inserter(all), ComesBefore);
-        promised_[tier_] = std::move(all);
+    void ConfirmSome() {
+        constexpr std::size_t kRowsAtATime = 64;
+        const std::size_t end = std::min(next_ + kRowsAtATime, toConfirm_.size());
+        while (next_ < end)
+            ConfirmRow(toConfirm_[next_++]);
     }
 
-    void ConfirmRow(FoundRow promised) {
-        auto row = NodeRow::Read(plan_.db, promised.kind, promised.id);
-        if (!row) return;
-        const auto tier = TierOfRow(plan_, plan_.root, *row, QuickTier::NamePart);
+    /// Reads a row. One whose filters leave it a worse tier than its name promised waits for that,
+    /// or for its block where that has still to be read.
+    void ConfirmRow(FoundRow row) {
+        auto read = NodeRow::Read(plan_.db, row.kind, row.id);
+        if (!read) return;
+        const auto tier = TierOfRow(plan_, *read, QuickTier::NamePart);
         if (!tier || *tier > QuickTier::NamePart) return;
-        const bool isLater = *tier > promised.tier;
-        promised.tier = *tier;
+        const bool isLater = *tier > row.tier;
+        const bool isReadAgain = phase_ == Phase::BetterTiers && row.kind == QuickKind::Procedure;
+        if (isLater && isReadAgain) return;
+        row.tier = *tier;
         if (isLater) {
-            late_[static_cast<std::size_t>(*tier)].push_back(promised);
-        } else {
-            found_.push_back(promised);
+            late_[static_cast<std::size_t>(*tier)].push_back(row);
+            return;
         }
+        if (isReadAgain) listed_.insert(row.id);
+        found_.push_back(row);
     }
 
     QuickPlan& plan_;
     FoundRows& found_;
     BlockWalk walk_;
     std::vector<BlockTiers> tiers_;  // of the block that is looked at, by term
+    Phase phase_ = Phase::UpperLevels;
     std::array<FoundRows, kNameTiers> promised_;
     std::array<FoundRows, kNameTiers> late_;
+    std::size_t floor_ = kExact;
+    /// The next tier to list.
     std::size_t tier_ = 0;
+    FoundRows toConfirm_;
     std::size_t next_ = 0;
-};
-
-class SlipWork final : public QuickWork {
-  public:
-    explicit SlipWork(QuickPlan& plan) : plan_(plan), walk_(plan) {
-        for (PlannedTerm& term : plan_.terms)
-            term.bySlip.isEverything = false;
-    }
-
-    bool Advance() override {
-        if (walk_.IsAtEnd()) return false;
-        NameBlock block = NameBlock::Read(plan_.db, walk_.Kind(), walk_.Block());
-        for (PlannedTerm& term : plan_.terms) {
-            if (!term.isNegated && term.slip) LookFor(term, block);
-        }
-        walk_.Next();
-        return true;
-    }
-
-  private:
-    void LookFor(PlannedTerm& term, NameBlock& block) {
-        BlockMask looked;
-        IdSet& found = term.bySlip.Of(walk_.Kind());
-        for (const FoldedNeedle& needle : term.slip->Needles()) {
-            ForEachPlace(block, needle, [&](const NameBlock::Entry& entry, const ByteRange&) {
-                const auto place = static_cast<std::size_t>(entry.id % kIDsInBlock);
-                if (looked.test(place)) return true;
-                looked.set(place);
-                if (term.slip->Find(block.NameOf(entry))) found.Add(entry.id);
-                return true;
-            });
-        }
-    }
-
-    QuickPlan& plan_;
-    BlockWalk walk_;
+    /// Procedures that the index named and that are listed.
+    std::set<std::int32_t> listed_;
 };
 
 }  // namespace
@@ -283,10 +257,6 @@ bool ComesBefore(const FoundRow& a, const FoundRow& b) {
 
 std::unique_ptr<QuickWork> FindByNames(QuickPlan& plan, FoundRows& found) {
     return std::make_unique<NameWork>(plan, found);
-}
-
-std::unique_ptr<QuickWork> LookUpSlips(QuickPlan& plan) {
-    return std::make_unique<SlipWork>(plan);
 }
 
 }  // namespace snippetarium

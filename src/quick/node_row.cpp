@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "quick/standing.h"
 #include "store/database.h"
 
 namespace snippetarium {
@@ -155,32 +156,15 @@ bool Meets(const QuickPlan& plan, const QuickNode& node, NodeRow& row) {
 
 }  // namespace
 
-std::optional<QuickTier> TierOfRow(const QuickPlan& plan, const QuickNode& node, NodeRow& row,
-                                   QuickTier worst) {
-    switch (node.type) {
-        case QuickNode::Type::Term:
-            return row.TierOf(plan.terms[node.term], worst);
-        case QuickNode::Type::Not:
-            return Meets(plan, node.parts.front(), row) ? std::nullopt
-                                                        : std::optional(QuickTier::Filter);
-        case QuickNode::Type::And: {
-            QuickTier tier = QuickTier::Filter;
-            for (const QuickNode& part : node.parts) {
-                const auto ofPart = TierOfRow(plan, part, row, worst);
-                if (!ofPart) return {};
-                tier = WorseTier(tier, *ofPart);
-            }
-            return tier;
-        }
-        case QuickNode::Type::Or:
-            break;
-    }
-    std::optional<QuickTier> best;
-    for (const QuickNode& part : node.parts) {
-        const auto ofPart = TierOfRow(plan, part, row, worst);
-        if (ofPart && (!best || *ofPart < *best)) best = ofPart;
-    }
-    return best;
+std::optional<QuickTier> TierOfRow(const QuickPlan& plan, NodeRow& row, QuickTier worst) {
+    const auto ofTerm = [&](const QuickNode& node) {
+        const auto tier = row.TierOf(plan.terms[node.term], worst);
+        return tier == QuickTier::Filter ? Standing::OfFilter(true) : Standing::OfText(tier);
+    };
+    const auto ofNot = [&](const QuickNode& node) {
+        return Standing::OfFilter(!Meets(plan, node.parts.front(), row));
+    };
+    return StandingOf(plan.root, ofTerm, ofNot).Tier();
 }
 
 std::string AuthorName(std::string_view first, std::string_view middle, std::string_view last) {

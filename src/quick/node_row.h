@@ -56,9 +56,9 @@ class NodeRow {
     std::optional<std::string> code_;
 };
 
-/// The tier of a row as a hit, among those up to `worst`; nothing where it is none there.
-std::optional<QuickTier> TierOfRow(const QuickPlan& plan, const QuickNode& node, NodeRow& row,
-                                   QuickTier worst);
+/// The tier of a row as a hit, as far as the texts up to the tier `worst` tell; nothing where they
+/// do not make it one.
+std::optional<QuickTier> TierOfRow(const QuickPlan& plan, NodeRow& row, QuickTier worst);
 
 /// An author's name as it is looked for: its parts with blanks between.
 std::string AuthorName(std::string_view first, std::string_view middle, std::string_view last);

@@ -164,10 +164,4 @@ bool CanBeMetByFilters(const QuickNode& node, const std::vector<PlannedTerm>& te
     return std::ranges::any_of(node.parts, canBe);
 }
 
-QuickTier WorseTier(QuickTier a, QuickTier b) {
-    if (a == QuickTier::Filter) return b;
-    if (b == QuickTier::Filter) return a;
-    return std::max(a, b);
-}
-
 }  // namespace snippetarium

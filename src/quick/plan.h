@@ -89,7 +89,4 @@ BlockMask CandidatesOf(const QuickPlan& plan, QuickTier tier, QuickKind kind, st
 /// True where the entry can be met by filters alone.
 bool CanBeMetByFilters(const QuickNode& node, const std::vector<PlannedTerm>& terms);
 
-/// The tier of "a and b": the worse one; a filter takes nothing away from the other.
-QuickTier WorseTier(QuickTier a, QuickTier b);
-
 }  // namespace snippetarium

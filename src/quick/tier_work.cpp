@@ -45,7 +45,7 @@ class TierWork final : public QuickWork {
 
     void LookAt(std::int32_t id) {
         auto row = NodeRow::Read(plan_.db, Kind(), id);
-        if (!row || TierOfRow(plan_, plan_.root, *row, tier_) != tier_) return;
+        if (!row || TierOfRow(plan_, *row, tier_) != tier_) return;
         ofBlock_.push_back({Kind(), tier_, id, static_cast<std::uint32_t>(row->Name().size())});
     }
 

@@ -132,29 +132,6 @@ TEST_F(ApplicationExportTest, AsksForEachFileThatExistsUntilOneAnswerIsForAll) {
     }
 }
 
-TEST_F(ApplicationExportTest, DoesWithExistingFilesWhatItWasTold) {
-    Make("A", "A.c");
-    const struct {
-        ExistingFile existing;
-        std::string_view content;
-    } cases[] = {
-        {ExistingFile::Append, "old\r\nA\r\n"},
-        {ExistingFile::Overwrite, "A\r\n"},
-        {ExistingFile::Skip, "old"},
-    };
-    for (const auto& [existing, content] : cases) {
-        PutOld({"A.c"});
-        const ExportResult result = Export(existing);
-        EXPECT_EQ(Read("out/A.c"), content);
-        if (existing != ExistingFile::Skip) {
-            ExpectInformation(kSuccess);
-        } else {
-            EXPECT_EQ(ExportReport(result),
-                      "  The file 'A.c' was not exported, because it already exists.\r\n");
-        }
-    }
-}
-
 TEST_F(ApplicationExportTest, AsksBeforeItOverwritesTheSource) {
     Make("A", "A.c");
     files_.MakeFolders(Path("source"));
@@ -256,18 +233,6 @@ TEST_F(ApplicationExportTest, GoesOnAfterAFailureAndKeepsWhatWasWritten) {
                   "\r\nThe following files were successfully exported:\r\n\r\n  A.c\r\n  D.c\r\n"),
               report.npos)
         << report;
-}
-
-TEST_F(ApplicationExportTest, TellsOfAFullDisk) {
-    FakeFileSystem disk;
-    disk.freeBytes = 4;
-    for (const std::string name : {"A", "B", "C"})
-        Make(name, name + ".c");
-    const ExportResult result =
-        ExportApplication(db_, disk, {.appID = appID_, .destinationFolder = "/out"});
-    EXPECT_EQ(result.exported, Names{"A.c"});
-    EXPECT_EQ(result.problems.size(), 2U);
-    ExpectError(Procedure::ExportApplication, "the disk is full");
 }
 
 TEST_F(ApplicationExportTest, EndsAtOnceWhereTheDestinationIsNoFolder) {

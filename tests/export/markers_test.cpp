@@ -63,21 +63,6 @@ TEST(Markers, LookAsTheLanguageWantsThem) {
     }
 }
 
-TEST(Markers, AreFoundWithTheirLineBreak) {
-    const MarkedProcedures basic{MarkerFamily::VisualBasic, {"Draw()", "Clear()"}};
-    const std::string text =
-        "Option Explicit\r\n'***Procedure Clear()***\r\n\r\n'***Procedure Draw()***";
-    EXPECT_EQ(FindMarkers(text, basic), (std::vector<MarkerPlace>{{18, 26, 1}, {46, 23, 0}}))
-        << "the last one ends the text, which a stored text may leave without its break";
-    EXPECT_TRUE(FindMarkers("'***Procedure Draw()*** x", basic).empty());
-    EXPECT_TRUE(FindMarkers("'***Procedure draw()***\r\n", basic).empty()) << "case counts";
-    EXPECT_TRUE(FindMarkers("'***Procedure Other()***\r\n", basic).empty());
-
-    const MarkedProcedures c{MarkerFamily::C, {"f", "g"}};
-    EXPECT_EQ(FindMarkers("static /***Procedure f***//***Procedure g***/;", c),
-              (std::vector<MarkerPlace>{{8, 19, 0}, {27, 19, 1}}));
-}
-
 TEST(Markers, AreTheSameAsTryingEveryNameAtEveryPlaceFinds) {
     for (const MarkerFamily family : kFamilies) {
         const std::vector<std::string> pieces = PiecesOf(family);
@@ -177,19 +162,6 @@ TEST(Markers, DoNotPileUpBlankLinesWhenOneIsAppendedAndRemovedAgainAndAgain) {
         EXPECT_EQ(removed, "x\r\n");
         EXPECT_EQ(AppendMarker(removed, procedures, "f"), once);
     }
-}
-
-TEST(Markers, AreFoundInALongTextWithManyProcedures) {
-    MarkedProcedures procedures{MarkerFamily::VisualBasic, {}};
-    std::string text;
-    for (int i = 0; i < 20'000; ++i) {
-        procedures.codeNames.push_back("Procedure" + std::to_string(i) + "(ByVal x As Long)");
-        text += MarkerLine(MarkerFamily::VisualBasic, procedures.codeNames.back());
-    }
-    const std::vector<MarkerPlace> places = FindMarkers(text, procedures);
-    ASSERT_EQ(places.size(), procedures.codeNames.size());
-    for (std::size_t i = 0; i < places.size(); ++i)
-        ASSERT_EQ(places[i].procedure, i);
 }
 
 }  // namespace

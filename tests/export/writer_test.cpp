@@ -279,19 +279,5 @@ TEST_F(WriterTest, WritesAProcedureAsItStandsInItsClassesFile) {
     EXPECT_FALSE(files_.FileExists(Path("q")));
 }
 
-TEST_F(WriterTest, LeavesTheOldFileWhereTheNewOneFindsNoRoom) {
-    FakeFileSystem disk;
-    disk.AddFile("/src/Grid.c", "old");
-    disk.freeBytes = 3;
-    const std::int32_t classID =
-        MakeClass({.name = "Grid", .declarations = "int x;", .languageID = kC});
-    const ClassFile file = ReadClassFile(db_, classID);
-    for (const OutputMode mode : {OutputMode::Replace, OutputMode::Append}) {
-        EXPECT_FALSE(WriteClassFile(db_, disk, "/src/Grid.c", file, mode).isWritten);
-        EXPECT_EQ(disk.ReadFile("/src/Grid.c"), "old");
-        ExpectError(Procedure::WriteClassFile, "the disk is full");
-    }
-}
-
 }  // namespace
 }  // namespace snippetarium::test

@@ -80,12 +80,5 @@ TEST(FileKinds, NameAClassAfterItsFile) {
     EXPECT_EQ(ClassNameOfFile(".bas"), "");
 }
 
-TEST(FileKinds, RefuseIncludeFilesOnceOneWasNoPage) {
-    ImportState state;
-    state.includeFilesRejected = true;
-    EXPECT_EQ(GetCodeFileKind("Inc", state), CodeFileKind::NotSupported);
-    EXPECT_EQ(GetCodeFileKind("asp", state), CodeFileKind::ServerPage);
-}
-
 }  // namespace
 }  // namespace snippetarium

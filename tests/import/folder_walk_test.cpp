@@ -85,14 +85,6 @@ TEST_F(FolderWalkTest, StopsAtTheFileWhereItIsCancelledAndLeavesNoFlagBehind) {
     EXPECT_LT(host_.progress.totalValues.back(), 100);
 }
 
-TEST_F(FolderWalkTest, GoesOnWhereTheUserDoesNotWantToStopAfterAll) {
-    AddFiles({"/p/a/1.c", "/p/b/2.c"});
-    host_.PressCancelAt(1);
-    host_.messages.Expect(StandardAnswer::No);
-    EXPECT_EQ(ListAll("/p").entries, (Names{"a\\1.c", "b\\2.c"}));
-    EXPECT_EQ(host_.progress.totalValues.back(), 100);
-}
-
 TEST_F(FolderWalkTest, NotesOnceWhatCannotBeListedAndGoesOn) {
     AddFiles({"/p/a/1.c", "/p/locked/2.c", "/p/z/3.c"});
     files_.unreadableFolders.insert("/p/locked");

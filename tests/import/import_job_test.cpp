@@ -194,23 +194,6 @@ TEST_F(ImportJobTest, LeavesAConsistentCatalogueWhereverItIsCancelled) {
     }
 }
 
-TEST_F(ImportJobTest, RefusesIncludeFilesForTheRestOfTheJobOnly) {
-    AddFile("a.inc", "x");
-    AddFile("b.inc", "y");
-    SetAnalyser(CodeFileKind::ServerPage,
-                [](const SourceText& source, LineProgress&, ImportState& state) {
-                    state.Report(std::string(source.entry) + " is no page.");
-                    state.includeFilesRejected = true;
-                    return std::optional<CutFile>();
-                });
-    for (int job = 1; job <= 2; ++job) {
-        EXPECT_EQ(Import({"a.inc", "b.inc"}).texts.errors,
-                  "  a.inc is no page.\r\n"
-                  "  b.inc was not imported as its extension is not supported.\r\n")
-            << "job " << job;
-    }
-}
-
 TEST_F(ImportJobTest, TellsTheTimeWithoutLeadingZeros) {
     AddFile("a.bas", "x");
     SetAnalyser(CodeFileKind::VisualBasic, [this](const auto& source, auto& lines, auto& state) {

@@ -73,32 +73,6 @@ TEST_F(AuthorLinks, SendTheseStatements) {
         << "an author without links stays until a deletion";
 }
 
-TEST_F(AuthorLinks, OfARemovedOwnerTakeAlongOnlyAuthorsThatNobodyElseHas) {
-    AddThreeAuthors();
-    Link({OwnerKind::Class, 1}, {1, 2});
-    Link({OwnerKind::Class, 2}, {1});
-    Link({OwnerKind::Procedure, 1}, {2});
-    // Cid has no link and is no candidate.
-    RemoveAuthorLinks(db_, OwnerKind::Class, "1");
-    EXPECT_EQ(Links(), (Rows{"2|2|1", "3|1|2"}));
-    EXPECT_EQ(Authors(), (Rows{"1|Ann", "2|Bob", "3|Cid"}));
-    RemoveAuthorLinks(db_, OwnerKind::Class, "1, 2, 99");
-    EXPECT_EQ(Links(), Rows{"3|1|2"});
-    EXPECT_EQ(Authors(), (Rows{"2|Bob", "3|Cid"}));
-    RemoveAuthorLinks(db_, OwnerKind::Procedure, "");
-    EXPECT_EQ(Links(), Rows{"3|1|2"});
-    EXPECT_EQ(Select("SELECT * FROM tblIDsToDelete"), Rows());
-}
-
-TEST_F(AuthorLinks, ShareAnAuthorWhoseNameChangesForAll) {
-    AddThreeAuthors();
-    Link({OwnerKind::Class, 1}, {1});
-    Link({OwnerKind::Procedure, 1}, {1});
-    UpdateAuthorName(db_, 1, {"Anne", "", "Lee"});
-    for (const std::int32_t kind : {2, 3})
-        EXPECT_EQ(AuthorsRSByOwner(db_, 1, kind)["authorFName"].Text(), "Anne");
-}
-
 TEST_F(AuthorLinks, StayOneForEachAuthorWhenOneTakesTheOthersPlace) {
     AddThreeAuthors();
     Link(kClass, {1, 2});
@@ -116,25 +90,6 @@ TEST_F(AuthorLinks, AFailedInsertGivesNoAuthor) {
     RefuseInsertsInto("tblAuthor");
     EXPECT_EQ(FindOrAddAuthor(db_, {"Dan", "", ""}), 0);
     ExpectFailedStatement();
-}
-
-TEST_F(AuthorLinks, ARemovalThatFailsIsFinishedByTheNext) {
-    AddThreeAuthors();
-    Link(kClass, {1});
-    Link({OwnerKind::Class, 8}, {2});
-    db_.GetConnection().RunScript(
-        "CREATE TRIGGER refuse BEFORE DELETE ON tblAuthor WHEN old.authorID = 1 "
-        "BEGIN SELECT RAISE(ABORT, 'refused'); END;");
-    TakeStatements();
-    RemoveAuthorLinks(db_, OwnerKind::Class, "7");
-    ExpectFailedStatement();
-    EXPECT_EQ(TakeStatements().size(), 4U) << "the steps behind a failed one do not run";
-    EXPECT_EQ(Select("SELECT ID FROM tblIDsToDelete"), Rows{"1"});
-
-    db_.GetConnection().RunScript("DROP TRIGGER refuse;");
-    RemoveAuthorLinks(db_, OwnerKind::Class, "8");
-    EXPECT_EQ(Authors(), Rows{"3|Cid"});
-    EXPECT_EQ(Select("SELECT ID FROM tblIDsToDelete"), Rows());
 }
 
 }  // namespace

@@ -17,44 +17,6 @@ std::string Internal(const DeliveredCatalogue& catalogue, std::string_view sql) 
     return ScalarText(OpenDatabase(catalogue.Path(), OpenFlag::Read).get(), sql);
 }
 
-TEST(Delivered, TablesHaveTheirColumnsInTheOrderInWhichInsertsFillThem) {
-    const struct {
-        std::string_view table;
-        std::string_view columns;
-    } cases[] = {
-        // clang-format off
-        {"tblApplication", "appID appName appPath appComment appVersion keywordID"},
-        {"tblClass", "classID className appID languageID classPathInApp classDI classComment keywordID"},
-        {"tblCode", "codeID codeName code codeComment classID keywordID"},
-        {"tblKeyword", "keywordID keyword separatorID"},
-        {"tblKeywordTemp", "keywordID keyword separatorID"},
-        {"tblSearchWord", "searchWordID searchWord"},
-        {"tblKeyword_link_searchWord", "keywordID searchWordID"},
-        {"tblSeparator", "separatorID separator separatorDescription"},
-        {"tblAuthor", "authorID authorFName authorMName authorLName"},
-        {"tbl_Author_Link", "ownerID authorID ownerTableID"},
-        {"tblDate", "dateID dDate"},
-        {"tbl_date_link", "ownerID dateID ownerTableID"},
-        {"tblLanguage", "languageID language Status"},
-        {"tblCode_Link_Language", "codeID languageID"},
-        {"tblFavorite", "appID classID codeID"},
-        {"tblCommonWord", "commonWord"},
-        {"tblIDsToDelete", "ID"},
-        {"tblWindowSize", "w_hID tWidth tHeight tLeft tTop leftChildIndex rightChildIndex wrap "
-                          "leftChildWidth rightChildWidth fContentPos fIndexPos fSearchPos "
-                          "fBookmarkPos lastCompactDay"},
-        // clang-format on
-    };
-    const DeliveredCatalogue catalogue;
-    for (const auto& test : cases) {
-        // Computed columns are not among those of table_info.
-        EXPECT_EQ(Internal(catalogue, "SELECT group_concat(name, ' ') FROM pragma_table_info('" +
-                                          std::string(test.table) + "')"),
-                  test.columns)
-            << test.table;
-    }
-}
-
 TEST(Delivered, TextsCompareWithoutRegardToCaseInEveryColumn) {
     const DeliveredCatalogue catalogue;
     const DatabaseHandle database = OpenDatabase(catalogue.Path(), OpenFlag::Read);
@@ -143,74 +105,6 @@ TEST(Delivered, IDsOfTheTreeAreNeverGivenAgain) {
     }
 }
 
-TEST(Delivered, WindowRowOfAShutDownGetsTheFirstIDAndThePositions) {
-    DeliveredCatalogue catalogue;
-    catalogue.Act("DELETE FROM tblWindowSize");
-    catalogue.Act(
-        "INSERT INTO tblWindowSize (tWidth, tHeight, tLeft, tTop, leftChildIndex, rightChildIndex, "
-        "wrap, leftChildWidth, rightChildWidth) VALUES (10, 20, 3, 4, 1, 2, 0, 7, 8 )");
-    EXPECT_EQ(catalogue.Rows("qryWindowSizeRS"),
-              Rows{"1|10|20|3|4|1|2|0|7|8|left|left|right|left|-"});
-}
-
-TEST(Delivered, StoredQueriesCanBeWrittenAnew) {
-    DeliveredCatalogue catalogue;
-    const Rows delivered = catalogue.Select("SELECT * FROM tblNamedQuery");
-    catalogue.Fill(
-        "DELETE FROM tblNamedQuery WHERE name = 'qryAppNameByID';"
-        "UPDATE tblNamedQuery SET body = 'SELECT 1';"
-        "INSERT INTO tblNamedQuery VALUES ('qryOfAnOldVersion', '', 'SELECT 1');");
-    catalogue.Fill(StoredQueriesScript());
-    EXPECT_EQ(catalogue.Select("SELECT * FROM tblNamedQuery"), delivered);
-}
-
-// The statements that remove the authors and dates of a deleted owner, as the program runs them.
-TEST(Delivered, ScratchTableLetsADeletionTakeOnlyItsCandidates) {
-    DeliveredCatalogue catalogue;
-    catalogue.Fill(
-        "INSERT INTO tblAuthor VALUES (1, 'Ann', '', 'Lee'), (2, 'Bo', '', 'Ray'), (3, 'Cy', '', "
-        "'Fox');"
-        "INSERT INTO tbl_Author_Link VALUES (7, 1, 3), (7, 2, 3), (8, 2, 3);"
-        "INSERT INTO tblDate VALUES (1, '2001-01-01'), (2, '2002-02-02'), (3, '2003-03-03');"
-        "INSERT INTO tbl_date_link VALUES (7, 1, 3), (7, 2, 3), (8, 2, 3);");
-    for (const std::string_view statement : {
-             // clang-format off
-             "INSERT INTO tblIDsToDelete SELECT authorID AS ID FROM tbl_Author_Link WHERE ownerID IN (7) AND ownerTableID=3",
-             "DELETE FROM tbl_Author_Link WHERE ownerID IN (7) AND ownerTableID=3",
-             "DELETE FROM tblIDsToDelete WHERE ID IN (SELECT authorID FROM tbl_Author_Link)",
-             "DELETE FROM tblAuthor WHERE authorID IN (SELECT authorID FROM tblIDsToDelete)",
-             "DELETE FROM tblIDsToDelete",
-             "INSERT INTO tblIDsToDelete SELECT dateID AS ID FROM tbl_date_link WHERE ownerID IN (7) AND ownerTableID=3",
-             "DELETE FROM tbl_date_link WHERE ownerID IN (7) AND ownerTableID=3",
-             "DELETE FROM tblIDsToDelete WHERE ID IN (SELECT dateID FROM tbl_date_link)",
-             "DELETE FROM tblDate WHERE dateID IN (SELECT dateID FROM tblIDsToDelete)",
-             "DELETE FROM tblIDsToDelete",
-             // clang-format on
-         }) {
-        catalogue.Act(statement);
-    }
-    EXPECT_EQ(catalogue.Select("SELECT authorID FROM tblAuthor"), (Rows{"2", "3"}));
-    EXPECT_EQ(catalogue.Select("SELECT dateID FROM tblDate"), (Rows{"2", "3"}));
-    EXPECT_EQ(catalogue.Select("SELECT count(*) FROM tblIDsToDelete"), Rows{"0"});
-}
-
-TEST(Delivered, TriggersKeepTheIDsOfKeywordsAndSearchWordsHarmless) {
-    DeliveredCatalogue catalogue;
-    catalogue.Fill(
-        "INSERT INTO tblKeyword VALUES (5, 'grid view', 1), (6, 'list', 1);"
-        "INSERT INTO tblSearchWord VALUES (1, 'grid'), (2, 'view'), (3, 'list');"
-        "INSERT INTO tblKeyword_link_searchWord VALUES (5, 1), (5, 2), (6, 3), (6, 1);"
-        "UPDATE tblApplication SET keywordID = 5; UPDATE tblClass SET keywordID = 5;"
-        "INSERT INTO tblCode VALUES (1, 'a', 'x', NULL, 1, 5), (2, 'b', 'y', NULL, 1, 6);");
-    catalogue.Act("DELETE FROM tblSearchWord WHERE searchWordID = 1");
-    EXPECT_EQ(catalogue.Select("SELECT * FROM tblKeyword_link_searchWord"), (Rows{"5|2", "6|3"}));
-    catalogue.Act("DELETE FROM tblKeyword WHERE keywordID = 5");
-    EXPECT_EQ(catalogue.Select("SELECT * FROM tblKeyword_link_searchWord"), Rows{"6|3"});
-    EXPECT_EQ(catalogue.Select("SELECT keywordID FROM tblApplication"), Rows{"-"});
-    EXPECT_EQ(catalogue.Select("SELECT keywordID FROM tblClass"), Rows{"-"});
-    EXPECT_EQ(catalogue.Select("SELECT codeID, keywordID FROM tblCode"), (Rows{"1|-", "2|6"}));
-}
-
 TEST(Delivered, TriggersKeepBookmarksOnTheirPathThroughTheTree) {
     DeliveredCatalogue catalogue;
     catalogue.Fill(
@@ -226,25 +120,6 @@ TEST(Delivered, TriggersKeepBookmarksOnTheirPathThroughTheTree) {
               (Rows{"1|10|-", "1|10|20", "3|11|21"}));
     catalogue.Act("DELETE FROM tblClass WHERE classID = 10");
     EXPECT_EQ(catalogue.Select("SELECT * FROM tblFavorite"), Rows{"3|11|21"});
-}
-
-TEST(Delivered, TriggersRemoveSideRowsWithTheirOwnerOnly) {
-    DeliveredCatalogue catalogue;
-    catalogue.Fill(
-        "INSERT INTO tblApplication(appID, appName) VALUES (7, 'A');"
-        "INSERT INTO tblClass(classID, className, appID) VALUES (7, 'C', 7), (8, 'D', 7);"
-        "INSERT INTO tblCode(codeID, codeName, classID) VALUES (7, 'p', 8);"
-        "INSERT INTO tblSourceForm VALUES (7, 'utf-8'), (8, 'utf-16');"
-        "INSERT INTO tblOverlong VALUES (7, 1, 'appComment', 'a'), (7, 2, 'classDI', 'c'),"
-        "    (7, 3, 'code', 'p'), (8, 2, 'classDI', 'd');");
-    catalogue.Act("DELETE FROM tblClass WHERE classID IN (7)");
-    EXPECT_EQ(catalogue.Select("SELECT text FROM tblOverlong ORDER BY text"),
-              (Rows{"a", "d", "p"}));
-    EXPECT_EQ(catalogue.Select("SELECT classID FROM tblSourceForm"), Rows{"8"});
-    catalogue.Act("DELETE FROM tblCode WHERE codeID IN (7)");
-    EXPECT_EQ(catalogue.Select("SELECT text FROM tblOverlong ORDER BY text"), (Rows{"a", "d"}));
-    catalogue.Act("DELETE FROM tblApplication WHERE appID IN (7)");
-    EXPECT_EQ(catalogue.Select("SELECT text FROM tblOverlong"), Rows{"d"});
 }
 
 }  // namespace

@@ -98,14 +98,6 @@ TEST_F(DatabaseTest, ReportsAFailureOnceWithTheInnermostNumberAndReturnsTheDefau
     TakeBox();
 }
 
-TEST_F(DatabaseTest, TellsItsObserverEveryStatementThatItExecutes) {
-    std::vector<std::string> statements;
-    db_.SetStatementObserver([&](std::string_view sql) { statements.emplace_back(sql); });
-    EXPECT_EQ(ExecuteSQL(db_, "INSERT INTO tblAuthor VALUES (1, 'Ann', '', 'Lee')"), 1);
-    EXPECT_EQ(statements,
-              std::vector<std::string>{"INSERT INTO tblAuthor VALUES (1, 'Ann', '', 'Lee')"});
-}
-
 TEST_F(DatabaseTest, NamedReadsNeverSeeEachOthersParameters) {
     EXPECT_EQ(ClassNameByID(db_, 1), "Class/Module Undefined");
     EXPECT_EQ(db_.SharedCommand().ParameterCount(), 0U);
@@ -116,14 +108,6 @@ TEST_F(DatabaseTest, NamedReadsNeverSeeEachOthersParameters) {
     EXPECT_EQ(AppPathByID(db_, 1), "");
     EXPECT_TRUE(Shows(TakeBox(), "Error Number: 3078"));
     EXPECT_EQ(db_.SharedCommand().ParameterCount(), 0U) << "cleared after a failure too";
-}
-
-TEST_F(DatabaseTest, AMissingRecordsetIsClosedAndAtItsEnd) {
-    db_.GetConnection().RunScript("DELETE FROM tblNamedQuery WHERE name = 'qryAllSearchWords';");
-    const Recordset none = AllSearchWords(db_);
-    TakeBox();
-    EXPECT_FALSE(none.IsOpen());
-    EXPECT_TRUE(none.EndOfFile());
 }
 
 TEST_F(DatabaseTest, IsCompactedAndOpenedAgain) {

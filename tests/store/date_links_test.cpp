@@ -73,24 +73,6 @@ TEST_F(DateLinks, StayWhenAListSaysNothingAndGoWithAnEmptyOne) {
     EXPECT_EQ(DatesOf(owner), Rows());
 }
 
-TEST_F(DateLinks, OfARemovedOwnerTakeAlongOnlyDatesThatNobodyElseHas) {
-    Replace(kClass, {"2001-03-14", "2001-03-15"});
-    Replace(kProcedure, {"2001-03-15"});
-    FindOrAddDate(db_, {2002, 1, 1});
-    RemoveDateLinks(db_, OwnerKind::Class, "7");
-    EXPECT_EQ(Select("SELECT dDate FROM tblDate"), (Rows{"2001-03-15", "2002-01-01"}));
-    EXPECT_EQ(DatesOf(kProcedure), Rows{"2001-03-15|2"});
-    RemoveDateLinks(db_, OwnerKind::Procedure, "7");
-    EXPECT_EQ(Select("SELECT dDate FROM tblDate"), Rows{"2002-01-01"});
-}
-
-TEST_F(DateLinks, LeaveTheAuthorsOfTheSameNumbersAlone) {
-    ExecuteSQL(db_, "INSERT INTO tblAuthor VALUES (1, 'Ann', '', 'Lee')");
-    Replace(kClass, {"2001-03-14"});
-    RemoveDateLinks(db_, OwnerKind::Class, "7");
-    EXPECT_EQ(Select("SELECT authorFName FROM tblAuthor"), Rows{"Ann"});
-}
-
 TEST_F(DateLinks, AFailedDateIsNotLinked) {
     EXPECT_EQ(FindOrAddDate(db_, {2001, 2, 29}), 0) << "there is no such day";
     TakeBox();

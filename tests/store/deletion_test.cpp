@@ -13,13 +13,6 @@ namespace {
 
 using Deletion = DeletionFixture;
 
-TEST_F(Deletion, LeavesNoListOfIDsBehindForTheNextOpeningWhenItIsKilled) {
-    ExecuteSQL(db_, "INSERT INTO tblIDsToDelete VALUES (7)");
-    CloseCatalogue(db_);
-    OpenCatalogue(db_);
-    EXPECT_FALSE(RecordExists(db_, "SELECT * FROM tblIDsToDelete"));
-}
-
 TEST_F(Deletion, KilledAnywhereLeavesNoProcedureTheIDOfADeletedKeyword) {
     CloseCatalogue(db_);
     const std::string before = ReadBytes(CataloguePath());
@@ -43,6 +36,7 @@ TEST_F(Deletion, KilledAnywhereLeavesNoProcedureTheIDOfADeletedKeyword) {
         }
         OpenCatalogue(db_);
         EXPECT_EQ(DanglingKeywords(), Rows()) << "killed before statement " << deadly;
+        EXPECT_TRUE(IsEmpty("tblIDsToDelete")) << "killed before statement " << deadly;
         CloseCatalogue(db_);
     }
 }
@@ -55,31 +49,6 @@ TEST_F(Deletion, ThatIsCutShortLeavesNoOldKeywordToAnID) {
     EXPECT_EQ(Select(keywords), (Rows{"7|71", "8|-"})) << "the one in class 6 is to go too";
     Run("INSERT INTO tblKeyword VALUES (71, 'a stranger''s', 1);");
     EXPECT_EQ(Select(keywords), (Rows{"7|-", "8|-"}));
-}
-
-TEST_F(Deletion, LeavesASearchWordThatAnotherApplicationUses) {
-    Run("INSERT INTO tblApplication(appID, appName, keywordID) VALUES (8, 'Draw', 81);"
-        "INSERT INTO tblKeyword VALUES (81, 'd', 1);"
-        "INSERT INTO tblSearchWord VALUES (2, 'own');"
-        "INSERT INTO tblKeyword_link_searchWord VALUES (81, 1), (71, 2);");
-    DeleteApplication(db_, 5);
-    EXPECT_EQ(Select("SELECT * FROM tblSearchWord"), Rows{"1|a"});
-    DeleteApplication(db_, 8);
-    EXPECT_TRUE(IsEmpty("tblSearchWord"));
-}
-
-TEST_F(Deletion, OfAProcedureRemovesItsBookmarkAndNoOther) {
-    for (const std::string_view key : {"a5f6", "a5f6c7", "a5f9c10", "a7f7"})
-        AddBookmark(db_, key);
-    DeleteCode(db_, 7);
-    EXPECT_EQ(Select("SELECT * FROM tblFavorite"), (Rows{"5|6|-", "5|9|10", "7|7|-"}));
-}
-
-TEST_F(Deletion, OfAClassRemovesItsBookmarksAndThoseOfItsProcedures) {
-    for (const std::string_view key : {"a5f6", "a5f6c7", "a5f9"})
-        AddBookmark(db_, key);
-    DeleteClass(db_, 6);
-    EXPECT_EQ(Select("SELECT * FROM tblFavorite"), Rows{"5|9|-"});
 }
 
 TEST_F(Deletion, OfABookmarkRemovesThatOneAndSaysWhetherItWasThere) {
@@ -110,24 +79,6 @@ TEST_F(Deletion, OfAProcedureTakesItsMarkerOutByTheProceduresLanguage) {
         EXPECT_EQ(ClassDIByClassID(db_, 100 + languageID), isTakenOut ? "<p>\r\n</p>" : marked)
             << "language " << languageID;
     }
-}
-
-TEST_F(Deletion, OfThePermanentRowsEmptiesThem) {
-    Run("UPDATE tblClass SET keywordID = 62 WHERE classID = 1;"
-        "INSERT INTO tblKeyword VALUES (62, 'b', 1);"
-        "INSERT INTO tblClass(classID, className, appID) VALUES (9, 'Other', 1);"
-        "INSERT INTO tblCode(codeID, codeName, classID) VALUES (10, 'p', 1), (11, 'q', 9);"
-        "INSERT INTO tbl_Author_Link VALUES (1, 1, 1), (1, 1, 2), (10, 1, 3);");
-    DeleteApplication(db_, 1);
-    EXPECT_EQ(Select("SELECT appID FROM tblApplication"), (Rows{"1", "5"}));
-    EXPECT_EQ(Select("SELECT classID, keywordID FROM tblClass"), (Rows{"1|-", "6|61"}));
-    EXPECT_EQ(Select("SELECT codeID FROM tblCode"), Rows{"7"});
-    EXPECT_EQ(Select("SELECT ownerID FROM tbl_Author_Link"), (Rows{"5", "6", "7"}));
-
-    Run("INSERT INTO tblCode(codeID, codeName, classID) VALUES (12, 'p', 1);");
-    DeleteClass(db_, 1);
-    EXPECT_EQ(Select("SELECT classID FROM tblClass"), (Rows{"1", "6"}));
-    EXPECT_EQ(Select("SELECT codeID FROM tblCode"), Rows{"7"});
 }
 
 TEST_F(Deletion, OfTheApplicationInWhichSomebodyPutTheUndefinedClassLeavesItThatOne) {

@@ -104,6 +104,7 @@ TEST_F(KeywordRowsTest, OfSearchWordsAreChangedWithTheseStatements) {
     DeleteSearchWord(db_, 1);
     EXPECT_EQ(log_.Take(), Statements{"DELETE FROM tblSearchWord WHERE searchWordID = 1"});
     EXPECT_EQ(FindSearchWord(db_, "it's"), 0);
+    EXPECT_EQ(SearchWordIDByKeywordIDSearchWordID(db_, 6, 1), 0) << "its links go with it";
 }
 
 TEST_F(KeywordRowsTest, LinkAKeywordOnceToAWordThatTakesAnothersPlace) {
@@ -189,17 +190,6 @@ TEST_F(KeywordRowsTest, AreNeverEmptySearchWords) {
     RenameSearchWord(db_, 1, "");
     EXPECT_NE(TakeBox().text.find("QRT Error Code: 10939"), std::string::npos);
     EXPECT_EQ(log_.Take(), Statements{}) << "nothing is written";
-}
-
-TEST_F(KeywordRowsTest, TellAFailureOnceAndGiveNoID) {
-    CloseCatalogue(db_);
-    EXPECT_EQ(AddKeyword(db_, "grid", 1), 0);
-    TakeBox();
-    EXPECT_EQ(FindSearchWord(db_, "grid"), 0);
-    TakeBox();
-    const std::string_view words[] = {"grid", "form"};
-    LinkKeywordSearchWords(db_, 1, words);
-    TakeBox();
 }
 
 TEST_F(KeywordRowsTest, ListEveryKeywordStringWithItsSeparator) {

@@ -72,13 +72,6 @@ TEST_F(MigrationTest, RunsEachStepOnceAfterABackup) {
     EXPECT_EQ(Inspection(backups.front().path).ReadNumber("PRAGMA user_version"), kOld);
 }
 
-TEST_F(MigrationTest, GoesOnFromTheVersionInBetween) {
-    BringUpToDate(db_, kOld + 1, kSteps);
-    EXPECT_EQ(Steps(), "1");
-    BringUpToDate(db_, kNew, kSteps);
-    EXPECT_EQ(Steps(), "1,2");
-}
-
 TEST_F(MigrationTest, OfANewFileDoesNothing) {
     int scripts = 0;
     db_.Close();

@@ -292,15 +292,6 @@ TEST_F(RestoreTest, RecoversAFileWhoseEndIsMissing) {
     EXPECT_TRUE(FindIntegrityProblems(CataloguePath(), nullptr).empty());
 }
 
-TEST_F(RestoreTest, RecoveryOfASoundCatalogueGivesTheSame) {
-    LeaveALog();
-    const SalvageResult result = SalvageCatalogue(host_.host, folder_.Path());
-    EXPECT_TRUE(result.report.IsComplete());
-    EXPECT_EQ(NameIn(result.keptPath), "logged");
-    EXPECT_EQ(NameNow(), "logged");
-    EXPECT_TRUE(CheckCatalogue(db_).IsSound());
-}
-
 TEST_F(RestoreTest, RecoveryThatIsRefusedOrCancelledChangesNothing) {
     RunStatements(OpenDatabase(CataloguePath(), OpenFlag::ReadWrite).get(), VersionScript(1));
     const std::string newer = ReadBytes(CataloguePath());

@@ -78,25 +78,6 @@ TEST_F(CodeWrites, OfOnePartWriteThatAlone) {
     EXPECT_EQ(Select("SELECT * FROM tblCode_Link_Language ORDER BY codeID"), (Rows{"1|7", "2|3"}));
 }
 
-TEST_F(CodeWrites, OfAnIDThatDoesNotExistWriteNothing) {
-    EXPECT_FALSE(UpdateCode(db_, 7, {.name = "x", .comment = "c", .dates = {"2001-03-14"}}));
-    EXPECT_EQ(TakeStatements().size(), 1U);
-    EXPECT_FALSE(RenameCode(db_, 7, "x"));
-    EXPECT_FALSE(SetCodeComment(db_, 7, "x"));
-    EXPECT_EQ(Select("SELECT * FROM tblCode"), Rows());
-    EXPECT_EQ(Select("SELECT * FROM tbl_date_link"), Rows());
-}
-
-TEST_F(CodeWrites, AFailedInsertLeavesOtherProceduresAlone) {
-    AddCode(db_, {.name = "Draw", .comment = "old"});
-    RefuseInsertsInto("tblCode");
-    TakeStatements();
-    EXPECT_EQ(AddCode(db_, {.name = "Fill", .comment = "new", .dates = {"2001-03-14"}}), 0);
-    ExpectFailedStatement();
-    EXPECT_EQ(TakeStatements().size(), 1U);
-    EXPECT_EQ(Select("SELECT codeName, codeComment FROM tblCode"), Rows{"Draw|old"});
-}
-
 TEST_F(CodeWrites, AFailedLanguageTestWritesNoLanguage) {
     db_.GetConnection().RunScript("ALTER TABLE tblCode_Link_Language RENAME COLUMN codeID TO id;");
     SetCodeLanguage(db_, 1, 2);

@@ -119,5 +119,37 @@ TEST_F(WrittenTexts, ThatTheEngineCannotTakeAreReportedAndNotWritten) {
     EXPECT_EQ(Select("SELECT * FROM tblCode"), Rows());
 }
 
+// A row that cannot be written, and one that is not there.
+
+using WrittenRows = WriteFixture;
+
+TEST_F(WrittenRows, ThatCannotBeAddedTakeNoOtherRowsIDAndNothingIsWrittenBehindThem) {
+    const std::vector<std::string> dates = {"2001-03-14"};
+    const std::pair<std::string, std::function<std::int32_t()>> cases[] = {
+        {"tblApplication", [&] { return AddApplication(db_, {.name = "x", .dates = dates}); }},
+        {"tblClass", [&] { return AddClass(db_, {.name = "x", .comment = "c", .dates = dates}); }},
+        {"tblCode", [&] { return AddCode(db_, {.name = "x", .comment = "c", .dates = dates}); }},
+    };
+    AddCode(db_, {.name = "Draw"});
+    for (const auto& [table, add] : cases) {
+        RefuseInsertsInto(table);
+        TakeStatements();
+        EXPECT_EQ(add(), 0) << table;
+        ExpectFailedStatement();
+        EXPECT_EQ(TakeStatements().size(), 1U) << table;
+    }
+    EXPECT_EQ(Select("SELECT * FROM tbl_date_link"), Rows());
+}
+
+TEST_F(WrittenRows, ThatDoNotExistAreNotUpdated) {
+    const std::vector<std::string> dates = {"2001-03-14"};
+    EXPECT_FALSE(UpdateApplication(db_, 7, {.name = "x", .dates = dates}));
+    EXPECT_FALSE(UpdateClass(db_, 7, {.name = "x", .comment = "c", .dates = dates}));
+    EXPECT_FALSE(UpdateCode(db_, 7, {.name = "x", .comment = "c", .dates = dates}));
+    EXPECT_EQ(TakeStatements().size(), 3U) << "neither comments nor dates";
+    EXPECT_FALSE(RenameApplication(db_, 7, "x") || RenameClass(db_, 7, "x"));
+    EXPECT_FALSE(RenameCode(db_, 7, "x") || SetCodeComment(db_, 7, "x"));
+}
+
 }  // namespace
 }  // namespace snippetarium::test

@@ -100,11 +100,6 @@ TEST_F(DiskFileSystemTest, AWriteThatRunsOutOfRoomLeavesTheOldFileAndNoTrace) {
     EXPECT_EQ(Names(), (std::vector<std::string>{"big", "x.c"}));
 }
 
-TEST_F(DiskFileSystemTest, AFullDiskIsReported) {
-    const auto append = [&] { files_.AppendToFile("/dev/full", "text"); };
-    EXPECT_EQ(ErrorNumberOf(append), error_number::kDiskFull);
-}
-
 TEST_F(DiskFileSystemTest, AFileReplacedKeepsItsPermissions) {
     files_.WriteFile(Path("x.sh"), "old");
     for (const mode_t mode : {mode_t{0755}, mode_t{0600}, mode_t{02770}}) {

@@ -92,12 +92,6 @@ TEST(Encoding, CharactersThatAnEncodingLacksAreNamedAndLeftOut) {
     EXPECT_EQ(encoded.unencodableLines.ToText(), "2,4");
 }
 
-TEST(Encoding, DamagedTextIsWrittenAsItIs) {
-    for (const std::string_view name : {"windows-1252", "UTF-8"}) {
-        EXPECT_EQ(Encode("a\xFF", *OpenEncoding(name)).bytes, "a\xFF") << name;
-    }
-}
-
 TEST(Encoding, NamesAreTakenInTheirUsualWritings) {
     for (const std::string_view name : {"Windows-1252", "cp1252", "utf8", "utf-16le", "sjis",
                                         "shift-jis", "windows-932", "gbk", "latin1"}) {

@@ -7,18 +7,6 @@ namespace {
 
 // The fakes are trusted by every other test, so their own alarms are tested.
 
-TEST(FakeMessageBoxes, AnswersInOrder) {
-    FakeMessageBoxes messages;
-    messages.Expect(StandardAnswer::Cancel);
-    messages.Expect(SeriesAnswer::NoToAll);
-    messages.Expect(StandardAnswer::Yes);
-    EXPECT_EQ(messages.YesNoCancel("a", "t"), StandardAnswer::Cancel);
-    EXPECT_EQ(messages.Series("b"), SeriesAnswer::NoToAll);
-    EXPECT_EQ(messages.YesNo("c", "t"), StandardAnswer::Yes);
-    ASSERT_EQ(messages.shown.size(), 3U);
-    EXPECT_EQ(messages.shown[1], (ShownBox{BoxKind::Series, "", "b"}));
-}
-
 TEST(FakeMessageBoxes, AlarmsAboutQuestionsThatDoNotFitTheScript) {
     EXPECT_NONFATAL_FAILURE(
         {
@@ -48,18 +36,6 @@ TEST(FakeMessageBoxes, AlarmsAboutQuestionsThatDoNotFitTheScript) {
         "1 expected questions never came");
 }
 
-TEST(FakeEventLoop, RunsEachActionAtItsYield) {
-    FakeHost host;
-    FakeEventLoop& events = host.events;
-    std::vector<int> ran;
-    events.At(2, [&] { ran.push_back(events.yields); });
-    events.At(2, [&] { events.At(3, [&] { ran.push_back(events.yields * 10); }); });
-    for (int i = 0; i < 4; ++i)
-        events.Yield();
-    EXPECT_EQ(ran, (std::vector{2, 30}));
-    EXPECT_EQ(events.yields, 4);
-}
-
 TEST(FakeEventLoop, AlarmsAboutAYieldThatNeverCame) {
     EXPECT_NONFATAL_FAILURE(
         {
@@ -68,29 +44,6 @@ TEST(FakeEventLoop, AlarmsAboutAYieldThatNeverCame) {
             host.events.Yield();
         },
         "yield 2 was scripted and never came");
-}
-
-TEST(FakeProgress, RecordsWhatIsShownAndPressesCancel) {
-    FakeHost host;
-    Progress& progress = host.host.progress;
-    progress.Open("Starting");
-    int presses = 0;
-    progress.SetCancelHandler([&] {
-        ++presses;
-        progress.Close();
-    });
-    progress.SetContentLine("a.bas");
-    progress.SetTitle("Importing");
-    progress.SetUnit(12.5);
-    progress.SetTotal(progress.Unit() * 2);
-    host.PressCancelAt(1);
-    host.host.events.Yield();
-    EXPECT_EQ(presses, 1);
-    EXPECT_FALSE(progress.IsOpen());
-    EXPECT_EQ(host.progress.TextsOf(ProgressText::Title),
-              (std::vector<std::string>{"Starting", "Importing"}));
-    EXPECT_EQ(host.progress.unitValues, std::vector{12.5});
-    EXPECT_EQ(host.progress.totalValues, std::vector{25.0});
 }
 
 TEST(FakeProgress, AlarmsAboutAButtonThatIsNotThere) {

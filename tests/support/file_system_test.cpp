@@ -182,29 +182,5 @@ TYPED_TEST(FileSystemTest, RefusalsCarryTheirNumberAndNameThePath) {
     EXPECT_THROW(files.WriteFile("", "x"), Error);
 }
 
-TEST(FakeFileSystem, FailsOnDemandAndRecordsWhatWasDone) {
-    FakeFileSystem files;
-    files.AddFile("/a/x.c", "old");
-    files.AddFile("/a/z.c", "z");
-    files.freeBytes = 5;
-    EXPECT_THROW(files.WriteFile("/a/x.c", "too long"), Error);
-    EXPECT_EQ(files.ReadFile("/a/x.c"), "old");
-    files.WriteFile("\\a\\x.c", "new");
-    EXPECT_THROW(files.AppendToFile("/a/x.c", "est"), Error);
-    files.AppendToFile("/a/x.c", "er");
-
-    files.unreadableFiles = {"/a/x.c"};
-    EXPECT_THROW(files.ReadFile("/a/x.c"), Error);
-    files.DeleteFile("/a\\z.c");
-    files.readOnlyFolders = {"/a"};
-    EXPECT_THROW(files.WriteFile("/a/y.c", ""), Error);
-    EXPECT_THROW(files.MakeFolders("/a/b"), Error);
-    EXPECT_THROW(files.DeleteFile("/a/x.c"), Error);
-
-    const std::vector<FakeFileSystem::WrittenFile> written{{"/a/x.c", "new"}, {"/a/x.c", "newer"}};
-    EXPECT_EQ(files.written, written);
-    EXPECT_EQ(files.deleted, std::vector<std::string>{"/a/z.c"});
-}
-
 }  // namespace
 }  // namespace snippetarium

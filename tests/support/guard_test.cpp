@@ -37,17 +37,6 @@ class GuardTest : public ::testing::Test {
     ErrorReporter& reporter_ = host_.reporter;
 };
 
-TEST_F(GuardTest, ReturnsWhatTheBodyReturns) {
-    EXPECT_EQ(Guarded(reporter_, Procedure::ScalarLong, [] { return 7; }), 7);
-    const auto owned =
-        Guarded(reporter_, Procedure::ExecuteSQL, [] { return std::make_unique<int>(3); });
-    EXPECT_EQ(*owned, 3);
-    bool ran = false;
-    Guarded(reporter_, Procedure::ExecuteSQL, [&] { ran = true; });
-    EXPECT_TRUE(ran);
-    ExpectReported({});
-}
-
 TEST_F(GuardTest, ReturnsTheDefaultOfEachResultTypeAfterAFailure) {
     const auto fail = [](auto result) {
         return [result = std::move(result)]() -> std::decay_t<decltype(result)> {
@@ -82,12 +71,6 @@ TEST_F(GuardTest, TheInnermostGuardReportsAndNoGuardGoesOn) {
     EXPECT_EQ(result, 0);
     EXPECT_EQ(wentOn, std::vector<std::string>{});
     ExpectReported({{Procedure::ScalarLong, {5, "broken"}}});
-}
-
-TEST_F(GuardTest, EachOperationCountsItsGuardsFromTheStart) {
-    Fail(Procedure::ScalarLong, "first");
-    Fail(Procedure::MaxIDValue, "second");
-    ExpectReported({{Procedure::ScalarLong, {5, "first"}}, {Procedure::MaxIDValue, {5, "second"}}});
 }
 
 TEST_F(GuardTest, AStageThatFailsLetsItsJobGoOn) {

@@ -5,13 +5,6 @@
 namespace snippetarium {
 namespace {
 
-TEST(ImportExportReport, ALineIsIndentedAndEnded) {
-    std::string lines;
-    AppendReportLine(lines, "Class name is missing.");
-    AppendReportLine(lines, "");
-    EXPECT_EQ(lines, "  Class name is missing.\r\n  \r\n");
-}
-
 TEST(ImportExportReport, ListsTheErrorsAndThenTheFilesOfItsJob) {
     const std::string head = "The following error(s) occurred during code import:\r\n\r\n";
     const std::string imported = "\r\nThe following files were successfully imported:\r\n\r\n";

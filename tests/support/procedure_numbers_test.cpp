@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -27,25 +27,11 @@ TEST(ProcedureNumbers, EachProcedureHasANumberOfItsModuleOrALaterAddition) {
     }
 }
 
-TEST(ProcedureNumbers, NoTwoProceduresShareANumber) {
-    std::map<std::int16_t, std::string_view> names;
-    for (const ProcedureRow& row : Procedures()) {
-        const auto [other, isNew] = names.emplace(row.number, row.name);
-        EXPECT_TRUE(isNew) << row.name << " has the number of " << other->second;
-    }
-}
-
-TEST(ProcedureNumbers, RowsStandInTheOrderOfTheirNumbers) {
-    EXPECT_TRUE(std::ranges::is_sorted(Procedures(), {}, &ProcedureRow::number));
-}
-
-TEST(ProcedureNumbers, EachCodeHasFiveDigits) {
-    for (const ProcedureRow& row : Procedures()) {
-        EXPECT_EQ(std::to_string(ErrorCode(static_cast<Procedure>(row.number))).size(), 5U)
-            << row.name;
-    }
-    EXPECT_EQ(ErrorCode(static_cast<Procedure>(NumberBlocks().front().first)), 10001);
-    EXPECT_EQ(ErrorCode(static_cast<Procedure>(kLaterAdditions.last)), 11191);
+TEST(ProcedureNumbers, RowsStandInTheOrderOfTheirNumbersAndShareNone) {
+    const auto rows = Procedures();
+    const auto wrong =
+        std::ranges::adjacent_find(rows, std::greater_equal{}, &ProcedureRow::number);
+    EXPECT_TRUE(wrong == rows.end()) << wrong->name;
 }
 
 TEST(ProcedureNumbers, PublishedNumbersStay) {

@@ -1,0 +1,213 @@
+// How soon quick search shows its first hits, and how long it keeps its caller waiting.
+//
+//     bench_quick_search FOLDER PROCEDURES
+//
+// makes FOLDER/QRT_SN.mde, a generated catalogue with its text index, and FOLDER/sources, the same
+// code as files, where they are not there. Then a thousand keystrokes: entries typed letter by
+// letter, each search dropped at the next letter as soon as its first hits are there. Last, the
+// search for code alone beside ripgrep over the files.
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "bench/catalogue_generator.h"
+#include "engine/inspection.h"
+#include "quick/quick_search.h"
+#include "store/database.h"
+#include "store/text_index.h"
+#include "tests/fakes.h"
+
+namespace snippetarium::bench {
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+constexpr std::size_t kKeystrokes = 1000;
+
+// What somebody types who knows the catalogue a little: names and parts of them, with slips, words
+// of code and comments, filters and operators.
+// clang-format off
+constexpr std::string_view kEntries[] = {
+    "drawgrid", "invoice", "customer report", "strSQL", "OrderID", "loadcustomer", "printer menu",
+    "save record lang:java", "MoveNext", "sortmenu7", "gird", "UpdateReprot", "kind:class buffer",
+    "Debug.Print", "hh:nn", "handleerror", "\"select case\"", "parse or split", "stream -read",
+    "name:cursor", "code:ubound", "comment:folder", "app:window merge", "class:clsdraw fill",
+    "author:grid17 convert", "date:1999..2000 query", "keyword:message", "c*unt regis?ry",
+    "(open or close) socket", "not draw kind:app", "refresh1234", "fieldlist", "CheckDate",
+    "walk the list", "name:save*grid code:controls", "picture index", "xyzzy", "ReadColumn42",
+    "total values", "copy table -code:visible", "write", "Resize", "selct", "merge stream",
+    "insert field", "count", "find message date:2000", "print", "lang:c open", "move window",
+    "convert date", "loadgird", "lngID", "boolean", "registry", "closeform", "updatequery12",
+    "kind:procedure name:fill", "Me.Controls", "ctl.Visible", "rs.EOF", "savecursor3", "menu",
+    "socket", "hndleerror", "splitcolumn", "drawpicture", "folder message", "report", "loop",
+};
+// clang-format on
+
+double Milliseconds(Clock::duration time) {
+    return std::chrono::duration<double, std::milli>(time).count();
+}
+
+/// The entries after each letter, from the beginning again until there are enough.
+std::vector<std::string> Keystrokes() {
+    std::vector<std::string> keystrokes;
+    while (keystrokes.size() < kKeystrokes) {
+        for (const std::string_view entry : kEntries) {
+            for (std::size_t size = 1; size <= entry.size(); ++size)
+                keystrokes.emplace_back(entry.substr(0, size));
+        }
+    }
+    keystrokes.resize(kKeystrokes);
+    return keystrokes;
+}
+
+struct Keystroke {
+    std::string entry;
+    double firstHits = 0;
+    double longestStep = 0;
+    bool hasHits = false;
+};
+
+/// Until there is something to show, or it is known that there is nothing.
+Keystroke Type(Database& db, const std::string& entry) {
+    Keystroke result{.entry = entry};
+    const auto start = Clock::now();
+    QuickSearch search(db, entry);
+    for (bool hasMore = true; hasMore && search.Hits().empty();) {
+        const auto before = Clock::now();
+        hasMore = search.Step();
+        result.longestStep = std::max(result.longestStep, Milliseconds(Clock::now() - before));
+    }
+    result.firstHits = Milliseconds(Clock::now() - start);
+    result.hasHits = !search.Hits().empty();
+    return result;
+}
+
+void Print(const char* what, std::vector<double> times) {
+    if (times.empty()) return;
+    std::ranges::sort(times);
+    const auto at = [&](double part) {
+        return times[static_cast<std::size_t>(part * static_cast<double>(times.size() - 1))];
+    };
+    std::printf("%-44s %5zu  median %7.2f  99th percentile %7.2f  longest %7.2f ms\n", what,
+                times.size(), at(0.5), at(0.99), times.back());
+}
+
+class OpenCatalogueFile {
+  public:
+    explicit OpenCatalogueFile(const fs::path& folder)
+        : db_(host_.host, CatalogueProviders(), folder.string()) {
+        OpenCatalogue(db_);
+    }
+    Database& Db() { return db_; }
+
+  private:
+    test::FakeHost host_;
+    Database db_;
+};
+
+void MeasureKeystrokes(const fs::path& folder) {
+    OpenCatalogueFile catalogue(folder);
+    std::vector<Keystroke> typed;
+    for (const std::string& entry : Keystrokes())
+        typed.push_back(Type(catalogue.Db(), entry));
+    std::vector<double> found;
+    std::vector<double> nothing;
+    std::vector<double> steps;
+    for (const Keystroke& key : typed) {
+        (key.hasHits ? found : nothing).push_back(key.firstHits);
+        steps.push_back(key.longestStep);
+    }
+    Print("first hits", found);
+    Print("known that there are none", nothing);
+    Print("longest step of each", steps);
+    std::ranges::sort(typed, std::ranges::greater(), &Keystroke::firstHits);
+    for (std::size_t i = 0; i < 12; ++i) {
+        std::printf("    %-36s %7.2f ms%s\n", typed[i].entry.c_str(), typed[i].firstHits,
+                    typed[i].hasHits ? "" : ", none");
+    }
+}
+
+/// Every tenth keystroke with a catalogue that was just opened, so that nothing is in its memory.
+void MeasureCold(const fs::path& folder) {
+    const std::vector<std::string> keystrokes = Keystrokes();
+    std::vector<double> found;
+    for (std::size_t i = 0; i < keystrokes.size(); i += 10) {
+        OpenCatalogueFile catalogue(folder);
+        const Keystroke key = Type(catalogue.Db(), keystrokes[i]);
+        if (key.hasHits) found.push_back(key.firstHits);
+    }
+    Print("first hits, catalogue just opened", found);
+}
+
+void MeasureBesideRipgrep(const fs::path& folder) {
+    OpenCatalogueFile catalogue(folder);
+    std::printf("%-24s %12s %12s %12s %12s\n", "code, milliseconds", "first hits", "all", "hits",
+                "ripgrep");
+    for (const std::string_view term : {"drawgrid9972", "SortMenu7", "DrawGrid", "HandleError",
+                                        "walk the list", "nowhere", "hh"}) {
+        const auto start = Clock::now();
+        QuickSearch search(catalogue.Db(), "code:\"" + std::string(term) + "\"");
+        std::optional<double> first;
+        while (search.Step()) {
+            if (!first && !search.Hits().empty()) first = Milliseconds(Clock::now() - start);
+        }
+        const double all = Milliseconds(Clock::now() - start);
+        const std::string command = "rg -c -i -F -e '" + std::string(term) + "' '" +
+                                    (folder / "sources").string() + "' > /dev/null";
+        const auto before = Clock::now();
+        if (std::system(command.c_str()) < 0) std::exit(1);
+        std::printf("%-24s %12.2f %12.2f %12zu %12.2f\n", std::string(term).c_str(),
+                    first.value_or(all), all, search.FoundCount(),
+                    Milliseconds(Clock::now() - before));
+    }
+}
+
+void WriteSources(const fs::path& catalogue, const fs::path& folder) {
+    const Inspection inspection(catalogue.string());
+    const std::int64_t lastClass = inspection.ReadNumber("SELECT max(classID) FROM tblClass");
+    for (std::int64_t classID = 2; classID <= lastClass; ++classID) {
+        const fs::path part = folder / std::to_string(classID / 500);
+        fs::create_directories(part);
+        std::ofstream file(part / (std::to_string(classID) + ".cls"), std::ios::binary);
+        Recordset row =
+            inspection.Read("SELECT code FROM tblCode WHERE classID = " + std::to_string(classID));
+        for (; !row.EndOfFile(); row.MoveNext())
+            file << row[std::size_t{0}].Text() << "\r\n\r\n";
+    }
+}
+
+void Run(const fs::path& folder, int procedures) {
+    const fs::path file = folder / kCatalogueFileName;
+    if (!fs::exists(file)) {
+        fs::create_directories(folder);
+        GenerateCatalogue(file.string(), procedures);
+        WriteSources(file, folder / "sources");
+        OpenCatalogueFile catalogue(folder);
+        CompleteTextIndex(catalogue.Db());
+    }
+    MeasureKeystrokes(folder);
+    MeasureCold(folder);
+    MeasureBesideRipgrep(folder);
+}
+
+}  // namespace
+}  // namespace snippetarium::bench
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::fputs("Usage: bench_quick_search FOLDER PROCEDURES\n", stderr);
+        return 2;
+    }
+    snippetarium::bench::Run(argv[1], std::atoi(argv[2]));
+    return 0;
+}

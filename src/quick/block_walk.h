@@ -1,0 +1,62 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "engine/substring_search.h"
+#include "quick/name_block.h"
+#include "quick/plan.h"
+
+namespace snippetarium {
+
+/// Walks over the blocks of all levels: applications, classes, procedures, the newest block first.
+class BlockWalk {
+  public:
+    explicit BlockWalk(const QuickPlan& plan) : plan_(plan) { Enter(); }
+
+    bool IsAtEnd() const { return level_ == kQuickKinds; }
+    QuickKind Kind() const { return static_cast<QuickKind>(level_); }
+    std::int32_t Block() const { return block_; }
+    void Next() {
+        if (--block_ >= 0) return;
+        ++level_;
+        Enter();
+    }
+
+  private:
+    void Enter() {
+        if (!IsAtEnd()) block_ = plan_.newestBlock[level_];
+    }
+
+    const QuickPlan& plan_;
+    std::size_t level_ = 0;
+    std::int32_t block_ = 0;
+};
+
+/// Calls `note(entry, place)` for the places of a needle in a block, until it says that the rest of
+/// the entry does not matter.
+template <typename Note>
+void ForEachPlace(NameBlock& block, const FoldedNeedle& needle, Note note) {
+    const std::string& names = block.Names();
+    std::size_t at = needle.Find(names);
+    if (at == FoldedNeedle::kNotFound) return;
+    auto entry = block.Entries().begin();
+    const auto end = block.Entries().end();
+    while (at != FoldedNeedle::kNotFound) {
+        while (entry != end && entry->place.End() < at + needle.Size())
+            ++entry;
+        if (entry == end) return;
+        std::size_t next = at + 1;
+        if (entry->place.begin <= at) {
+            const ByteRange inName{at - entry->place.begin, needle.Size()};
+            if (note(*entry, inName)) next = std::min(entry->place.End(), names.size());
+        }
+        while (next < names.size() && (static_cast<unsigned char>(names[next]) & 0xC0U) == 0x80U)
+            ++next;
+        at = next < names.size() ? needle.Find(names, next) : FoldedNeedle::kNotFound;
+    }
+}
+
+}  // namespace snippetarium
