@@ -31,7 +31,7 @@ namespace {
 
 constexpr int kIdleInterval = 30;
 /// The windows besides the panes and the help.
-constexpr const char* kReadingForms[] = {"fFind", "fZoom"};
+constexpr const char* kReadingForms[] = {"fFind", "fZoom", "fQuickSearch"};
 
 }  // namespace
 

@@ -42,6 +42,7 @@ constexpr MenuCommand kMade[] = {
     MenuCommand::Import,         MenuCommand::ExportShownPage, MenuCommand::ExportSelected,
     MenuCommand::ExportNode,     MenuCommand::FindInPage,      MenuCommand::ZoomWindow,
     MenuCommand::FindInZoom,     MenuCommand::CopyZoomText,    MenuCommand::SelectAllZoomText,
+    MenuCommand::QuickSearch,
 };
 
 }  // namespace
@@ -50,7 +51,7 @@ MainCommands::MainCommands(const MainParts& parts)
     : QObject(&parts.window),
       parts_(parts),
       transfers_(new MainTransfers(parts.db, parts.window, parts.contents)),
-      reading_(new ReadingWindows(parts.db, parts.window, parts.page)) {
+      reading_(new ReadingWindows(parts.db, parts.window, parts.contents, parts.page)) {
     connect(reading_, &ReadingWindows::ZoomMenuRequested, this, &MainCommands::ZoomMenuRequested);
 }
 

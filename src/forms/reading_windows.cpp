@@ -3,14 +3,18 @@
 #include <QMainWindow>
 #include <QPlainTextEdit>
 
+#include "forms/fContents.h"
 #include "forms/fFind.h"
 #include "forms/fPage.h"
+#include "forms/fQuickSearch.h"
 #include "forms/fZoom.h"
+#include "forms/handler.h"
+#include "store/database.h"
 
 namespace snippetarium {
 
-ReadingWindows::ReadingWindows(Database& db, QMainWindow& window, fPage& page)
-    : QObject(&window), db_(db), window_(window), page_(page) {}
+ReadingWindows::ReadingWindows(Database& db, QMainWindow& window, fContents& contents, fPage& page)
+    : QObject(&window), db_(db), window_(window), contents_(contents), page_(page) {}
 
 void ReadingWindows::Perform(MenuCommand command) {
     switch (command) {
@@ -24,6 +28,8 @@ void ReadingWindows::Perform(MenuCommand command) {
             return ZoomWindow().Text().selectAll();
         case MenuCommand::CopyZoomText:
             return ZoomWindow().Text().copy();
+        case MenuCommand::QuickSearch:
+            return QuickLine().Open();
         default:
             return;
     }
@@ -44,6 +50,22 @@ fZoom& ReadingWindows::ZoomWindow() {
     connect(zoom_, &fZoom::MenuRequested, this, &ReadingWindows::ZoomMenuRequested);
     connect(zoom_, &fZoom::FindRequested, this, [this] { Perform(MenuCommand::FindInZoom); });
     return *zoom_;
+}
+
+fQuickSearch& ReadingWindows::QuickLine() {
+    if (quick_ != nullptr) return *quick_;
+    quick_ = new fQuickSearch(db_, page_, window_);
+    connect(quick_, &fQuickSearch::HitChosen, this, &ReadingWindows::GoTo);
+    connect(quick_, &fQuickSearch::Left, &page_, &fPage::FocusFirst);
+    return *quick_;
+}
+
+void ReadingWindows::GoTo(const NodeIDs& node, const QStringList& words) {
+    Handle(db_.Reporter(), form_procedure::QuickSearchEvent, [&] {
+        if (!contents_.SelectNode(node)) page_.ShowPage(node);
+        page_.MarkWords(words);
+        page_.FocusFirst();
+    });
 }
 
 }  // namespace snippetarium
