@@ -320,8 +320,8 @@ CREATE TABLE tblClassesToEmpty(
     classID INTEGER PRIMARY KEY
 );
 
--- The text index (engine/text_lookup.h). tblTextIndex has a row for each table that is indexed; its
--- numbers are those of ownerTableID. All of it is made of the texts and can be made again.
+-- The text index (engine/text_lookup.h). tblTextIndex has a row for each table that is indexed: its
+-- numbers are 1 to 3 as elsewhere, and 4 for keywords. All of it is made of the texts and can be made again.
 CREATE TABLE tblTextIndex(
     ownerTableID INTEGER PRIMARY KEY,
     indexedTo INTEGER NOT NULL,

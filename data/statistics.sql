@@ -65,7 +65,7 @@ INSERT INTO sqlite_stat1(tbl, idx, stat) VALUES
     ('tblTrashSourceForm', 'ixTrashSourceForm', '20000 2000'),
     ('tblTrashOverlong', 'ixTrashOverlong', '100 10'),
     ('tblClassesToEmpty', NULL, '25'),
-    ('tblTextIndex', NULL, '3'),
+    ('tblTextIndex', NULL, '4'),
     ('tblTextSegment', NULL, '30'),
     ('tblTextBlock', NULL, '100000'),
     ('tblTextDirty', 'tblTextDirty', '100 40 1'),

@@ -90,7 +90,7 @@ BEGIN
 END;
 
 -- The text index takes rows in by their IDs, in ascending order, so a new row needs no mark. One
--- that comes back from the trash has an old ID.
+-- that comes back from the trash has an old ID, and IDs of keywords are given out again.
 CREATE TRIGGER trgApplicationTextAdded AFTER INSERT ON tblApplication
 WHEN new.appID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 1)
 BEGIN
@@ -234,4 +234,16 @@ WHEN EXISTS (
     SELECT 1 FROM tblNameBlock WHERE ownerTableID = 3 AND block = old.codeID / 1024)
 BEGIN
     DELETE FROM tblNameBlock WHERE ownerTableID = 3 AND block = old.codeID / 1024;
+END;
+
+CREATE TRIGGER trgKeywordTextAdded AFTER INSERT ON tblKeyword
+WHEN new.keywordID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 4)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (4, new.keywordID);
+END;
+
+CREATE TRIGGER trgKeywordTextChanged AFTER UPDATE OF keywordID, keyword ON tblKeyword
+WHEN new.keywordID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 4)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (4, new.keywordID);
 END;

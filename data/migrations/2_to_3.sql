@@ -102,10 +102,22 @@ BEGIN
     INSERT OR IGNORE INTO tblTextDirty VALUES (3, new.codeID);
 END;
 
-INSERT INTO tblTextIndex(ownerTableID, indexedTo, segments) VALUES (1, 0, 0), (2, 0, 0), (3, 0, 0);
+CREATE TRIGGER trgKeywordTextAdded AFTER INSERT ON tblKeyword
+WHEN new.keywordID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 4)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (4, new.keywordID);
+END;
+
+CREATE TRIGGER trgKeywordTextChanged AFTER UPDATE OF keywordID, keyword ON tblKeyword
+WHEN new.keywordID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 4)
+BEGIN
+    INSERT OR IGNORE INTO tblTextDirty VALUES (4, new.keywordID);
+END;
+
+INSERT INTO tblTextIndex(ownerTableID, indexedTo, segments) VALUES (1, 0, 0), (2, 0, 0), (3, 0, 0), (4, 0, 0);
 
 INSERT INTO sqlite_stat1(tbl, idx, stat) VALUES
-    ('tblTextIndex', NULL, '3'),
+    ('tblTextIndex', NULL, '4'),
     ('tblTextSegment', NULL, '30'),
     ('tblTextBlock', NULL, '100000'),
     ('tblTextDirty', 'tblTextDirty', '100 40 1');

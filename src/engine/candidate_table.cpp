@@ -121,6 +121,8 @@ void CandidateTable::Install(sqlite3* database) {
     const int result =
         sqlite3_create_module_v2(database, "tblTextCandidates", &kModule, this, nullptr);
     if (result != SQLITE_OK) ThrowEngineError(database, result);
+    // The library sets the table up at its first use, by a statement that a search may not make.
+    PrepareStatement(database, "SELECT id FROM tblTextCandidates(0)");
 }
 
 }  // namespace snippetarium

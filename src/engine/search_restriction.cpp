@@ -6,6 +6,9 @@
 #include <vector>
 
 #include "engine/engine_error.h"
+#include "engine/jet_like.h"
+#include "engine/sql_literals.h"
+#include "engine/sql_tokens.h"
 
 namespace snippetarium {
 
@@ -134,14 +137,34 @@ std::optional<std::string> RestrictionOf(const SearchSelect& select,
     return std::nullopt;
 }
 
+/// A pattern that is none fails the search at the first row that it is compared with; so that row
+/// must stay.
+bool HasInvalidPattern(std::string_view statement) {
+    SqlLexer lexer(statement);
+    bool isPattern = false;
+    for (SqlToken token = lexer.Next(); token.kind != SqlTokenKind::End; token = lexer.Next()) {
+        if (isPattern && token.kind == SqlTokenKind::Text) {
+            try {
+                const LikePattern pattern(TextOfLiteral(token));
+            } catch (const EngineError&) {
+                return true;
+            }
+        }
+        isPattern = token.IsWord("LIKE");
+    }
+    return false;
+}
+
 }  // namespace
 
 std::optional<std::string> RestrictSearch(std::string_view statement,
                                           const ParameterText& parameters, TextLookup& lookup,
                                           CandidateTable& lists) {
+    const std::vector<SearchSelect> selects = ReadSearchSelects(statement, lookup.Tables());
+    if (selects.empty() || HasInvalidPattern(statement)) return std::nullopt;
     std::string restricted;
     std::size_t done = 0;
-    for (const SearchSelect& select : ReadSearchSelects(statement, lookup.Tables())) {
+    for (const SearchSelect& select : selects) {
         const auto restriction = RestrictionOf(select, parameters, lookup, lists);
         if (!restriction) continue;
         restricted.append(statement.substr(done, select.conditionBegin - done));

@@ -285,6 +285,7 @@ std::int64_t SqliteSession::Act(std::string_view text) {
     const std::int64_t changed = RunAction(statement);
     if (writeMode_ == WriteMode::Bulk && care_ && care_->NoteWritten(text.size())) {
         bulkLog_.LetGo();
+        const StatementGuard::Scope ownStatements(guard_, StatementPurpose::Internal);
         care_->TendWhileWriting();
     }
     return changed;

@@ -28,8 +28,8 @@ namespace snippetarium {
 // A damaged part of the index is noticed wherever it is read, and then texts are read as if there
 // were no index.
 
-/// A table whose texts are indexed, as the owner of the tables describes it. IDs are given out once
-/// and never again; all of them are positive and fit into 32 bits.
+/// A table whose texts are indexed, as the owner of the tables describes it. All IDs are positive
+/// and fit into 32 bits.
 struct IndexedTable {
     /// What the index calls the table: a small number of its own.
     std::int32_t number = 0;

@@ -13,6 +13,9 @@ namespace {
 
 constexpr int kSmallestWidth = 320;
 constexpr int kSmallestHeight = 240;
+/// What the desktop's frame may need beside a window's own size.
+constexpr int kFrameWidth = 10;
+constexpr int kFrameHeight = 40;
 
 constexpr std::int32_t Twips(int pixels) {
     return pixels * DesktopLayout::kTwipsPerPixel;
@@ -45,7 +48,8 @@ void DesktopLayout::SetPlace(const WindowPlace& place) {
                        Pixels(place.height));
     const QScreen* screen = QGuiApplication::screenAt(wanted.center());
     if (screen == nullptr) screen = QGuiApplication::primaryScreen();
-    const QRect fitting = FitOnScreen(wanted, screen->availableGeometry());
+    const QRect room = screen->availableGeometry().adjusted(0, 0, -kFrameWidth, -kFrameHeight);
+    const QRect fitting = FitOnScreen(wanted, room);
     window_.move(fitting.topLeft());
     window_.resize(fitting.size());
     if (place.isMaximized) window_.setWindowState(window_.windowState() | Qt::WindowMaximized);

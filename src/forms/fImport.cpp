@@ -150,7 +150,10 @@ void fImport::ConnectTexts() {
 }
 
 void fImport::reject() {
-    if (!isWorking_) QDialog::reject();
+    if (isWorking_) return;
+    // A preview that is being made would keep the window's caller waiting.
+    ui_->panePreview->SetPaused(true);
+    QDialog::reject();
 }
 
 bool fImport::eventFilter(QObject* watched, QEvent* event) {

@@ -182,6 +182,11 @@ bool fMain::Start() {
     status_->SetReadOnly(db_.IsReadOnly());
     ShowCommandState();
     show();
+    if (layout_.IsOpen(Pane::Contents)) {
+        contents_->FocusFirst();
+    } else {
+        page_->FocusFirst();
+    }
     StartIdleWork();
     return true;
 }

@@ -8,6 +8,7 @@
 #include <QPrinter>
 #include <QTextDocumentFragment>
 #include <algorithm>
+#include <utility>
 
 #include "forms/handler.h"
 #include "forms/modal.h"
@@ -58,15 +59,16 @@ void fPage::ReadSettings() {
 }
 
 void fPage::ShowPage(const NodeIDs& node) {
-    const bool isSame = node == page_.node;
-    page_ = ReadPage(db_, node);
+    Page page = ReadPage(db_, node);
+    const bool isSame =
+        page.node == page_.node && page.text == page_.text && page.languageID == page_.languageID;
+    page_ = std::move(page);
     if (page_.node != NodeIDs{}) history_.Visit(page_.node);
     ui_->lblHeading->setText(HeadingHtml());
     ui_->lblHeading->setVisible(page_.node != NodeIDs{});
     ui_->lineHeading->setVisible(page_.node != NodeIDs{});
-    const QString text = ToQt(page_.text);
-    if (isSame && text == ui_->txtPage->toPlainText()) return;
-    ui_->txtPage->setPlainText(text);
+    if (isSame) return;
+    ui_->txtPage->ShowPage(page_);
     MarkWords({});
 }
 

@@ -16,7 +16,8 @@ constexpr std::string_view kKeywords =
     "SELECT keywordID, keyword FROM tblKeyword "
     "WHERE keywordID > ?1 ORDER BY keywordID LIMIT 4096";
 constexpr std::string_view kKeywordsOfWord =
-    "SELECT keywordID FROM tblKeyword_link_searchWord WHERE searchWordID = ?1";
+    "SELECT keywordID FROM tblKeyword_link_searchWord "
+    "WHERE searchWordID = ?1 AND keywordID > ?2 ORDER BY keywordID LIMIT 4096";
 constexpr std::int64_t kRowsAtATime = 4096;
 
 class KeywordWork final : public QuickWork {
@@ -27,7 +28,7 @@ class KeywordWork final : public QuickWork {
         if (!areTextsRead_) {
             ReadTexts();
         } else if (nextWord_ < words_.size()) {
-            FollowWord(words_[nextWord_++]);
+            if (!FollowWord(words_[nextWord_])) ++nextWord_;
         } else if (!FollowKeywords()) {
             term_.In(QuickText::Keyword).isEverything = false;
             return false;
@@ -52,10 +53,18 @@ class KeywordWork final : public QuickWork {
         areTextsRead_ = count < kRowsAtATime;
     }
 
-    void FollowWord(std::int64_t searchWordID) {
-        const auto row = plan_.db.GetConnection().OpenCursor(kKeywordsOfWord, searchWordID);
-        while (row->Next())
-            NoteKeyword(row->Number(0));
+    /// False when all keywords of the word are noted.
+    bool FollowWord(std::int64_t searchWordID) {
+        const auto row =
+            plan_.db.GetConnection().OpenCursor(kKeywordsOfWord, searchWordID, lastKeywordID_);
+        std::int64_t count = 0;
+        for (; row->Next(); ++count) {
+            lastKeywordID_ = row->Number(0);
+            NoteKeyword(lastKeywordID_);
+        }
+        if (count == kRowsAtATime) return true;
+        lastKeywordID_ = 0;
+        return false;
     }
 
     void NoteKeyword(std::int64_t keywordID) {
@@ -88,6 +97,7 @@ class KeywordWork final : public QuickWork {
     std::int64_t lastID_ = 0;
     std::vector<std::int64_t> words_;
     std::size_t nextWord_ = 0;
+    std::int64_t lastKeywordID_ = 0;
     std::vector<std::int32_t> keywords_;
     std::size_t nextKeyword_ = 0;
 };

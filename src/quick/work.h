@@ -31,7 +31,7 @@ struct FoundRow {
 /// IDs count as equally old; then the shorter name; then the newer row.
 bool ComesBefore(const FoundRow& a, const FoundRow& b);
 
-/// Takes in what was found, in the order in which it is listed.
+/// In the order in which they are listed.
 using FoundRows = std::vector<FoundRow>;
 
 /// Finds the languages that a filter means: those of that name, else those whose names begin so.

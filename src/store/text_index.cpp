@@ -19,14 +19,16 @@ using std::string_view_literals::operator""sv;
 constexpr std::array kApplicationTexts = {"appName"sv, "appComment"sv};
 constexpr std::array kClassTexts = {"className"sv, "classDI"sv, "classComment"sv};
 constexpr std::array kCodeTexts = {"codeName"sv, "code"sv, "codeComment"sv};
+constexpr std::array kKeywordTexts = {"keyword"sv};
 
-// The number is the one that ownerTableID has elsewhere. The order of the columns, too, is a part
-// of the files.
+// The first three numbers are those that ownerTableID has elsewhere. The order of the columns, too,
+// is a part of the files.
 // clang-format off
 constexpr std::array kTables = {
     IndexedTable{.number = 1, .name = "tblApplication", .idColumn = "appID",   .columns = kApplicationTexts},
     IndexedTable{.number = 2, .name = "tblClass",       .idColumn = "classID", .columns = kClassTexts, .parentColumn = "appID",   .parentTable = "tblApplication"},
     IndexedTable{.number = 3, .name = "tblCode",        .idColumn = "codeID",  .columns = kCodeTexts,  .parentColumn = "classID", .parentTable = "tblClass"},
+    IndexedTable{.number = 4, .name = "tblKeyword",     .idColumn = "keywordID", .columns = kKeywordTexts},
 };
 // clang-format on
 

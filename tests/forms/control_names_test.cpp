@@ -25,6 +25,7 @@
 #include "forms/fTrash.h"
 #include "navigator/help.h"
 #include "navigator/node_deletion.h"
+#include "search/topic_list.h"
 #include "support/import_export_report.h"
 #include "tests/fakes.h"
 #include "tests/forms/desktop_fixture.h"

@@ -9,6 +9,7 @@
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTextBlock>
 #include <QToolBar>
 #include <QTreeView>
 
@@ -51,6 +52,33 @@ TEST_F(MainWindowTest, ShowsWhatIsSelectedWithItsPlaceAndCounts) {
     EXPECT_EQ(Get<QLabel>("lblStatusNode").toolTip().toStdString(), "Paint 0 > Grid0 > Draw1");
     WaitUntil([&] { return !Get<QLabel>("lblStatusCounts").text().isEmpty(); });
     EXPECT_TRUE(Get<QLabel>("lblStatusCounts").text().contains("1,001 procedures"));
+}
+
+TEST_F(MainWindowTest, ColoursTheWordsOfASourceOnLightAndOnDark) {
+    StartProgram();
+    SelectFirstProcedure();
+    const QAbstractItemModel& model = *Tree().model();
+    const QModelIndex cls = Tree().currentIndex().parent();
+    for (int row = 0; row < model.rowCount(cls); ++row) {
+        const QModelIndex node = model.index(row, 0, cls);
+        if (node.data() == "Draw11") Tree().setCurrentIndex(node);
+    }
+    ASSERT_TRUE(PageText().contains("Sub Draw11")) << PageText().toStdString();
+    auto& text = Get<QPlainTextEdit>("txtPage");
+    const auto colourOfSub = [&] {
+        const QTextBlock block = text.document()->find("Sub Draw11").block();
+        for (const QTextLayout::FormatRange& range : block.layout()->formats()) {
+            if (block.text().mid(range.start, range.length) == "Sub")
+                return range.format.foreground().color();
+        }
+        return QColor();
+    };
+    WaitUntil([&] { return colourOfSub().isValid(); });
+    const QColor onLight = colourOfSub();
+    ApplyTheme(Theme::Dark);
+    RunEvents();
+    EXPECT_GT(colourOfSub().lightness(), onLight.lightness());
+    ApplyTheme(Theme::Desktop);
 }
 
 TEST_F(MainWindowTest, GoesBackAndForwardThroughWhatWasShown) {
@@ -183,7 +211,7 @@ TEST_F(MainWindowTest, EndsWithAMessageWhereThereIsNoCatalogue) {
 
 TEST_F(MainWindowTest, MovesTheFocusFromPaneToPage) {
     StartProgram();
-    Tree().setFocus();
+    EXPECT_TRUE(Tree().hasFocus());
     Item("actNextPane").trigger();
     EXPECT_TRUE(Get<QPlainTextEdit>("txtPage").hasFocus());
     Item("actNextPane").trigger();

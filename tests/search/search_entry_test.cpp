@@ -38,26 +38,6 @@ std::size_t Find(const std::string& text, const std::string& what, std::size_t s
     return start > text.size() ? 0 : text.find(what, start - 1) + 1;
 }
 
-std::string InsertOrSlowly(std::string s) {
-    std::size_t start = 1;
-    std::size_t p = Find(s, " ", 1);
-    while (p != 0) {
-        const std::string word = From(s, start, p);
-        const std::size_t q = Find(s, " ", p + 1);
-        const std::string next = From(s, p + 1, q == 0 ? s.size() + 1 : q);
-        if (IsOperator(word) || IsOperator(next)) {
-            start = p + 1;
-            p = q;
-            continue;
-        }
-        s = First(s, p) + "or" + From(s, p, s.size() + 1);
-        if (q == 0) break;
-        start = p + 4;
-        p = q + 3;
-    }
-    return s;
-}
-
 void InsertSpace(std::string& text, std::size_t behind) {
     text = First(text, behind) + " " + From(text, behind + 1, text.size() + 1);
 }
@@ -122,16 +102,6 @@ TEST_F(SearchEntry, GetsAnOrBetweenWordsThatNoOperatorJoins) {
     };
     for (const auto& test : cases)
         EXPECT_EQ(InsertImplicitOr(test.entry), test.expected) << test.entry;
-}
-
-TEST_F(SearchEntry, GetsTheSameOrsAsByRewritingItInPlace) {
-    const std::string_view pieces[] = {" ", "a", "or", "not", "(", "\""};
-    ForEveryText("012345", 6, [&](const std::string& choice) {
-        std::string entry;
-        for (const char digit : choice)
-            entry += pieces[digit - '0'];
-        ASSERT_EQ(InsertImplicitOr(entry), InsertOrSlowly(entry)) << entry;
-    });
 }
 
 TEST_F(SearchEntry, GetsSpacesAroundBracketsButNotBeforeClosingOnes) {
