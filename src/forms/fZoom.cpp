@@ -39,7 +39,7 @@ void fZoom::ShowTextOf(const fPage& page) {
     ui_->txtZoom->setFont(font);
     ui_->txtZoom->setTabStopDistance(kTabCharacters * QFontMetricsF(font).horizontalAdvance(' '));
     ui_->txtZoom->setLineWrapMode(shown.lineWrapMode());
-    ui_->txtZoom->setPlainText(ToQt(page.ShownPage().text));
+    ui_->txtZoom->ShowPage(page.ShownPage());
     setWindowTitle(tr("%1 - Zoom").arg(ToQt(page.ShownPage().name)));
     show();
     raise();

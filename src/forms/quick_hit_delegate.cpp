@@ -101,7 +101,8 @@ QFont FixedFont(const QFont& beside) {
 
 MarkedLine ShownLine(const MatchingLine& line) {
     MarkedLine shown = Marked(line.text, line.matches);
-    const auto first = std::ranges::find_if_not(shown.text, &QChar::isSpace);
+    const auto first =
+        std::ranges::find_if_not(shown.text, [](QChar character) { return character.isSpace(); });
     CutFront(shown, static_cast<std::size_t>(first - shown.text.begin()));
     if (shown.marks.empty() || shown.marks.front().begin <= kMostBefore) return shown;
     CutFront(shown, shown.marks.front().begin - kMostBefore);

@@ -4,6 +4,7 @@
 #include <QListView>
 #include <QPlainTextEdit>
 #include <QTreeView>
+#include <algorithm>
 
 #include "forms/quick_hit_delegate.h"
 #include "tests/forms/desktop_fixture.h"
@@ -40,7 +41,12 @@ TEST_F(QuickSearchFormTest, ListsHitsAsOneTypesAndGoesToTheChosenOne) {
     EXPECT_TRUE(Line().hasFocus());
     EXPECT_EQ(Type("Draw77").front(), "Draw77");
     const std::vector<std::string> names = Type("name:(draw77");
-    ASSERT_EQ(names.size(), 11U);
+    // Behind those with the word itself stand names that are a slip away.
+    ASSERT_GT(names.size(), 11U);
+    EXPECT_EQ(
+        std::ranges::count_if(names, [](const auto& name) { return name.starts_with("Draw77"); }),
+        11);
+    EXPECT_TRUE(names[10].starts_with("Draw77"));
     EXPECT_EQ(List().currentIndex().row(), 0);
     PressKey(Line(), Qt::Key_Down);
     PressKey(Line(), Qt::Key_Down);
