@@ -96,7 +96,7 @@ TEST_F(SearchCommandTest, FindsWhatTheUsersGuideSaysThatItFinds) {
             part[3])
             << line;
     }
-    EXPECT_GT(count, 30);
+    EXPECT_GT(count, 40);
 }
 
 TEST_F(SearchCommandTest, PrintsTheStatementThatRanAlsoWhenItWasRefused) {
