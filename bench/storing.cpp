@@ -18,6 +18,7 @@
 #include "store/database.h"
 #include "store/keyword_rows.h"
 #include "store/reads_keywords.h"
+#include "store/text_index.h"
 #include "store/writes_codes.h"
 #include "tests/fakes.h"
 #include "tests/temporary_folder.h"
@@ -90,11 +91,16 @@ std::vector<std::string> SearchWords(Database& db) {
     return words;
 }
 
-void StoreThroughTheCatalogue(benchmark::State& state) {
+enum class Texts { Indexed, NotIndexed };
+
+void StoreThroughTheCatalogue(benchmark::State& state, Texts texts) {
     const GeneratedCatalogue catalogue;
     test::FakeHost host;
     Database db(host.host, CatalogueProviders(), catalogue.Folder());
     OpenCatalogue(db);
+    // What the generator has left to index is not what storing costs.
+    if (texts == Texts::Indexed) CompleteTextIndex(db);
+    if (texts == Texts::NotIndexed) DropTextIndex(db);
     const NoiseWords noise = LoadNoiseWords(db);
     const Procedures procedures(SearchWords(db));
     BulkWriting writing(db.GetConnection());
@@ -169,7 +175,8 @@ void StoreThroughTheLibrary(benchmark::State& state) {
 }
 
 BENCHMARK(StoreThroughTheLibrary)->Iterations(10'000);
-BENCHMARK(StoreThroughTheCatalogue)->Iterations(10'000);
+BENCHMARK_CAPTURE(StoreThroughTheCatalogue, Indexed, Texts::Indexed)->Iterations(10'000);
+BENCHMARK_CAPTURE(StoreThroughTheCatalogue, NotIndexed, Texts::NotIndexed)->Iterations(10'000);
 
 }  // namespace
 }  // namespace snippetarium::bench

@@ -134,7 +134,7 @@ WHEN new.appID % 1024 = 0 AND NOT EXISTS (
 BEGIN
     INSERT INTO tblNameBlock(ownerTableID, block, entries, names)
     SELECT 1, new.appID / 1024 - 1,
-        group_concat(substr('000' || appID % 1024, -4)
+        group_concat(substr('000' || (appID % 1024), -4)
             || substr('000' || length(CAST(appName AS BLOB)), -4), ''),
         group_concat(appName, '
 ')
@@ -170,7 +170,7 @@ WHEN new.classID % 1024 = 0 AND NOT EXISTS (
 BEGIN
     INSERT INTO tblNameBlock(ownerTableID, block, entries, names)
     SELECT 2, new.classID / 1024 - 1,
-        group_concat(substr('000' || classID % 1024, -4)
+        group_concat(substr('000' || (classID % 1024), -4)
             || substr('000' || length(CAST(className AS BLOB)), -4), ''),
         group_concat(className, '
 ')
@@ -206,7 +206,7 @@ WHEN new.codeID % 1024 = 0 AND NOT EXISTS (
 BEGIN
     INSERT INTO tblNameBlock(ownerTableID, block, entries, names)
     SELECT 3, new.codeID / 1024 - 1,
-        group_concat(substr('000' || codeID % 1024, -4)
+        group_concat(substr('000' || (codeID % 1024), -4)
             || substr('000' || length(CAST(codeName AS BLOB)), -4), ''),
         group_concat(codeName, '
 ')

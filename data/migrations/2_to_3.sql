@@ -139,7 +139,7 @@ WHEN new.appID % 1024 = 0 AND NOT EXISTS (
 BEGIN
     INSERT INTO tblNameBlock(ownerTableID, block, entries, names)
     SELECT 1, new.appID / 1024 - 1,
-        group_concat(substr('000' || appID % 1024, -4)
+        group_concat(substr('000' || (appID % 1024), -4)
             || substr('000' || length(CAST(appName AS BLOB)), -4), ''),
         group_concat(appName, '
 ')
@@ -175,7 +175,7 @@ WHEN new.classID % 1024 = 0 AND NOT EXISTS (
 BEGIN
     INSERT INTO tblNameBlock(ownerTableID, block, entries, names)
     SELECT 2, new.classID / 1024 - 1,
-        group_concat(substr('000' || classID % 1024, -4)
+        group_concat(substr('000' || (classID % 1024), -4)
             || substr('000' || length(CAST(className AS BLOB)), -4), ''),
         group_concat(className, '
 ')
@@ -211,7 +211,7 @@ WHEN new.codeID % 1024 = 0 AND NOT EXISTS (
 BEGIN
     INSERT INTO tblNameBlock(ownerTableID, block, entries, names)
     SELECT 3, new.codeID / 1024 - 1,
-        group_concat(substr('000' || codeID % 1024, -4)
+        group_concat(substr('000' || (codeID % 1024), -4)
             || substr('000' || length(CAST(codeName AS BLOB)), -4), ''),
         group_concat(codeName, '
 ')
@@ -243,7 +243,7 @@ END;
 
 INSERT INTO tblNameBlock(ownerTableID, block, entries, names)
 SELECT 1, appID / 1024,
-    group_concat(substr('000' || appID % 1024, -4)
+    group_concat(substr('000' || (appID % 1024), -4)
         || substr('000' || length(CAST(appName AS BLOB)), -4), ''),
     group_concat(appName, '
 ')
@@ -253,7 +253,7 @@ HAVING appID / 1024 < (SELECT max(appID) / 1024 FROM tblApplication);
 
 INSERT INTO tblNameBlock(ownerTableID, block, entries, names)
 SELECT 2, classID / 1024,
-    group_concat(substr('000' || classID % 1024, -4)
+    group_concat(substr('000' || (classID % 1024), -4)
         || substr('000' || length(CAST(className AS BLOB)), -4), ''),
     group_concat(className, '
 ')
@@ -263,7 +263,7 @@ HAVING classID / 1024 < (SELECT max(classID) / 1024 FROM tblClass);
 
 INSERT INTO tblNameBlock(ownerTableID, block, entries, names)
 SELECT 3, codeID / 1024,
-    group_concat(substr('000' || codeID % 1024, -4)
+    group_concat(substr('000' || (codeID % 1024), -4)
         || substr('000' || length(CAST(codeName AS BLOB)), -4), ''),
     group_concat(codeName, '
 ')

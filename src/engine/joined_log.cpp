@@ -131,6 +131,16 @@ int Truncate(sqlite3_file* file, sqlite3_int64 size) {
     return result != SQLITE_OK ? result : log.Truncate(size);
 }
 
+int SectorSize(sqlite3_file* file) {
+    sqlite3_file* const system = JoinedLog::Of(file).System();
+    return system->pMethods->xSectorSize(system);
+}
+
+int DeviceCharacteristics(sqlite3_file* file) {
+    sqlite3_file* const system = JoinedLog::Of(file).System();
+    return system->pMethods->xDeviceCharacteristics(system);
+}
+
 using Methods = sqlite3_io_methods;
 
 constexpr Methods kMethods = {
@@ -145,8 +155,8 @@ constexpr Methods kMethods = {
     .xUnlock = Forward<&Methods::xUnlock, int>,
     .xCheckReservedLock = Forward<&Methods::xCheckReservedLock, int*>,
     .xFileControl = Forward<&Methods::xFileControl, int, void*>,
-    .xSectorSize = Forward<&Methods::xSectorSize>,
-    .xDeviceCharacteristics = Forward<&Methods::xDeviceCharacteristics>,
+    .xSectorSize = SectorSize,
+    .xDeviceCharacteristics = DeviceCharacteristics,
     .xShmMap = nullptr,
     .xShmLock = nullptr,
     .xShmBarrier = nullptr,

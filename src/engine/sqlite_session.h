@@ -11,6 +11,7 @@
 
 #include "engine/bulk_log.h"
 #include "engine/candidate_table.h"
+#include "engine/jet_sql.h"
 #include "engine/named_queries.h"
 #include "engine/session.h"
 #include "engine/sqlite_handle.h"
@@ -55,6 +56,7 @@ class SqliteSession final : public Session {
 
     void Open(const SessionOptions& options);
     void PrepareForWriting();
+    static Translation TranslateQuery(std::string_view text);
     sqlite3_stmt* PrepareCached(std::string_view sql, StatementPurpose purpose);
     Recordset ReadRows(sqlite3_stmt* statement,
                        std::size_t mostBytes = std::numeric_limits<std::size_t>::max());

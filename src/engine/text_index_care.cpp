@@ -93,10 +93,15 @@ bool TextIndexCare::Merge(Clock::time_point until) {
 }
 
 bool TextIndexCare::RemoveLeaving() {
-    Transaction transaction(database_);
-    const bool wasThere = RemoveLeavingBlocks(database_, merge_ ? merge_->TargetID() : 0);
-    if (wasThere) transaction.Commit();
-    return wasThere;
+    const std::int64_t current = merge_ ? merge_->TargetID() : 0;
+    for (const TextSegment& segment : ReadTextSegments(database_)) {
+        if (segment.state == SegmentState::InUse || segment.segmentID == current) continue;
+        Transaction transaction(database_);
+        RemoveSomeBlocks(database_, segment.segmentID);
+        transaction.Commit();
+        return true;
+    }
+    return false;
 }
 
 /// For work beside a statement of the user's that has been carried out, and must not be reported as

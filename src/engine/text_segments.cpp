@@ -228,26 +228,16 @@ void TakeInWaitingRows(sqlite3* database, const IndexedTable& table, SegmentBuil
         TakeInChangedRows(database, table, builder, mostBytes);
 }
 
-bool RemoveLeavingBlocks(sqlite3* database, std::int64_t current) {
+void RemoveSomeBlocks(sqlite3* database, std::int64_t segmentID) {
     constexpr std::int64_t kMostBlocks = 500;
-    NumberStatement segment(
-        database,
-        "SELECT segmentID FROM tblTextSegment WHERE state <> ?1 AND segmentID <> ?2 LIMIT 1",
-        {static_cast<int>(SegmentState::InUse), current});
-    if (!segment.Next()) return false;
-    const std::int64_t segmentID = segment.Number(0);
-    const std::int64_t first = BlockIDOf(segmentID, 0);
     const std::int64_t last = BlockIDOf(segmentID + 1, 0) - 1;
     NumberStatement(database,
                     "DELETE FROM tblTextBlock WHERE blockID IN (SELECT blockID FROM tblTextBlock "
                     "WHERE blockID BETWEEN ?1 AND ?2 LIMIT ?3)",
-                    {first, last, kMostBlocks})
+                    {BlockIDOf(segmentID, 0), last, kMostBlocks})
         .Run();
-    if (sqlite3_changes64(database) < kMostBlocks) {
-        NumberStatement(database, "DELETE FROM tblTextSegment WHERE segmentID = ?1", {segmentID})
-            .Run();
-    }
-    return true;
+    if (sqlite3_changes64(database) == kMostBlocks) return;
+    NumberStatement(database, "DELETE FROM tblTextSegment WHERE segmentID = ?1", {segmentID}).Run();
 }
 
 }  // namespace snippetarium

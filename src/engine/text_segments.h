@@ -77,8 +77,8 @@ std::int64_t CountWaitingRows(sqlite3* database, const IndexedTable& table);
 void TakeInWaitingRows(sqlite3* database, const IndexedTable& table, SegmentBuilder& builder,
                        std::size_t mostBytes);
 
-/// Removes some blocks of segments that are leaving, or that nobody finished. Returns whether there
-/// was anything to do. `current` is the segment that is being written just now, 0 for none.
-bool RemoveLeavingBlocks(sqlite3* database, std::int64_t current);
+/// Removes some blocks of a segment that is leaving, or that nobody finished, and with the last of
+/// them its row.
+void RemoveSomeBlocks(sqlite3* database, std::int64_t segmentID);
 
 }  // namespace snippetarium

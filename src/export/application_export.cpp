@@ -84,7 +84,7 @@ class ApplicationJob {
             result_.classesWithoutPath.push_back(className);
             return true;
         }
-        const ExportTarget target = TargetBelow(files_, request_.destinationFolder, storedPath);
+        const ClassDestination target = TargetBelow(files_, request_.destinationFolder, storedPath);
         if (const std::string refusal = RefusalOf(target); !refusal.empty()) {
             AddProblem(className, "Its path '" + storedPath + "' " + refusal + ".");
             return true;
@@ -105,7 +105,7 @@ class ApplicationJob {
 
     /// What is wrong with the path of a class; empty for nothing. Two classes may have the same
     /// one, and the second must not undo the first.
-    std::string RefusalOf(const ExportTarget& target) const {
+    std::string RefusalOf(const ClassDestination& target) const {
         if (!target.refusal.empty()) return target.refusal;
         const auto other = writtenBy_.find(files_.RealPath(target.path));
         if (other == writtenBy_.end()) return {};

@@ -48,8 +48,8 @@ bool IsInside(std::string_view path, const std::string& folder) {
 
 }  // namespace
 
-ExportTarget TargetBelow(const FileSystem& files, std::string_view destination,
-                         std::string_view storedPath) {
+ClassDestination TargetBelow(const FileSystem& files, std::string_view destination,
+                             std::string_view storedPath) {
     const std::string entry = ToCataloguePath(storedPath);
     if (const std::string_view refusal = RefusalOf(entry); !refusal.empty()) {
         return {{}, std::string(refusal)};

@@ -8,7 +8,7 @@
 namespace snippetarium {
 
 /// Where a class's file goes, or why it goes nowhere.
-struct ExportTarget {
+struct ClassDestination {
     std::string path;
     /// Empty where it may be written, else what is wrong with the stored path: the rest of a
     /// sentence that begins with it.
@@ -20,8 +20,8 @@ struct ExportTarget {
 /// Stored paths come from whoever wrote the catalogue, and an export replaces files, so nothing
 /// outside the destination is ever written: a path that begins at a root, a drive or a share, one
 /// with "..", and one that a link would lead out are refused. So is a path that is no file's.
-ExportTarget TargetBelow(const FileSystem& files, std::string_view destination,
-                         std::string_view storedPath);
+ClassDestination TargetBelow(const FileSystem& files, std::string_view destination,
+                             std::string_view storedPath);
 
 /// Throws Error where the path is one of the catalogue's own files in the program folder, which an
 /// export must not replace.

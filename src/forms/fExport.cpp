@@ -54,6 +54,8 @@ void fExport::OnEvent(const std::function<void()>& body) {
     Handle(db_.Reporter(), form_procedure::ExportEvent, [&] {
         if (isWorking_) return;
         const QScopedValueRollback working(isWorking_, true);
+        // An operation that fails has reported it; the form then goes on with what there is.
+        const ErrorReporter::EventScope operations(db_.Reporter());
         body();
     });
 }

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <algorithm>
 
 #include "forms/encoding_box.h"
@@ -59,6 +60,8 @@ fImport::fImport(Database& db, const FileSystem& files, ImportState& state, QWid
       selection_(db, files, state),
       ui_(std::make_unique<Ui::fImport>()) {
     ui_->setupUi(this);
+    // On a small or much enlarged screen the designed size would lie beyond its edges.
+    resize(size().boundedTo(screen()->availableSize() * 0.95));
     ui_->splitter->setSizes({200, 480, 300});
     folderFiles_ = new EntryListModel(selection_.FolderFiles(), this);
     sourceFiles_ = new EntryListModel(selection_.SourceFiles(), this);
@@ -80,6 +83,8 @@ void fImport::OnEvent(const std::function<void()>& body) {
     Handle(db_.Reporter(), form_procedure::ImportEvent, [&] {
         if (isWorking_) return;
         const Working working(*this);
+        // An operation that fails has reported it; the form then goes on with what there is.
+        const ErrorReporter::EventScope operations(db_.Reporter());
         body();
     });
 }

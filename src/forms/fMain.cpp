@@ -30,6 +30,8 @@ namespace snippetarium {
 namespace {
 
 constexpr int kIdleInterval = 30;
+/// The windows besides the panes and the help.
+constexpr const char* kReadingForms[] = {"fFind", "fZoom", "fQuickSearch"};
 
 }  // namespace
 
@@ -75,6 +77,8 @@ void fMain::ConnectParts() {
     connect(menus_, &MainMenus::Triggered, commands_, &MainCommands::Run);
     connect(menus_, &MainMenus::Triggered, this, &fMain::ShowCommandState);
     connect(menus_, &MainMenus::AboutToShow, this, &fMain::ShowCommandState);
+    connect(commands_, &MainCommands::ZoomMenuRequested, this,
+            [this](const QPoint& position) { menus_->PopUp("mnuZoomHide")->popup(position); });
     connect(commands_, &MainCommands::WrapChanged, this, &fMain::SetWrapCommands);
     connect(&tmAutoLoad_, &QTimer::timeout, this, &fMain::OnIdle);
     connect(contents_, &fContents::NodeSelected, this, &fMain::OnNodeSelected);
@@ -83,6 +87,7 @@ void fMain::ConnectParts() {
     connect(contents_, &fContents::CatalogueChanged, this, [this] {
         areListsStale_ = true;
         areCountsStale_ = true;
+        AddTextIndexCare(idle_, db_);
         tmAutoLoad_.start();
     });
     connect(contents_, &fContents::MenuRequested, this, &fMain::ShowContentsMenu);
@@ -250,6 +255,10 @@ std::vector<std::string> fMain::OpenForms() const {
     std::vector<std::string> forms;
     for (const ChildPane* pane : Children())
         forms.push_back(FromQt(pane->objectName()));
+    for (const char* form : kReadingForms) {
+        const auto* const window = findChild<QWidget*>(form);
+        if (window != nullptr && window->isVisible()) forms.emplace_back(form);
+    }
     if (host_.Help().IsVisible()) forms.emplace_back("fHelp");
     return forms;
 }
@@ -261,6 +270,8 @@ void fMain::SetParentUnloading(std::string_view form) {
 void fMain::CloseForm(std::string_view form) {
     if (ChildPane* pane = PaneNamed(form)) {
         pane->close();
+    } else if (auto* const window = findChild<QWidget*>(ToQt(form))) {
+        window->close();
     } else {
         host_.Help().Close();
     }
@@ -268,6 +279,7 @@ void fMain::CloseForm(std::string_view form) {
 
 void fMain::StartIdleWork() {
     AddDailyBackup(idle_, db_);
+    AddTextIndexCare(idle_, db_);
     tmAutoLoad_.start();
 }
 

@@ -90,6 +90,10 @@ void fPage::changeEvent(QEvent* event) {
     ui_->lblHeading->setText(HeadingHtml());
 }
 
+QPlainTextEdit& fPage::Text() const {
+    return *ui_->txtPage;
+}
+
 void fPage::MarkWords(const QStringList& words) {
     snippetarium::MarkWords(*ui_->txtPage, words);
 }

@@ -6,6 +6,8 @@
 #include "navigator/page.h"
 #include "navigator/page_history.h"
 
+class QPlainTextEdit;
+
 namespace snippetarium {
 
 class Database;
@@ -28,6 +30,9 @@ class fPage final : public ChildPane {
     /// Shows the node's page; all 0 clears the view. The page that is shown already is read anew.
     void ShowPage(const NodeIDs& node);
     const NodeIDs& Shown() const { return page_.node; }
+    const Page& ShownPage() const { return page_; }
+    /// The control that holds the text.
+    QPlainTextEdit& Text() const;
     bool HasText() const { return !page_.text.empty(); }
     bool HasSelection() const;
 

@@ -33,6 +33,8 @@ class FolderList final : public QTreeWidget {
   protected:
     /// Enter asks for the marked folder, Backspace for the one above the open one.
     void keyPressEvent(QKeyEvent* event) override;
+    /// Nothing can be closed, so there is no sign for it.
+    void drawBranches(QPainter*, const QRect&, const QModelIndex&) const override {}
 
   private:
     QTreeWidgetItem* AddAncestors();

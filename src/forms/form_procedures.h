@@ -9,6 +9,7 @@ inline constexpr Procedure BookmarkEvent{124};
 inline constexpr Procedure ConfigureEvent{230};
 inline constexpr Procedure ContentsEvent{245};
 inline constexpr Procedure ExportEvent{270};
+inline constexpr Procedure FindEvent{292};
 inline constexpr Procedure ImportEvent{370};
 inline constexpr Procedure ImportPreviewEvent{371};
 inline constexpr Procedure IndexEvent{394};
@@ -16,6 +17,7 @@ inline constexpr Procedure SaveReport{429};
 inline constexpr Procedure RunCommand{460};
 inline constexpr Procedure MainWindowEvent{461};
 inline constexpr Procedure TrashEvent{462};
+inline constexpr Procedure QuickSearchEvent{463};
 inline constexpr Procedure SaveToEvent{560};
 inline constexpr Procedure SearchEvent{640};
 

@@ -1,6 +1,7 @@
 #include "forms/import_preview_pane.h"
 
 #include <QCoreApplication>
+#include <QFontDatabase>
 #include <QHeaderView>
 #include <QScopedValueRollback>
 #include <algorithm>
@@ -74,6 +75,7 @@ ImportPreviewPane::ImportPreviewPane(QWidget* parent)
     header->setStretchLastSection(false);
     header->setSectionResizeMode(0, QHeaderView::Stretch);
     header->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+    ui_->txtPreview->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     timer_.setSingleShot(true);
     timer_.setInterval(kPause);
     connect(&timer_, &QTimer::timeout, this, [this] {

@@ -17,6 +17,7 @@
 #include "forms/main_transfers.h"
 #include "forms/modal.h"
 #include "forms/pane_dock.h"
+#include "forms/reading_windows.h"
 #include "navigator/help.h"
 #include "navigator/node_requests.h"
 #include "store/compact.h"
@@ -39,7 +40,9 @@ constexpr MenuCommand kMade[] = {
     MenuCommand::ShowContents,   MenuCommand::ShowIndex,       MenuCommand::ShowSearch,
     MenuCommand::ShowBookmarks,  MenuCommand::NextPane,        MenuCommand::BackToPage,
     MenuCommand::Import,         MenuCommand::ExportShownPage, MenuCommand::ExportSelected,
-    MenuCommand::ExportNode,
+    MenuCommand::ExportNode,     MenuCommand::FindInPage,      MenuCommand::ZoomWindow,
+    MenuCommand::FindInZoom,     MenuCommand::CopyZoomText,    MenuCommand::SelectAllZoomText,
+    MenuCommand::QuickSearch,
 };
 
 }  // namespace
@@ -47,7 +50,10 @@ constexpr MenuCommand kMade[] = {
 MainCommands::MainCommands(const MainParts& parts)
     : QObject(&parts.window),
       parts_(parts),
-      transfers_(new MainTransfers(parts.db, parts.window, parts.contents)) {}
+      transfers_(new MainTransfers(parts.db, parts.window, parts.contents)),
+      reading_(new ReadingWindows(parts.db, parts.window, parts.contents, parts.page)) {
+    connect(reading_, &ReadingWindows::ZoomMenuRequested, this, &MainCommands::ZoomMenuRequested);
+}
 
 bool MainCommands::IsMade(MenuCommand command) {
     return std::ranges::find(kMade, command) != std::end(kMade);
@@ -55,6 +61,7 @@ bool MainCommands::IsMade(MenuCommand command) {
 
 bool MainCommands::CanRun(MenuCommand command, bool isBusy) const {
     if (!IsMade(command)) return false;
+    if (command == MenuCommand::CopyZoomText) return reading_->HasZoomSelection();
     const fPage& page = parts_.page;
     const ProgramFacts facts = {
         .selection = parts_.contents.Selection(),
@@ -187,7 +194,7 @@ void MainCommands::PerformOnPage(MenuCommand command) {
         case MenuCommand::NormalText:
             return page.ChangeTextSize(0);
         default:
-            return;
+            return reading_->Perform(command);
     }
 }
 

@@ -14,6 +14,7 @@ class ChildPane;
 class Database;
 class MainTransfers;
 class PaneDock;
+class ReadingWindows;
 class fBookmark;
 class fContents;
 class fIndex;
@@ -50,6 +51,8 @@ class MainCommands final : public QObject {
 
   signals:
     void WrapChanged(bool wrap);
+    /// A right click into the zoom window.
+    void ZoomMenuRequested(const QPoint& globalPosition);
 
   private:
     static bool IsMade(MenuCommand command);
@@ -71,6 +74,7 @@ class MainCommands final : public QObject {
 
     MainParts parts_;
     MainTransfers* transfers_;
+    ReadingWindows* reading_;
 };
 
 }  // namespace snippetarium

@@ -4,7 +4,6 @@
 #include <numeric>
 #include <string>
 
-#include "forms/icons.h"
 #include "forms/qt_text.h"
 #include "support/case_fold.h"
 
@@ -20,10 +19,7 @@ const std::string& TextOf(const ListedTopic& topic, int column) {
 }  // namespace
 
 TopicModel::TopicModel(const TopicList& topics, const QStringList& headers, QObject* parent)
-    : QAbstractTableModel(parent),
-      topics_(topics),
-      headers_(headers),
-      icons_{Icon("application"), Icon("class"), Icon("procedure")} {
+    : QAbstractTableModel(parent), topics_(topics), headers_(headers) {
     Refresh();
 }
 
@@ -50,9 +46,6 @@ QVariant TopicModel::data(const QModelIndex& index, int role) const {
         case Qt::DisplayRole:
         case Qt::ToolTipRole:
             return ToQt(TextOf(topic, index.column()));
-        case Qt::DecorationRole:
-            return index.column() == 0 ? icons_[static_cast<std::size_t>(TopicOf(topic).level)]
-                                       : QVariant();
         case kKeyRole:
             return ToQt(topics_.KeyAt(at));
         default:

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <QIcon>
 #include <cstddef>
 #include <vector>
 
@@ -35,7 +34,6 @@ class TopicModel final : public QAbstractTableModel {
     const TopicList& topics_;
     QStringList headers_;
     std::vector<std::size_t> order_;
-    QIcon icons_[3];  // by TopicLevel
 };
 
 }  // namespace snippetarium

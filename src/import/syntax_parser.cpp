@@ -63,12 +63,12 @@ const char* Read(void* payload, std::uint32_t offset, TSPoint, std::uint32_t* le
 /// Finds the lines and columns of ascending offsets.
 class PointFinder {
   public:
-    explicit PointFinder(std::string_view text) : text_(text) {}
+    explicit PointFinder(std::string_view text) : text_(text), nextBreak_(text.find('\n')) {}
 
     TSPoint At(std::size_t offset) {
-        for (std::size_t end = text_.find('\n', lineBegin_); end < offset;
-             end = text_.find('\n', lineBegin_)) {
-            lineBegin_ = end + 1;
+        while (nextBreak_ < offset) {
+            lineBegin_ = nextBreak_ + 1;
+            nextBreak_ = text_.find('\n', lineBegin_);
             ++line_;
         }
         return {line_, static_cast<std::uint32_t>(offset - lineBegin_)};
@@ -76,6 +76,7 @@ class PointFinder {
 
   private:
     std::string_view text_;
+    std::size_t nextBreak_;  // a file may be one long line, which is searched once
     std::size_t lineBegin_ = 0;
     std::uint32_t line_ = 0;
 };

@@ -27,8 +27,9 @@ struct ParseResult {
 };
 
 /// Parses any text; what is no source of that language becomes error nodes. The parser does not see
-/// what stands in the `skipped` ranges, which are in the order of the text. Moves `progress` on
-/// with the lines that were read, which lets the user cancel.
+/// what stands in the `skipped` ranges, which are in the order of the text; a few hundred of them
+/// cost nothing, many cost much. Moves `progress` on with the lines that were read, which lets the
+/// user cancel.
 ParseResult ParseSyntax(std::string_view text, Grammar grammar, LineProgress& progress,
                         std::span<const TextRange> skipped = {});
 

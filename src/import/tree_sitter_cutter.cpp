@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "import/blank_out.h"
 #include "import/csharp_directives.h"
 #include "import/javascript_functions.h"
 #include "import/source_units.h"
@@ -45,13 +46,25 @@ CutFile Whole(std::string_view text, ParseEnd end) {
     return file;
 }
 
+/// What the parser need not see. It goes through the whole list at every token, so that where there
+/// are many, they become blanks instead.
+std::vector<TextRange> BodiesToSkip(std::string& parseCopy, const CTokens& tokens,
+                                    Grammar grammar) {
+    constexpr std::size_t kMostSkipped = 200;
+    std::vector<TextRange> bodies = FindTypeBodies(tokens, grammar);
+    if (bodies.size() <= kMostSkipped) return bodies;
+    for (const TextRange& body : bodies)
+        BlankOut(parseCopy, body);
+    return {};
+}
+
 CutFile CutTypes(std::string_view text, Grammar grammar, UnitPlacement placement,
                  LineProgress& progress) {
     std::string parseCopy = ParseCopy(text);
     TypeTokens found = TokeniseTypes(parseCopy, grammar);
     BlankCSharpDirectives(parseCopy, found);
-    const ParseResult parsed =
-        ParseSyntax(parseCopy, grammar, progress, FindTypeBodies(found.tokens, grammar));
+    const std::vector<TextRange> skipped = BodiesToSkip(parseCopy, found.tokens, grammar);
+    const ParseResult parsed = ParseSyntax(parseCopy, grammar, progress, skipped);
     if (parsed.end != ParseEnd::Done) return Whole(text, parsed.end);
     TypeMembers members = FindTypeMembers(parsed.tree.Root(), text);
     CutFile file = CutUnits(text, members.units,

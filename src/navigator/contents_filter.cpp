@@ -118,7 +118,7 @@ FilteredContents ReadFiltered(Database& db, std::string_view text) {
     FilteredContents contents;
     Branches branches;
     const auto read = [&](const std::string& statement, auto add) {
-        Recordset row = db.GetConnection().Execute(
+        Recordset row = db.GetConnection().ExecuteSearch(
             Sql("SELECT TOP ", kMostFiltered + 1, " ", kApplicationColumns, statement));
         for (int count = 0; !row.EndOfFile(); row.MoveNext()) {
             if (++count > kMostFiltered) {

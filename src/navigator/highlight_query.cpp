@@ -125,10 +125,7 @@ void HighlightQuery::Deleter::operator()(TSQuery* query) const {
 }
 
 bool HighlightQuery::Condition::Holds(std::string_view text) const {
-    // Names are short; the library's expressions recurse for each character.
-    static constexpr std::size_t kLongestName = 200;
-    if (!pattern) return text == equal;
-    return text.size() <= kLongestName && std::regex_search(text.begin(), text.end(), *pattern);
+    return pattern ? pattern->Matches(text) : text == equal;
 }
 
 const HighlightQuery& HighlightQuery::Of(HighlightGrammar grammar) {
@@ -192,7 +189,7 @@ void HighlightQuery::ReadConditions() {
             const std::string_view name = StringOf(query_.get(), steps[i].value_id);
             Condition condition{.capture = steps[i + 1].value_id, .pattern = {}, .equal = {}};
             condition.equal = StringOf(query_.get(), steps[i + 2].value_id);
-            if (name == "match?") condition.pattern.emplace(condition.equal, std::regex::optimize);
+            if (name == "match?") condition.pattern.emplace(condition.equal);
             if (name == "match?" || name == "eq?") conditions_[pattern].push_back(condition);
         }
     }

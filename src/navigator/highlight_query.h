@@ -5,12 +5,12 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <regex>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "navigator/highlight_engine.h"
+#include "navigator/name_pattern.h"
 
 namespace snippetarium {
 
@@ -32,7 +32,7 @@ class HighlightQuery {
     struct Condition {
         std::uint32_t capture = 0;
         /// One of the two.
-        std::optional<std::regex> pattern;
+        std::optional<NamePattern> pattern;
         std::string equal;
 
         bool Holds(std::string_view text) const;

@@ -1,4 +1,5 @@
 #include <string_view>
+#include <utility>
 
 #include "quick/work.h"
 #include "store/database.h"
@@ -19,18 +20,25 @@ constexpr std::string_view kKeywordsOfWord =
     "SELECT keywordID FROM tblKeyword_link_searchWord "
     "WHERE searchWordID = ?1 AND keywordID > ?2 ORDER BY keywordID LIMIT 4096";
 constexpr std::int64_t kRowsAtATime = 4096;
+/// Of a word that is in more keywords, rows are so easily found that it is quicker to go through
+/// them all than to wait for their list.
+constexpr std::size_t kMostKeywords = 4096;
 
 class KeywordWork final : public QuickWork {
   public:
-    KeywordWork(QuickPlan& plan, PlannedTerm& term) : plan_(plan), term_(term) {}
+    KeywordWork(QuickPlan& plan, PlannedTerm& term) : plan_(plan), term_(term) {
+        rows_.isEverything = false;
+    }
 
     bool Advance() override {
+        if (keywords_.size() > kMostKeywords) return false;
         if (!areTextsRead_) {
             ReadTexts();
         } else if (nextWord_ < words_.size()) {
             if (!FollowWord(words_[nextWord_])) ++nextWord_;
         } else if (!FollowKeywords()) {
-            term_.In(QuickText::Keyword).isEverything = false;
+            term_.keywordIDs = std::move(keywordIDs_);
+            term_.In(QuickText::Keyword) = std::move(rows_);
             return false;
         }
         return true;
@@ -69,9 +77,9 @@ class KeywordWork final : public QuickWork {
 
     void NoteKeyword(std::int64_t keywordID) {
         const auto id = static_cast<std::int32_t>(keywordID);
-        if (id <= 0 || term_.keywordIDs.Holds(id)) return;
-        term_.keywordIDs.Add(id);
-        if (!term_.isNegated) keywords_.push_back(id);
+        if (id <= 0 || keywordIDs_.Holds(id)) return;
+        keywordIDs_.Add(id);
+        keywords_.push_back(id);
     }
 
     /// Notes the rows that have the next keywords. False behind the last.
@@ -84,7 +92,7 @@ class KeywordWork final : public QuickWork {
                 const auto row = plan_.db.GetConnection().OpenCursor(level.idsOfKeyword, keywordID);
                 while (row->Next()) {
                     const auto id = static_cast<std::int32_t>(row->Number(0));
-                    if (id > 0) term_.In(QuickText::Keyword).Of(level.kind).Add(id);
+                    if (id > 0) rows_.Of(level.kind).Add(id);
                 }
             }
         }
@@ -93,6 +101,8 @@ class KeywordWork final : public QuickWork {
 
     QuickPlan& plan_;
     PlannedTerm& term_;
+    IdSet keywordIDs_;
+    CandidateRows rows_;
     bool areTextsRead_ = false;
     std::int64_t lastID_ = 0;
     std::vector<std::int64_t> words_;

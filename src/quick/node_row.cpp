@@ -18,6 +18,9 @@ constexpr std::string_view kAuthorsOfOwner =
 constexpr std::string_view kDatesOfOwner =
     "SELECT d.dDate FROM tbl_date_link dl CROSS JOIN tblDate d ON d.dateID = dl.dateID "
     "WHERE dl.ownerID = ?1 AND dl.ownerTableID = ?2";
+constexpr std::string_view kWordsOfKeyword =
+    "SELECT sw.searchWord FROM tblKeyword_link_searchWord l "
+    "CROSS JOIN tblSearchWord sw ON sw.searchWordID = l.searchWordID WHERE l.keywordID = ?1";
 constexpr std::string_view kKeyword = "SELECT keyword FROM tblKeyword WHERE keywordID = ?1";
 
 std::int32_t ID(const RowCursor& row, std::size_t column) {
@@ -112,6 +115,17 @@ bool NodeRow::HasFilter(const PlannedTerm& term) {
     }
 }
 
+bool NodeRow::HasKeyword(const PlannedTerm& term) {
+    if (keywordID_ <= 0) return false;
+    if (term.keywordIDs) return term.keywordIDs->Holds(keywordID_);
+    if (term.term.isPhrase) return term.pattern->Find(Keywords()).has_value();
+    const auto row = db_->GetConnection().OpenCursor(kWordsOfKeyword, std::int64_t{keywordID_});
+    while (row->Next()) {
+        if (term.pattern->Find(row->Text(0))) return true;
+    }
+    return false;
+}
+
 std::optional<QuickTier> NodeRow::TierOf(const PlannedTerm& term, QuickTier worst) {
     if (!IsTextField(term.term.field)) {
         return HasFilter(term) ? std::optional(QuickTier::Filter) : std::nullopt;
@@ -120,7 +134,7 @@ std::optional<QuickTier> NodeRow::TierOf(const PlannedTerm& term, QuickTier wors
         if (const auto match = MatchName(*term.pattern, name_)) return match->tier;
     }
     if (worst >= QuickTier::Keyword && term.IsLookedForIn(QuickText::Keyword)) {
-        if (keywordID_ > 0 && term.keywordIDs.Holds(keywordID_)) return QuickTier::Keyword;
+        if (HasKeyword(term)) return QuickTier::Keyword;
     }
     if (worst >= QuickTier::Comment && term.IsLookedForIn(QuickText::Comment)) {
         if (term.pattern->Find(Comment())) return QuickTier::Comment;

@@ -39,6 +39,7 @@ class NodeRow {
 
     std::string ReadText(std::string_view sql) const;
     bool HasFilter(const PlannedTerm& term);
+    bool HasKeyword(const PlannedTerm& term);
     bool HasLanguage(const std::vector<std::int32_t>& languageIDs) const;
     bool HasAuthor(const WordPattern& pattern) const;
     bool HasDate(const DayRange& days) const;

@@ -45,8 +45,8 @@ struct PlannedTerm {
     bool isNegated = false;
     /// The languages that a filter means.
     std::vector<std::int32_t> languageIDs;
-    /// The keyword strings that hold the term.
-    IdSet keywordIDs;
+    /// The keyword strings that hold the term, where it was worth while to find them all.
+    std::optional<IdSet> keywordIDs;
     std::array<CandidateRows, kQuickTexts> inText;
     CandidateRows bySlip;
     /// For a filter.

@@ -41,7 +41,7 @@ void FindLanguages(QuickPlan& plan, PlannedTerm& term);
 /// through is cheaper to ask row by row.
 std::unique_ptr<QuickWork> NarrowByFilter(QuickPlan& plan, std::size_t term);
 
-/// Finds the keyword strings that hold a term, and the rows that have them.
+/// Finds the keyword strings that hold a term, and the rows that have them, unless they are many.
 std::unique_ptr<QuickWork> LookUpKeywords(QuickPlan& plan, std::size_t term);
 
 /// Asks the text index which comments or codes may hold a term.

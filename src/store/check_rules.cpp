@@ -46,21 +46,23 @@ constexpr std::string_view kNoIsoDate =
 
 // A block of packed names holds exactly those of its rows, in the same letters.
 constexpr std::string_view kStaleApplicationNames =
-    "ownerTableID = 1 AND (entries IS NOT (SELECT group_concat(substr('000' || appID % 1024, -4) "
+    "ownerTableID = 1 AND (entries IS NOT (SELECT group_concat(substr('000' || (appID % 1024), -4) "
     "|| "
     "substr('000' || length(CAST(appName AS BLOB)), -4), '') FROM tblApplication WHERE appID "
     "BETWEEN block * 1024 AND block * 1024 + 1023) "
     "OR names COLLATE BINARY IS NOT (SELECT group_concat(appName, '\n') FROM tblApplication WHERE "
     "appID BETWEEN block * 1024 AND block * 1024 + 1023))";
 constexpr std::string_view kStaleClassNames =
-    "ownerTableID = 2 AND (entries IS NOT (SELECT group_concat(substr('000' || classID % 1024, -4) "
+    "ownerTableID = 2 AND (entries IS NOT (SELECT group_concat(substr('000' || (classID % 1024), "
+    "-4) "
     "|| "
     "substr('000' || length(CAST(className AS BLOB)), -4), '') FROM tblClass WHERE classID BETWEEN "
     "block * 1024 AND block * 1024 + 1023) "
     "OR names COLLATE BINARY IS NOT (SELECT group_concat(className, '\n') FROM tblClass WHERE "
     "classID BETWEEN block * 1024 AND block * 1024 + 1023))";
 constexpr std::string_view kStaleCodeNames =
-    "ownerTableID = 3 AND (entries IS NOT (SELECT group_concat(substr('000' || codeID % 1024, -4) "
+    "ownerTableID = 3 AND (entries IS NOT (SELECT group_concat(substr('000' || (codeID % 1024), "
+    "-4) "
     "|| "
     "substr('000' || length(CAST(codeName AS BLOB)), -4), '') FROM tblCode WHERE codeID BETWEEN "
     "block * 1024 AND block * 1024 + 1023) "

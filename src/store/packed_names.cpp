@@ -64,8 +64,8 @@ std::vector<std::int32_t> MissingBlocks(Connection& connection, const NamedTable
 std::string MakingOf(const NamedTable& table, std::int32_t block) {
     const std::int32_t first = block * kIDsInNameBlock;
     return Sql("INSERT INTO tblNameBlock(ownerTableID, block, entries, names) SELECT ", table.kind,
-               ", ", block, ", group_concat(substr('000' || ", table.idColumn,
-               " % 1024, -4) || substr('000' || length(CAST(", table.nameColumn,
+               ", ", block, ", group_concat(substr('000' || (", table.idColumn,
+               " % 1024), -4) || substr('000' || length(CAST(", table.nameColumn,
                " AS BLOB)), -4), ''), group_concat(", table.nameColumn, ", '\n') FROM ",
                table.table, " WHERE ", table.idColumn, " BETWEEN ", first, " AND ",
                first + kIDsInNameBlock - 1, ";\n");

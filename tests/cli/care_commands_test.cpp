@@ -4,7 +4,6 @@
 
 #include "engine/create_database.h"
 #include "store/catalogue_content.h"
-#include "tests/child_process.h"
 #include "tests/cli/command_runner.h"
 
 namespace snippetarium::test {
@@ -49,20 +48,6 @@ TEST_F(CareCommandsTest, CompactShrinksTheFile) {
     EXPECT_LT(document["sizeAfter"], before / 2);
     EXPECT_EQ(Run({"tree"}).output, tree);
     EXPECT_EQ(Run({"compact"}).output.find(Catalogue() + ": "), 0U);
-}
-
-TEST_F(CareCommandsTest, CompactIsRefusedWhileAnotherProgramHasTheCatalogueOpen) {
-    MakeSample();
-    const std::string before = ReadBytes(Catalogue());
-    FakeHost host;
-    Database other(host.host, CatalogueProviders(), folder_.Path());
-    other.SetMode(AccessMode::Read);
-    const ChildProcess program([&] { other.Open(); });
-    const CommandResult result = Run({"--json", "compact"});
-    EXPECT_EQ(result.status, kFailed);
-    EXPECT_NE(result.error.find("currently opened by another application"), std::string::npos);
-    EXPECT_EQ(DocumentOf(result)["error"]["code"], 3356);
-    EXPECT_TRUE(ReadBytes(Catalogue()) == before);
 }
 
 TEST_F(CareCommandsTest, CompactTellsTheFailureThatItShowed) {

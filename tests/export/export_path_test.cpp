@@ -21,7 +21,7 @@ class ExportPathTest : public ::testing::Test {
         fs::create_directory(disk_.File("private"));
     }
     std::string Destination() const { return disk_.File("out"); }
-    ExportTarget Target(std::string_view storedPath) const {
+    ClassDestination Target(std::string_view storedPath) const {
         return TargetBelow(files_, Destination(), storedPath);
     }
 
@@ -33,7 +33,7 @@ TEST_F(ExportPathTest, KeepsEveryPathBelowTheDestination) {
     for (const std::string path :
          {"Form1.frm", "sub\\Form1.frm", "sub/Form1.frm", "new\\deep\\er\\x.c", ".\\x.c",
           "sub\\\\x.c", "...", "..x", "x..", "..\x20\\x.c", ".hidden", "a b\\c:d.c"}) {
-        const ExportTarget target = Target(path);
+        const ClassDestination target = Target(path);
         EXPECT_EQ(target.refusal, "") << path;
         EXPECT_TRUE(files_.RealPath(target.path).starts_with(files_.RealPath(Destination()) + "/"))
             << target.path;
@@ -69,7 +69,7 @@ TEST_F(ExportPathTest, RefusesWhatLeadsOut) {
         {std::string(256, 'n') + "\\x.c", "has a name that no file can have"},
     };
     for (const auto& [path, refusal] : cases) {
-        const ExportTarget target = Target(path);
+        const ClassDestination target = Target(path);
         EXPECT_EQ(target.refusal, refusal) << path;
         EXPECT_EQ(target.path, "");
     }

@@ -10,6 +10,7 @@
 #include <chrono>
 #include <deque>
 #include <functional>
+#include <set>
 #include <string>
 
 namespace snippetarium::test {
@@ -95,10 +96,11 @@ class ModalDriver {
   private:
     void Look() {
         QWidget* const window = QApplication::activeModalWidget();
-        if (window == nullptr || window == handled_) return;
+        if (window == nullptr || handled_.contains(window)) return;
         if (window->inherits("snippetarium::ProgressWindow")) return;
-        handled_ = window;
-        QObject::connect(window, &QObject::destroyed, &timer_, [this] { handled_ = nullptr; });
+        handled_.insert(window);
+        QObject::connect(window, &QObject::destroyed, &timer_,
+                         [this](const QObject* gone) { handled_.erase(gone); });
         if (actions_.empty()) {
             const auto* box = qobject_cast<QMessageBox*>(window);
             ADD_FAILURE() << "unexpected window "
@@ -113,7 +115,7 @@ class ModalDriver {
 
     QTimer timer_;
     std::deque<std::function<void(QWidget&)>> actions_;
-    QWidget* handled_ = nullptr;
+    std::set<const QObject*> handled_;
 };
 
 }  // namespace snippetarium::test

@@ -60,6 +60,9 @@ class ImportDialogTest : public DialogFixture {
         for (const std::string& path : paths)
             urls << QUrl::fromLocalFile(QString::fromStdString(path));
         data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(Get<QListView>("lstSelFiles").viewport(), &enter);
+        EXPECT_TRUE(enter.isAccepted());
         QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(Get<QListView>("lstSelFiles").viewport(), &drop);
         RunEvents();
@@ -180,7 +183,7 @@ TEST_F(ImportDialogTest, ShowsWhatAFileWouldBeCutIntoAndStoresNothing) {
     ASSERT_EQ(top.childCount(), 2);
     EXPECT_EQ(top.child(1)->text(0), "Area()");
     tree.setCurrentItem(top.child(0));
-    EXPECT_EQ(Get<QPlainTextEdit>("txtPreview").toPlainText(), "'Draws.\nSub Draw()\nEnd Sub");
+    EXPECT_EQ(Get<QPlainTextEdit>("txtPreview").toPlainText(), "'Draws.\nSub Draw()\nEnd Sub\n");
     show("empty.bas");
     WaitUntil([&] { return Get<QLabel>("lblProblems").text() == "The file is empty."; });
     EXPECT_EQ(Select("SELECT classID FROM tblClass WHERE classID > 1"), Names{});

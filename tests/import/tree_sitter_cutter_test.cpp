@@ -106,6 +106,14 @@ TEST(TreeSitterCutter, BoundsTheNamesOfTypesWithinTypes) {
     EXPECT_EQ(cut.procedures[0].name.size(), 255U);
 }
 
+TEST(TreeSitterCutter, FindsEveryMethodOfALongTypeOnOneLine) {
+    constexpr std::size_t kCount = 20'000;
+    std::string text = "class A { ";
+    for (std::size_t i = 0; i < kCount; ++i)
+        text += "void f(int a) { x(a); } ";
+    EXPECT_EQ(ExpectKept(kLanguages[0], text + "}").procedures.size(), kCount);
+}
+
 TEST(TreeSitterCutter, StoresATangledFileWholeAndSaysSo) {
     const std::string text(100'000, '(');
     for (const Language& language : kLanguages) {

@@ -4,10 +4,14 @@
 
 #include <algorithm>
 #include <chrono>
-#include <map>
+#include <iterator>
 #include <random>
+#include <sstream>
 #include <string>
 #include <vector>
+
+#include "navigator/name_pattern.h"
+#include "support/error.h"
 
 namespace snippetarium::test {
 namespace {
@@ -97,6 +101,35 @@ TEST(Highlighter, KnowsTheWordsOfEachLanguage) {
     };
     for (const auto& test : cases)
         EXPECT_EQ(Marked(test.text, test.language), test.marked);
+}
+
+TEST(NamePattern, MatchesAsTheQueriesMeanIt) {
+    const struct {
+        const char* expression;
+        const char* fits;
+        const char* differs;
+    } cases[] = {
+        {"^[A-Z]", "A Ab Z9", "a 9 _A"},
+        {"^[A-Z][A-Z\\d_]*$", "A AB A_9", "Ab aB 9A A-"},
+        {"^_*[A-Z][A-Z\\d_]+$", "AB __A1 _AB_", "A __A Ab"},
+        {"^(console|window)$", "console window", "consol windows con"},
+        {"b+c", "abbc bc xbcx", "b c ac"},
+    };
+    const auto words = [](const std::string& text) {
+        std::istringstream stream(text);
+        return std::vector<std::string>(std::istream_iterator<std::string>(stream), {});
+    };
+    for (const auto& test : cases) {
+        const NamePattern pattern(test.expression);
+        for (const std::string& name : words(test.fits))
+            EXPECT_TRUE(pattern.Matches(name)) << test.expression << " " << name;
+        for (const std::string& name : words(test.differs))
+            EXPECT_FALSE(pattern.Matches(name)) << test.expression << " " << name;
+        EXPECT_FALSE(pattern.Matches("")) << test.expression;
+    }
+    EXPECT_THROW(NamePattern("a{2}"), Error);
+    EXPECT_THROW(NamePattern("\\w"), Error);
+    EXPECT_THROW(NamePattern("[a"), Error);
 }
 
 constexpr std::int32_t kEveryLanguage[] = {kBasic,      kJava,     kCSharp, kCpp, kC, kAsp,

@@ -42,6 +42,27 @@ TEST_F(QuickSearchTest, GivesTheFirstHitsAtOnceAndMoreOnDemand) {
     EXPECT_EQ(search.Hits().front().procedureName, "Draw3000");
 }
 
+TEST_F(QuickSearchTest, ReadsNamesFromTheirBlocksAndFromTheTableWhereABlockIsNone) {
+    Fill(1030);
+    const auto find = [this](std::string_view entry) {
+        QuickSearch search(db_, entry);
+        Finish(search);
+        return KeysOf(search);
+    };
+    const std::vector<std::string> found = {"a3f27c517"};
+    EXPECT_EQ(find("name:raw517"), found);
+    // The block is what is looked through, so a name that it does not hold is not found.
+    db_.GetConnection().RunScript(
+        "UPDATE tblNameBlock SET names = replace(names, 'Draw517', 'Drax517')");
+    EXPECT_EQ(find("name:raw517"), std::vector<std::string>());
+    for (const std::string_view damage :
+         {"names = 'Draw517'", "entries = '0001'", "entries = 'x' || substr(entries, 2)",
+          "names = '', entries = ''"}) {
+        db_.GetConnection().RunScript("UPDATE tblNameBlock SET " + std::string(damage));
+        EXPECT_EQ(find("name:raw517"), found) << damage;
+    }
+}
+
 TEST_F(QuickSearchTest, ShowsWhereSomethingWasFound) {
     db_.GetConnection().RunScript(
         "INSERT INTO tblApplication(appID, appName, appComment) VALUES (2, 'Paint', 'x');"

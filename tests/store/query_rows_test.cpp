@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/store/delivered_catalogue.h"
 
 namespace snippetarium::test {
@@ -84,6 +86,39 @@ TEST_F(QueryRows, FindAnApplicationByItsWholePath) {
     EXPECT_EQ(Read("qryAppNameByAppPath", {"C:\\src"}), Rows{"Empty|4"});
     EXPECT_EQ(Read("qryAppNameByAppPath", {"C:\\src\\"}), Rows());
     EXPECT_EQ(Read("qryAppNameByAppPath", {""}), Rows()) << "no path is nobody's path";
+}
+
+TEST_F(QueryRows, OfANameSearchHaveAPartOfTheNameOrAllOfIt) {
+    catalogue_.Fill(
+        "INSERT INTO tblCode(codeID, codeName, classID) VALUES (24, 'Draw(int[] x)', 10), (25, "
+        "'Form_Load', 10)");
+    const auto find = [this](const std::string& name) {
+        Rows codeIDs;
+        for (Recordset row = catalogue_.Run("qryCodeClassAppRSByName", {name}); !row.EndOfFile();
+             row.MoveNext())
+            codeIDs.push_back(row["codeID"].Text());
+        std::ranges::sort(codeIDs);
+        return codeIDs;
+    };
+    EXPECT_EQ(find("raw"), (Rows{"21", "22", "24"}));
+    EXPECT_EQ(find("Form_"), Rows{"25"});
+    EXPECT_EQ(find("draw(int[] X)"), Rows{"24"})
+        << "its brackets would be a set of characters in a pattern";
+    EXPECT_EQ(find("it's"), Rows());
+}
+
+TEST_F(QueryRows, OfANameAndASearchWordAreOnceEach) {
+    catalogue_.Fill(
+        "INSERT INTO tblKeyword VALUES (5, 'grid view', 1);"
+        "INSERT INTO tblSearchWord VALUES (1, 'grid'), (2, 'view');"
+        "INSERT INTO tblKeyword_link_searchWord VALUES (5, 1), (5, 1), (5, 2);"
+        "UPDATE tblCode SET keywordID = 5 WHERE codeID IN (20, 21);");
+    const auto count = [this](const std::string& name, const std::string& word) {
+        return Read("qryCodeClassAppRSWithSearchWordCodeName", {name, word}).size();
+    };
+    EXPECT_EQ(count("DRAW", "Grid"), 1U);
+    EXPECT_EQ(count("draw", "gri"), 0U);
+    EXPECT_EQ(count("Dra", "grid"), 0U) << "the name is the whole name";
 }
 
 TEST_F(QueryRows, OfAClassOutliveItsLanguage) {
