@@ -48,7 +48,8 @@ TEST_F(FindCommandTest, SetsMatchesOffOnATerminalAndNothingElse) {
     std::ostringstream output;
     std::ostringstream error;
     const Streams streams{input, output, error, {.output = true}};
-    RunCommandLine({"--folder", folder_.Path(), "find", "name:leap"}, streams);
+    const std::vector<std::string> words = {"--folder", folder_.Path(), "find", "name:leap"};
+    EXPECT_EQ(RunCommandLine(words, streams), kDone);
     EXPECT_NE(output.str().find("a2f2c1  Is?[2J\x1b[1;31mLeap\x1b[0mYear  in"), std::string::npos)
         << output.str();
 }
