@@ -38,8 +38,8 @@ TEST_F(FindCommandTest, GivesADocumentWithThePlacesOfEveryMatch) {
     EXPECT_EQ(document["hits"][0].dump(),
               R"({"key":"a2f2c1","kind":"procedure","tier":"comment","application":"Tide Tables",)"
               R"("class":"modCalendar","procedure":"IsLeapYear","nameMatches":[],"line":{)"
-              R"("of":"comment","number":1,"place":42,"text":"'Every fourth year, but only every )"
-              R"(fourth turn of a century.","matches":[{"place":42,"size":9}]}})");
+              R"("of":"comment","number":1,"place":43,"text":"'Every fourth year, but only every )"
+              R"(fourth turn of a century.","matches":[{"place":43,"size":9}]}})");
 }
 
 TEST_F(FindCommandTest, SetsMatchesOffOnATerminalAndNothingElse) {
