@@ -12,6 +12,7 @@
 #include "forms/fPage.h"
 #include "forms/fSearch.h"
 #include "forms/handler.h"
+#include "forms/help_key.h"
 #include "forms/icons.h"
 #include "forms/main_commands.h"
 #include "forms/main_menus.h"
@@ -20,6 +21,7 @@
 #include "forms/qt_text.h"
 #include "forms/status_panels.h"
 #include "forms/theme.h"
+#include "navigator/help.h"
 #include "navigator/node_requests.h"
 #include "navigator/status_text.h"
 #include "store/database.h"
@@ -69,9 +71,21 @@ fMain::fMain(Database& db, QtHost& host)
     ConnectLists();
     ConnectToolBar();
     ConnectPanes();
+    OfferHelp();
 }
 
 fMain::~fMain() = default;
+
+void fMain::OfferHelp() {
+    const auto offer = [this](QWidget* window, std::string_view form) {
+        new HelpKey(window, [this, form] { OpenHelp(db_, AnchorOf(form)); });
+    };
+    offer(this, "fMain");
+    offer(contents_, "fContents");
+    offer(index_, "fIndex");
+    offer(bookmarks_, "fBookmark");
+    offer(page_, "fPage");
+}
 
 void fMain::ConnectParts() {
     connect(menus_, &MainMenus::Triggered, commands_, &MainCommands::Run);

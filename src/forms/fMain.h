@@ -61,6 +61,8 @@ class fMain final : public QMainWindow, private ProgramWindow {
     void SetParentUnloading(std::string_view form) override;
     void CloseForm(std::string_view form) override;
 
+    /// F1, in each part of the window.
+    void OfferHelp();
     void ConnectParts();
     void ConnectToolBar();
     void ConnectLists();
