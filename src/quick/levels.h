@@ -26,6 +26,9 @@ struct QuickLevel {
     std::string_view row;
     std::string_view comment;
     std::string_view code;
+    /// The IDs from ?1 to ?2 whose comment or code is LIKE ?3.
+    std::string_view commentsLike;
+    std::string_view codesLike;
     /// The IDs that have the keyword ?1.
     std::string_view idsOfKeyword;
 };
@@ -40,6 +43,8 @@ inline constexpr std::array<QuickLevel, kQuickKinds> kQuickLevels = {{
         .row = "SELECT appName, keywordID, appID, appName, 0, '', 0 FROM tblApplication WHERE appID = ?1",
         .comment = "SELECT appComment FROM tblApplication WHERE appID = ?1",
         .code = {},
+        .commentsLike = "SELECT appID FROM tblApplication NOT INDEXED WHERE appID BETWEEN ?1 AND ?2 AND appComment LIKE ?3",
+        .codesLike = {},
         .idsOfKeyword = "SELECT appID FROM tblApplication WHERE keywordID = ?1",
     },
     {
@@ -51,6 +56,8 @@ inline constexpr std::array<QuickLevel, kQuickKinds> kQuickLevels = {{
                "FROM tblClass cls CROSS JOIN tblApplication a ON a.appID = cls.appID WHERE cls.classID = ?1",
         .comment = "SELECT classComment FROM tblClass WHERE classID = ?1",
         .code = "SELECT classDI FROM tblClass WHERE classID = ?1",
+        .commentsLike = "SELECT classID FROM tblClass NOT INDEXED WHERE classID BETWEEN ?1 AND ?2 AND classComment LIKE ?3",
+        .codesLike = "SELECT classID FROM tblClass NOT INDEXED WHERE classID BETWEEN ?1 AND ?2 AND classDI LIKE ?3",
         .idsOfKeyword = "SELECT classID FROM tblClass WHERE keywordID = ?1",
     },
     {
@@ -63,6 +70,8 @@ inline constexpr std::array<QuickLevel, kQuickKinds> kQuickLevels = {{
                "CROSS JOIN tblApplication a ON a.appID = cls.appID WHERE cd.codeID = ?1",
         .comment = "SELECT codeComment FROM tblCode WHERE codeID = ?1",
         .code = "SELECT code FROM tblCode WHERE codeID = ?1",
+        .commentsLike = "SELECT codeID FROM tblCode NOT INDEXED WHERE codeID BETWEEN ?1 AND ?2 AND codeComment LIKE ?3",
+        .codesLike = "SELECT codeID FROM tblCode NOT INDEXED WHERE codeID BETWEEN ?1 AND ?2 AND code LIKE ?3",
         .idsOfKeyword = "SELECT codeID FROM tblCode WHERE keywordID = ?1",
     },
 }};

@@ -66,7 +66,8 @@ class NameWork final : public QuickWork {
     NameWork(QuickPlan& plan, FoundRows& found)
         : plan_(plan), found_(found), walk_(plan), tiers_(plan.terms.size()) {
         for (PlannedTerm& term : plan_.terms) {
-            if (IsLookedFor(term)) term.In(QuickText::Name).isEverything = false;
+            // Names with a word under a "not" are noted too: they are no candidates.
+            if (term.IsLookedForIn(QuickText::Name)) term.In(QuickText::Name).isEverything = false;
         }
     }
 
@@ -143,7 +144,7 @@ class NameWork final : public QuickWork {
         NameBlock block = NameBlock::Read(plan_.db, kind, number);
         for (std::size_t i = 0; i < plan_.terms.size(); ++i) {
             PlannedTerm& term = plan_.terms[i];
-            if (!IsLookedFor(term)) continue;
+            if (!term.IsLookedForIn(QuickText::Name)) continue;
             BlockTiers& tiers = tiers_[i] = BlockTiers();
             if (term.pattern->Literal().empty()) {
                 FindInEachName(block, term, tiers);

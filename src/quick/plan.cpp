@@ -64,13 +64,23 @@ BlockMask CandidatesOfTerm(const PlannedTerm& term, QuickTier tier, QuickKind ki
     return mask;
 }
 
+/// Rows without a word in their names may still have it elsewhere.
+BlockMask CandidatesOfNot(const QuickPlan& plan, const QuickNode& node, QuickKind kind,
+                          std::int32_t block) {
+    if (node.type != QuickNode::Type::Term) return All();
+    const PlannedTerm& term = plan.terms[node.term];
+    const CandidateRows& names = term.In(QuickText::Name);
+    if (!term.IsLookedForIn(QuickText::Name) || names.isEverything) return All();
+    return ~names.Of(kind).Block(block);
+}
+
 BlockMask CandidatesOfNode(const QuickPlan& plan, const QuickNode& node, QuickTier tier,
                            QuickKind kind, std::int32_t block) {
     switch (node.type) {
         case QuickNode::Type::Term:
             return CandidatesOfTerm(plan.terms[node.term], tier, kind, block);
         case QuickNode::Type::Not:
-            return All();
+            return CandidatesOfNot(plan, node.parts.front(), kind, block);
         case QuickNode::Type::And: {
             BlockMask mask = All();
             for (const QuickNode& part : node.parts)

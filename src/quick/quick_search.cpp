@@ -86,9 +86,12 @@ bool QuickSearch::DoSomeWork() {
     const auto held = db_.GetConnection().OpenCursor(kHeldRead);
     held->Next();
     if (!state_) Prepare();
+    const bool waitsForFirst = hits_.empty();
     do {
         if (HasUnreadHits()) {
             ReadNextHit();
+        } else if (waitsForFirst && !hits_.empty()) {
+            break;  // the caller will want to show them
         } else if (state_->HasWork()) {
             QuickWork& work = *state_->works[state_->nextWork];
             if (!work.Advance()) state_->works[state_->nextWork++].reset();

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "quick/node_row.h"
+#include "quick/text_rows.h"
 #include "quick/work.h"
 
 namespace snippetarium {
@@ -18,7 +19,7 @@ class TierWork final : public QuickWork {
             if (waiting_.none()) {
                 FinishBlock();
                 if (!EnterNextBlock()) return false;
-                if (waiting_.none()) continue;
+                if (waiting_.none()) return true;
             }
             while (!waiting_.test(place_))
                 ++place_;
@@ -29,18 +30,37 @@ class TierWork final : public QuickWork {
     }
 
   private:
+    /// Looks at candidates of many blocks, but at the texts of one at most.
     bool EnterNextBlock() {
         constexpr int kBlocksAtATime = 256;
-        for (int i = 0; i < kBlocksAtATime; ++i) {
+        bool isRead = false;
+        for (int i = 0; i < kBlocksAtATime && !isRead; ++i) {
             if (--block_ < 0) {
                 if (++level_ == kQuickKinds) return false;
                 block_ = plan_.newestBlock[level_];
             }
             waiting_ = CandidatesOf(plan_, tier_, Kind(), block_);
+            isRead = waiting_.any();
+            if (isRead) waiting_ &= RowsWithTextOfTier();
             place_ = 0;
-            if (waiting_.any()) break;
         }
         return true;
+    }
+
+    /// Where the index knows no list for a word, the texts of the block are looked through in one
+    /// go: much quicker than to read all rows and look at each.
+    BlockMask RowsWithTextOfTier() const {
+        if (tier_ != QuickTier::Comment && tier_ != QuickTier::Code) return ~BlockMask();
+        const QuickText text = tier_ == QuickTier::Comment ? QuickText::Comment : QuickText::Code;
+        BlockMask mask;
+        for (const PlannedTerm& term : plan_.terms) {
+            if (term.isNegated || !term.IsLookedForIn(text)) continue;
+            const CandidateRows& rows = term.In(text);
+            mask |= rows.isEverything ? RowsOfBlockWithText(plan_.db, Kind(), text,
+                                                            term.pattern->Literal(), block_)
+                                      : rows.Of(Kind()).Block(block_);
+        }
+        return mask;
     }
 
     void LookAt(std::int32_t id) {
