@@ -29,20 +29,10 @@
 #include "support/import_export_report.h"
 #include "tests/fakes.h"
 #include "tests/forms/desktop_fixture.h"
+#include "tests/forms/named_control.h"
 
 namespace snippetarium::test {
 namespace {
-
-// Names, kinds and captions are what users' notes, the help and other programs' scripts go by. The
-// tables below say them a second time on purpose.
-
-struct NamedControl {
-    const char* form;
-    const char* name;
-    const char* kind;
-    /// "" for a control without a caption of its own.
-    const char* caption;
-};
 
 // clang-format off
 constexpr NamedControl kControls[] = {

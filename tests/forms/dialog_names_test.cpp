@@ -11,18 +11,10 @@
 #include "forms/fSearch.h"
 #include "forms/fTopicsFound.h"
 #include "tests/forms/dialog_fixture.h"
+#include "tests/forms/named_control.h"
 
 namespace snippetarium::test {
 namespace {
-
-// Names, kinds and captions are what users' notes, the help and other programs' scripts go by.
-
-struct NamedControl {
-    const char* form;
-    const char* name;
-    const char* kind;
-    const char* caption;
-};
 
 // clang-format off
 constexpr NamedControl kControls[] = {
