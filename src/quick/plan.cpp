@@ -40,27 +40,22 @@ BlockMask All() {
     return ~BlockMask();
 }
 
-void Add(BlockMask& mask, const CandidateRows& rows, QuickKind kind, std::int32_t block) {
-    mask |= rows.isEverything ? All() : rows.Of(kind).Block(block);
-}
-
 /// A class of candidates for one term, up to a tier.
 BlockMask CandidatesOfTerm(const PlannedTerm& term, QuickTier tier, QuickKind kind,
                            std::int32_t block) {
     if (term.term.field == QuickField::Kind) {
         return term.term.kinds.test(static_cast<std::size_t>(kind)) ? All() : BlockMask();
     }
-    BlockMask mask;
     if (!IsTextField(term.term.field)) {
-        Add(mask, term.byFilter, kind, block);
-        return mask;
+        return term.byFilter.Block(kind, block);
     }
+    BlockMask mask;
     for (std::size_t i = 0; i < kQuickTexts; ++i) {
         const auto text = static_cast<QuickText>(i);
         if (TierOfText(text) > tier) break;
-        if (term.IsLookedForIn(text)) Add(mask, term.In(text), kind, block);
+        if (term.IsLookedForIn(text)) mask |= term.In(text).Block(kind, block);
     }
-    if (term.slip && tier >= QuickTier::Slip) Add(mask, term.bySlip, kind, block);
+    if (term.slip && tier >= QuickTier::Slip) mask |= term.bySlip.Block(kind, block);
     return mask;
 }
 
@@ -70,7 +65,7 @@ BlockMask CandidatesOfNot(const QuickPlan& plan, const QuickNode& node, QuickKin
     if (node.type != QuickNode::Type::Term) return All();
     const PlannedTerm& term = plan.terms[node.term];
     const CandidateRows& names = term.In(QuickText::Name);
-    if (!term.IsLookedForIn(QuickText::Name) || names.isEverything) return All();
+    if (!term.IsLookedForIn(QuickText::Name) || !names.IsKnown(kind)) return All();
     return ~names.Of(kind).Block(block);
 }
 
@@ -103,13 +98,13 @@ BlockMask ReachedBy(const QuickPlan& plan, QuickTier tier, QuickKind kind, std::
     for (const PlannedTerm& term : plan.terms) {
         if (term.isNegated || !IsTextField(term.term.field)) continue;
         if (tier == QuickTier::Slip) {
-            if (term.slip) Add(mask, term.bySlip, kind, block);
+            if (term.slip) mask |= term.bySlip.Block(kind, block);
             continue;
         }
         for (std::size_t i = 0; i < kQuickTexts; ++i) {
             const auto text = static_cast<QuickText>(i);
             const bool isOfTier = TierOfText(text) == tier || (IsNameTier(tier) && i == 0);
-            if (isOfTier && term.IsLookedForIn(text)) Add(mask, term.In(text), kind, block);
+            if (isOfTier && term.IsLookedForIn(text)) mask |= term.In(text).Block(kind, block);
         }
     }
     return mask;
