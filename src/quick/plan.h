@@ -55,6 +55,9 @@ struct PlannedTerm {
     std::optional<SlipPattern> slip;
     /// Stands under a "not". Then rows are only asked whether they have it.
     bool isNegated = false;
+    /// What has it also has a word that must not be there: in "stream -read", while "-re" is typed.
+    /// So only a slip makes it a hit.
+    bool isRuledOut = false;
     /// The languages that a filter means.
     std::vector<std::int32_t> languageIDs;
     /// The keyword strings that hold the term, where it was worth while to find them all.
