@@ -47,8 +47,10 @@ bool HasRows(Connection& connection, const NamedTable& table, std::int32_t block
 std::vector<std::int32_t> MissingBlocks(Connection& connection, const NamedTable& table) {
     std::set<std::int32_t> present;
     {
+        // With a "+", so that the engine compares what it reads of a row anyway: to find a level's
+        // rows by their key, it would read all names.
         const auto row =
-            connection.OpenCursor("SELECT block FROM tblNameBlock WHERE ownerTableID = ?1",
+            connection.OpenCursor("SELECT block FROM tblNameBlock WHERE +ownerTableID = ?1",
                                   static_cast<std::int64_t>(table.kind));
         while (row->Next())
             present.insert(static_cast<std::int32_t>(row->Number(0)));
@@ -73,15 +75,17 @@ std::string MakingOf(const NamedTable& table, std::int32_t block) {
 
 }  // namespace
 
-void PackNames(Database& db) {
+bool PackNames(Database& db, std::size_t mostBlocks) {
     Connection& connection = db.GetConnection();
     std::string script;
+    std::size_t missing = 0;
     for (const NamedTable& table : kNamedTables) {
         for (const std::int32_t block : MissingBlocks(connection, table)) {
-            script += MakingOf(table, block);
+            if (++missing <= mostBlocks) script += MakingOf(table, block);
         }
     }
     if (!script.empty()) connection.RunScript(script);
+    return missing > mostBlocks;
 }
 
 }  // namespace snippetarium

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <limits>
 
 namespace snippetarium {
 
@@ -14,8 +16,8 @@ class Database;
 /// How many IDs a block of packed names is for.
 inline constexpr std::int32_t kIDsInNameBlock = 1024;
 
-/// Makes the blocks that are missing, but for the newest of each level, which is not full yet.
-/// Throws EngineError.
-void PackNames(Database& db);
+/// Makes blocks that are missing, so many at most, but for the newest of each level, which is not
+/// full yet. Returns whether others are left. Throws EngineError.
+bool PackNames(Database& db, std::size_t mostBlocks = std::numeric_limits<std::size_t>::max());
 
 }  // namespace snippetarium

@@ -7,6 +7,7 @@
 #include "store/database.h"
 #include "store/job_progress.h"
 #include "store/owner.h"
+#include "store/packed_names.h"
 #include "store/sql_text.h"
 #include "support/guard.h"
 
@@ -130,7 +131,9 @@ TextScan ScanFor(TextKind kind, std::string_view literal, ShortTexts shortTexts)
 bool TendTextIndex(Database& db) {
     return GuardedStage(db.Reporter(), Procedure::TendTextIndex, [&] {
         if (db.IsReadOnly() || !db.GetConnection().IsOpen()) return false;
-        return db.GetConnection().TendTextIndex(TendingPace::WhenIdle);
+        constexpr std::size_t kBlocksAtATime = 4;
+        if (db.GetConnection().TendTextIndex(TendingPace::WhenIdle)) return true;
+        return PackNames(db, kBlocksAtATime);
     });
 }
 

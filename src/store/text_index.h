@@ -36,7 +36,8 @@ std::string TextIndexResetScript();
 /// the literal, without regard to case. See TextScan for what is promised.
 TextScan ScanFor(TextKind kind, std::string_view literal, ShortTexts shortTexts);
 
-/// Does a little of what the index has to do: takes in rows that wait, merges segments. Call it
+/// Does a little of what the index has to do: takes in rows that wait, merges segments; and then
+/// packs names for quick search whose block went when one of them was changed. Call it
 /// again and again while the program has nothing else to do; one call takes some 10 milliseconds.
 /// Returns whether there is more to do. A failure is reported.
 bool TendTextIndex(Database& db);

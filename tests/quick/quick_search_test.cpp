@@ -1,6 +1,7 @@
 #include "quick/quick_search.h"
 
 #include "store/sql_text.h"
+#include "store/text_index.h"
 #include "tests/store/catalogue_fixture.h"
 #include "tests/store/filled_catalogue.h"
 
@@ -61,6 +62,20 @@ TEST_F(QuickSearchTest, ReadsNamesFromTheirBlocksAndFromTheTableWhereABlockIsNon
         db_.GetConnection().RunScript("UPDATE tblNameBlock SET " + std::string(damage));
         EXPECT_EQ(find("name:raw517"), found) << damage;
     }
+}
+
+TEST_F(QuickSearchTest, HasChangedNamesPackedAgainWhenIdle) {
+    Fill(7000);
+    const auto count = [this] {
+        const Recordset row = db_.GetConnection().Execute("SELECT count(*) FROM tblNameBlock");
+        return row[std::size_t{0}].Long();
+    };
+    const std::int32_t packed = count();
+    db_.GetConnection().RunScript("DELETE FROM tblCode WHERE codeID % 1000 = 1");
+    EXPECT_EQ(count(), packed - 6);
+    while (TendTextIndex(db_)) {
+    }
+    EXPECT_EQ(count(), packed);
 }
 
 TEST_F(QuickSearchTest, ShowsWhereSomethingWasFound) {
