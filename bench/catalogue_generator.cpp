@@ -1,12 +1,13 @@
 #include "bench/catalogue_generator.h"
 
 #include <array>
-#include <filesystem>
+#include <fstream>
 #include <random>
 #include <string_view>
 
 #include "bench/prepared_write.h"
 #include "engine/create_database.h"
+#include "engine/inspection.h"
 #include "engine/sqlite_handle.h"
 #include "store/catalogue_content.h"
 
@@ -138,6 +139,21 @@ void GenerateCatalogue(const std::string& path, std::int32_t procedures) {
         generator.AddProcedures(procedures);
     }
     RunStatements(database.get(), "COMMIT; PRAGMA journal_mode = DELETE");
+}
+
+void WriteSources(const std::filesystem::path& catalogue, const std::filesystem::path& folder,
+                  const std::string& text) {
+    const Inspection inspection(catalogue.string());
+    const std::int64_t lastClass = inspection.ReadNumber("SELECT max(classID) FROM tblClass");
+    for (std::int64_t classID = 2; classID <= lastClass; ++classID) {
+        const std::filesystem::path part = folder / std::to_string(classID / 500);
+        std::filesystem::create_directories(part);
+        std::ofstream file(part / (std::to_string(classID) + ".cls"), std::ios::binary);
+        Recordset row = inspection.Read("SELECT " + text +
+                                        " FROM tblCode WHERE classID = " + std::to_string(classID));
+        for (; !row.EndOfFile(); row.MoveNext())
+            file << row[std::size_t{0}].Text() << "\r\n\r\n";
+    }
 }
 
 }  // namespace snippetarium::bench

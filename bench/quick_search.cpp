@@ -15,7 +15,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <optional>
 #include <span>
 #include <string>
@@ -23,7 +22,6 @@
 #include <vector>
 
 #include "bench/catalogue_generator.h"
-#include "engine/inspection.h"
 #include "quick/quick_search.h"
 #include "store/database.h"
 #include "store/text_index.h"
@@ -194,20 +192,6 @@ void MeasureBesideRipgrep(const fs::path& folder) {
     }
 }
 
-void WriteSources(const fs::path& catalogue, const fs::path& folder) {
-    const Inspection inspection(catalogue.string());
-    const std::int64_t lastClass = inspection.ReadNumber("SELECT max(classID) FROM tblClass");
-    for (std::int64_t classID = 2; classID <= lastClass; ++classID) {
-        const fs::path part = folder / std::to_string(classID / 500);
-        fs::create_directories(part);
-        std::ofstream file(part / (std::to_string(classID) + ".cls"), std::ios::binary);
-        Recordset row =
-            inspection.Read("SELECT code FROM tblCode WHERE classID = " + std::to_string(classID));
-        for (; !row.EndOfFile(); row.MoveNext())
-            file << row[std::size_t{0}].Text() << "\r\n\r\n";
-    }
-}
-
 void MeasureEntries(const fs::path& folder, std::span<char*> entries) {
     OpenCatalogueFile catalogue(folder);
     for (const char* entry : entries) {
@@ -223,7 +207,7 @@ void Run(const fs::path& folder, int procedures, std::span<char*> entries) {
     if (!fs::exists(file)) {
         fs::create_directories(folder);
         GenerateCatalogue(file.string(), procedures);
-        WriteSources(file, folder / "sources");
+        WriteSources(file, folder / "sources", "code");
         OpenCatalogueFile catalogue(folder);
         CompleteTextIndex(catalogue.Db());
     }

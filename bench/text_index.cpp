@@ -15,7 +15,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -64,20 +63,6 @@ std::string Text(const Figure& figure) {
     std::array<char, 64> text{};
     std::snprintf(text.data(), text.size(), "%8.1f (%.1f)", figure.milliseconds, figure.processor);
     return text.data();
-}
-
-void WriteSources(const fs::path& catalogue, const fs::path& folder) {
-    const Inspection inspection(catalogue.string());
-    const std::int64_t lastClass = inspection.ReadNumber("SELECT max(classID) FROM tblClass");
-    for (std::int64_t classID = 2; classID <= lastClass; ++classID) {
-        const fs::path part = folder / std::to_string(classID / 500);
-        fs::create_directories(part);
-        std::ofstream file(part / (std::to_string(classID) + ".cls"), std::ios::binary);
-        Recordset row = inspection.Read("SELECT codeComment, code FROM tblCode WHERE classID = " +
-                                        std::to_string(classID));
-        for (; !row.EndOfFile(); row.MoveNext())
-            file << row["codeComment"].Text() << "\r\n" << row["code"].Text() << "\r\n\r\n";
-    }
 }
 
 double Megabytes(double bytes) {
@@ -206,7 +191,7 @@ void Run(const fs::path& folder, int procedures) {
         fs::create_directories(plain.parent_path());
         fs::create_directories(indexed.parent_path());
         GenerateCatalogue(plain.string(), procedures);
-        WriteSources(plain, folder / "sources");
+        WriteSources(plain, folder / "sources", "codeComment || char(13, 10) || code");
     }
     fs::copy_file(plain, indexed, fs::copy_options::overwrite_existing);
     const auto text = static_cast<double>(
