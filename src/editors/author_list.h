@@ -2,9 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <optional>
-#include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "editors/owner_details.h"
@@ -12,16 +12,6 @@
 namespace snippetarium {
 
 class Database;
-
-/// An author whom the catalogue has, and in how many places.
-struct KnownAuthor {
-    std::int32_t authorID = 0;
-    AuthorName name = {};
-    std::int32_t ownerCount = 0;
-};
-
-/// By last name; none on a failure.
-std::vector<KnownAuthor> KnownAuthors(Database& db);
 
 /// The authors of one owner while they are edited. What is refused has been explained to the user
 /// and changes nothing. Until Store the catalogue stays as it is.
@@ -31,28 +21,22 @@ class AuthorList {
         : db_(db), authors_(std::move(authors)) {}
 
     const std::vector<LinkedAuthor>& Authors() const { return authors_; }
+    /// Blanks around the parts of a name and letter case do not count.
+    std::optional<std::size_t> RowOf(const AuthorName& name) const;
 
-    /// An author is listed once: of a name that is there already, nothing is added. Returns the row;
-    /// nothing where the name is refused.
-    std::optional<std::size_t> Add(const AuthorName& name);
-    /// Another name for an author who is in the list. Refused where another in the list has it.
+    /// Puts an author behind the others. Each is listed once.
+    bool Add(const AuthorName& name);
+    /// Another name for the author of a row, which none of the others may have.
     bool Change(std::size_t row, const AuthorName& name);
     void Remove(std::size_t row);
 
-    /// Writes the changed names of authors whom the catalogue has.
+    /// Writes the changed names of authors whom the catalogue has. Throws.
     void Store();
 
   private:
-    struct NewName {
-        std::int32_t authorID = 0;
-        AuthorName name;
-    };
-
-    std::optional<std::size_t> RowOf(const AuthorName& name) const;
-
     Database& db_;
     std::vector<LinkedAuthor> authors_;
-    std::vector<NewName> newNames_;
+    std::map<std::int32_t, AuthorName> newNames_;
 };
 
 }  // namespace snippetarium
