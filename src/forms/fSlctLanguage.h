@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QDialog>
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+namespace snippetarium {
+
+class Database;
+
+namespace Ui {
+class fSlctLanguage;
+}
+
+/// The choice of a language for one class or procedure.
+class fSlctLanguage final : public QDialog {
+    Q_OBJECT
+
+  public:
+    /// 0 where none is chosen yet.
+    fSlctLanguage(Database& db, std::int32_t languageID, QWidget* parent);
+    ~fSlctLanguage() override;
+
+    /// After QDialog::Accepted, the chosen one.
+    std::int32_t LanguageID() const { return languageID_; }
+
+  private:
+    void Connect();
+    void OnEvent(const std::function<void()>& body);
+    void List();
+    void ShowFiltered();
+    void EditLanguages();
+    void Accept();
+
+    Database& db_;
+    std::int32_t languageID_;
+    std::unique_ptr<Ui::fSlctLanguage> ui_;
+};
+
+}  // namespace snippetarium
