@@ -9,6 +9,7 @@ namespace snippetarium {
 
 /// The editing of an application; its record is an ApplicationRecord.
 using ApplicationEditor = RecordEditorOf<ApplicationRecord>;
+extern template class RecordEditorOf<ApplicationRecord>;
 
 /// `db` and `noise` outlive the editor.
 std::unique_ptr<ApplicationEditor> NewApplicationEditor(Database& db, const NoiseWords& noise);

@@ -9,6 +9,7 @@ namespace snippetarium {
 
 /// The editing of a class; its record is a ClassRecord.
 using ClassEditor = RecordEditorOf<ClassRecord>;
+extern template class RecordEditorOf<ClassRecord>;
 
 /// A new class in an application (0: the undefined one), in the language of that application's
 /// newest class. `db` and `noise` outlive the editor.

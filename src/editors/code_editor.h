@@ -9,6 +9,7 @@ namespace snippetarium {
 
 /// The editing of a procedure; its record is a CodeRecord.
 using CodeEditor = RecordEditorOf<CodeRecord>;
+extern template class RecordEditorOf<CodeRecord>;
 
 /// A new procedure in a class (0: the undefined one), in that class's language. `db` and `noise`
 /// outlive the editor.

@@ -20,8 +20,9 @@ class Database;
 // draft that no editor of this run has open is a left one.
 
 /// Keeps what the editor holds, in place of what was kept of it before. Nothing is kept of an
-/// editor in which nothing is changed, and in a catalogue that is open for reading only.
-void SaveDraft(Database& db, RecordEditor& editor);
+/// editor in which nothing is changed, and in a catalogue that is open for reading only. False on a
+/// failure, which has been reported; a window had better not try again every few seconds.
+bool SaveDraft(Database& db, RecordEditor& editor);
 
 /// After the record was stored, or the changes were thrown away. Does nothing where there is none.
 void DropDraft(Database& db, RecordEditor& editor);

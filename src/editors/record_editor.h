@@ -2,12 +2,13 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
-#include <vector>
 
 #include "editors/draft_text.h"
 #include "editors/edited_details.h"
 #include "editors/editor_key.h"
+#include "editors/field_texts.h"
 #include "keywords/noise_words.h"
 #include "store/owner.h"
 #include "support/node_key.h"
@@ -38,9 +39,10 @@ struct SaveOutcome {
 ///
 /// The window writes what the user changed into the record and the details (the record's type is
 /// the editor's own: application_editor.h, class_editor.h, code_editor.h), and shows them anew
-/// after each Save that did not answer NotSaved, since what is stored may look different: comments
-/// get frames. A field whose control the user did not touch is better left alone than written back:
-/// controls turn some characters into others.
+/// after each Save, whatever came of it: comments get frames, texts may have been cut or reloaded,
+/// and a record that was deleted is now a new one, with another caption and key. A field whose
+/// control the user did not touch is better left alone than written back: controls turn some
+/// characters into others.
 class RecordEditor {
   public:
     RecordEditor(const RecordEditor&) = delete;
@@ -64,18 +66,25 @@ class RecordEditor {
     const EditedDetails& Details() const { return details_; }
 
     /// Whether anything differs from what was loaded or stored last.
-    virtual bool IsChanged() const = 0;
+    bool IsChanged() const;
 
-    /// Whether the record and its details may be stored. Where not, the user has been told why. A
-    /// code that is too long for the catalogue is cut where the user says so, and only there.
+    /// Whether the record and its details may be stored as they are. Where not, the user has been
+    /// told why.
     bool Check();
 
-    /// Stores what was changed, after a Check. Where the record has been changed or deleted since
-    /// it was loaded, the user is asked what to do:
-    /// - changed: his changes are stored over those of others, field by field; or what is stored is
-    ///   loaded and his are dropped; or he goes back to the editor;
+    /// Stores what was changed, if it passes the Check. Where nothing was, nothing is written.
+    ///
+    /// Where the record has been changed or deleted since it was loaded, the user is asked what to
+    /// do:
+    /// - changed: what he changed is stored over it, and what he left alone stays as it is stored;
+    ///   or what is stored is loaded and his changes are dropped; or he goes back to the editor;
     /// - deleted: it is stored as a new one, or he goes back.
-    /// A record without keywords is stored, and the user asked, once, whether he wants to add some.
+    /// He is asked too before anything is lost: the end of a code that is too long for the
+    /// catalogue, the end that an import cut off a text which he changed, the marker of a procedure
+    /// in its class's text.
+    ///
+    /// When a record without keywords has been stored, the user is asked whether he wants to add
+    /// some, once for an editor.
     SaveOutcome Save();
 
     /// What has to be kept so that the editing can go on after a crash. None where nothing is
@@ -89,9 +98,39 @@ class RecordEditor {
     void SetDraftID(std::int32_t draftID) { draftID_ = draftID; }
 
   protected:
-    RecordEditor(Database& db, const NoiseWords& noise, OwnerKind kind, std::int32_t id);
+    /// Loads the details of a record that is stored.
+    RecordEditor(Database& db, const NoiseWords& noise, const Owner& owner);
+
+    Database& Catalogue() const { return db_; }
 
   private:
+    /// The record's own part of what a Save does.
+    virtual FieldTexts LoadedTexts() const = 0;
+    virtual FieldTexts RecordTexts() const = 0;
+    /// Puts both in the place of what is there. Fields that are not among the texts stay.
+    virtual void TakeTexts(const FieldTexts& loaded, const FieldTexts& texts) = 0;
+    /// As the catalogue has it; none where it is gone.
+    virtual std::optional<FieldTexts> StoredTexts() const = 0;
+    /// From now on it is a new one.
+    virtual void ForgetStored() = 0;
+    virtual bool IsRecordChanged() const = 0;
+    virtual bool ConfirmLosses() = 0;
+    virtual bool CheckRecord() = 0;
+    /// Writes the record and loads it again. Its ID; 0 where that was not possible.
+    virtual std::int32_t StoreRecord() = 0;
+    virtual NodeIDs LoadedPlace() const = 0;
+
+    enum class Meeting : std::uint8_t { GoOn, GoBack, Reloaded };
+
+    FieldTexts AllLoaded() const;
+    FieldTexts AllTexts() const;
+    void TakeAll(const FieldTexts& loaded, const FieldTexts& texts);
+    void BecomeNew();
+    Meeting MeetStored();
+    Meeting MeetChanged(const FieldTexts& stored, const std::string& what);
+    bool StoreAll(SaveOutcome& outcome);
+    bool AskForKeywords();
+
     Database& db_;
     const NoiseWords& noise_;
     OwnerKind kind_;

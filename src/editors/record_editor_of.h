@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "editors/record_editor.h"
 
@@ -10,16 +11,26 @@ namespace snippetarium {
 template <typename RecordType>
 class RecordEditorOf final : public RecordEditor {
   public:
-    /// Of a new record; to be taken from the functions beside the record's editor.
-    RecordEditorOf(Database& db, const NoiseWords& noise, RecordType record);
+    /// Of a new record, which starts as this one, or of a stored one as it was loaded. Windows take
+    /// editors from the functions beside each kind of record.
+    RecordEditorOf(Database& db, const NoiseWords& noise, const RecordType& record);
 
-    /// As the user has it.
+    /// As the user has it. Its ID is the editor's business.
     RecordType& Record() { return record_; }
     const RecordType& Record() const { return record_; }
 
-    bool IsChanged() const override;
-
   private:
+    FieldTexts LoadedTexts() const override;
+    FieldTexts RecordTexts() const override;
+    void TakeTexts(const FieldTexts& loaded, const FieldTexts& texts) override;
+    std::optional<FieldTexts> StoredTexts() const override;
+    void ForgetStored() override;
+    bool IsRecordChanged() const override { return record_ != loaded_; }
+    bool ConfirmLosses() override;
+    bool CheckRecord() override;
+    std::int32_t StoreRecord() override;
+    NodeIDs LoadedPlace() const override;
+
     RecordType loaded_;
     RecordType record_;
 };
