@@ -39,8 +39,7 @@ bool AuthorList::Add(const AuthorName& name) {
     const AuthorName trimmed = Trimmed(name);
     if (!CheckDetailChanges(db_, {.authors = std::vector{trimmed}})) return false;
     if (RowOf(trimmed)) return RefuseEntry(db_, kListed);
-    authors_.push_back(
-        {AuthorIDByName(db_, trimmed.first, trimmed.middle, trimmed.last), trimmed});
+    authors_.push_back({AuthorIDByName(db_, trimmed.first, trimmed.middle, trimmed.last), trimmed});
     return true;
 }
 

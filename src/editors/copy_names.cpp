@@ -21,13 +21,13 @@ std::string FreeName(std::string_view name,
 }  // namespace
 
 std::string NameForClassCopy(Database& db, std::string_view name, std::int32_t appID) {
-    return FreeName(
-        name, [&](std::string_view tried) { return IsClassNameTaken(db, tried, appID); });
+    return FreeName(name,
+                    [&](std::string_view tried) { return IsClassNameTaken(db, tried, appID); });
 }
 
 std::string NameForCodeCopy(Database& db, std::string_view name, std::int32_t classID) {
-    return FreeName(
-        name, [&](std::string_view tried) { return IsCodeNameTaken(db, tried, classID); });
+    return FreeName(name,
+                    [&](std::string_view tried) { return IsCodeNameTaken(db, tried, classID); });
 }
 
 }  // namespace snippetarium

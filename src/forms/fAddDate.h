@@ -19,18 +19,19 @@ class fAddDate final : public QDialog {
     Q_OBJECT
 
   public:
+    /// The dates in the catalogue's form, the earliest first.
     fAddDate(Database& db, std::vector<std::string> dates, QWidget* parent);
     ~fAddDate() override;
 
-    /// In the catalogue's form, the earliest first, each day once. After QDialog::Accepted, to be
-    /// stored.
+    /// In the catalogue's form, the earliest first. After QDialog::Accepted, to be stored.
     const std::vector<std::string>& Dates() const { return dates_; }
 
   private:
     void Connect();
     void OnEvent(const std::function<void()>& body);
-    void List(const std::string& selected);
+    void List(int row);
     void EnableButtons();
+    bool HasEntry() const;
     void Choose();
     bool Add();
     void Remove();

@@ -3,14 +3,16 @@
 #include <QDialog>
 #include <functional>
 #include <memory>
-#include <string>
+#include <optional>
 #include <vector>
 
 #include "editors/author_list.h"
+#include "editors/author_naming.h"
 
 namespace snippetarium {
 
 class Database;
+class FilteredList;
 
 namespace Ui {
 class fAuthors;
@@ -32,12 +34,15 @@ class fAuthors final : public QDialog {
   private:
     void Connect();
     void OnEvent(const std::function<void()>& body);
-    void ListAuthors(int row);
     void ListKnown();
+    void ListAuthors(int row);
     void ShowSelected();
     void EnableButtons();
-    int Selected() const;
+    std::optional<std::size_t> Selected() const;
     AuthorName Entered() const;
+    bool HasEntry() const;
+    bool SettleEntry();
+    std::int32_t PlacesOf(std::size_t row) const;
     void Choose();
     void Add();
     void Change();
@@ -47,9 +52,8 @@ class fAuthors final : public QDialog {
     Database& db_;
     AuthorList list_;
     std::vector<KnownAuthor> known_;
-    /// Of each row of the list of all authors, its place in known_.
-    std::vector<std::size_t> shown_;
     std::unique_ptr<Ui::fAuthors> ui_;
+    FilteredList* knownList_ = nullptr;
 };
 
 }  // namespace snippetarium

@@ -40,7 +40,6 @@ class fKeywords final : public QDialog {
     KeywordEntry Entered() const;
     std::string SeparatorText() const;
     void EditWord();
-    void DeleteWord();
     void RemoveAll();
     void Accept();
 

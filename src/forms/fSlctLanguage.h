@@ -4,10 +4,12 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace snippetarium {
 
 class Database;
+class FilteredList;
 
 namespace Ui {
 class fSlctLanguage;
@@ -28,14 +30,17 @@ class fSlctLanguage final : public QDialog {
   private:
     void Connect();
     void OnEvent(const std::function<void()>& body);
-    void List();
-    void ShowFiltered();
+    void List(std::int32_t selectedID);
+    std::int32_t Selected() const;
     void EditLanguages();
     void Accept();
 
     Database& db_;
     std::int32_t languageID_;
+    /// Of each text of the list, the language.
+    std::vector<std::int32_t> languageIDs_;
     std::unique_ptr<Ui::fSlctLanguage> ui_;
+    FilteredList* list_ = nullptr;
 };
 
 }  // namespace snippetarium

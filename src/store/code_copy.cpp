@@ -18,10 +18,10 @@ namespace {
 /// Adds the row alone. It is null where the original is.
 std::int32_t CopyRow(Database& db, std::int32_t codeID, std::int32_t classID,
                      std::string_view name) {
-    const auto copied = ExecuteSQL(
-        db, Sql("INSERT INTO tblCode(codeName, code, codeComment, classID) SELECT ",
-                SqlText255(name), ", code, codeComment, ", classID,
-                " FROM tblCode WHERE codeID = ", codeID));
+    const auto copied =
+        ExecuteSQL(db, Sql("INSERT INTO tblCode(codeName, code, codeComment, classID) SELECT ",
+                           SqlText255(name), ", code, codeComment, ", classID,
+                           " FROM tblCode WHERE codeID = ", codeID));
     if (copied == 0) {
         throw Error(error_number::kInvalidCall,
                     "The procedure to be copied does not exist any more. Refresh the contents.");

@@ -18,17 +18,16 @@ void OwnerCopier::CopyLinks(const Owner& original, std::int32_t copyID) const {
     ExecuteSQL(db_, Sql("INSERT INTO tblOverlong SELECT ", copyID, ", ", kind,
                         ", part, text FROM tblOverlong", ofOriginal));
     if (kind != OwnerKind::Procedure) return;
-    ExecuteSQL(db_,
-               Sql("INSERT INTO tblCode_Link_Language SELECT ", copyID,
-                   ", languageID FROM tblCode_Link_Language WHERE codeID = ", original.id));
+    ExecuteSQL(db_, Sql("INSERT INTO tblCode_Link_Language SELECT ", copyID,
+                        ", languageID FROM tblCode_Link_Language WHERE codeID = ", original.id));
 }
 
 void OwnerCopier::CopyKeyword(std::int32_t keywordID, const Owner& copy) {
     if (keywordID == 0) return;
     looseKeywordID_ = MaxIDValue(db_, "keywordID", "tblKeyword") + 1;
-    const auto copied =
-        ExecuteSQL(db_, Sql("INSERT INTO tblKeyword SELECT ", looseKeywordID_,
-                            ", keyword, separatorID FROM tblKeyword WHERE keywordID = ", keywordID));
+    const auto copied = ExecuteSQL(
+        db_, Sql("INSERT INTO tblKeyword SELECT ", looseKeywordID_,
+                 ", keyword, separatorID FROM tblKeyword WHERE keywordID = ", keywordID));
     if (copied > 0) {
         ExecuteSQL(db_, Sql("INSERT INTO tblKeyword_link_searchWord SELECT ", looseKeywordID_,
                             ", searchWordID FROM tblKeyword_link_searchWord WHERE keywordID = ",
