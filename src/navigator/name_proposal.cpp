@@ -1,7 +1,9 @@
 #include "navigator/name_proposal.h"
 
 #include <algorithm>
+#include <cctype>
 #include <chrono>
+#include <initializer_list>
 
 #include "editors/class_record.h"
 #include "editors/code_record.h"
@@ -11,6 +13,7 @@
 #include "import/script_page.h"
 #include "import/tree_sitter_cutter.h"
 #include "import/visual_basic.h"
+#include "navigator/delivered_languages.h"
 #include "navigator/silent_host.h"
 #include "store/class_markers.h"
 #include "store/database.h"
@@ -25,22 +28,10 @@ namespace snippetarium {
 
 namespace {
 
-// What decides by the delivered languages' IDs, as the cutting of files decides by extensions.
-enum Language : std::int32_t {
-    VisualBasic = 1,
-    Java = 2,
-    CSharp = 3,
-    Cpp = 4,
-    C = 5,
-    ServerPage = 6,
-    JavaScript = 7,
-    VbScript = 8,
-    HtmlPage = 9,
-    CHeader = 10,
-    CppHeader = 11,
-};
+using namespace delivered_language;
 
 constexpr std::string_view kLineBreak = "\r\n";
+/// Its number is one of the procedure editor's.
 constexpr Procedure kProposeName{207};
 /// A proposal comes while somebody types.
 constexpr std::chrono::milliseconds kMostTime{300};
@@ -63,25 +54,25 @@ class NameFinder {
   public:
     CutFile Cut(std::string_view text, std::int32_t languageID) {
         switch (languageID) {
-            case VisualBasic:
+            case kVisualBasic:
                 return CutVisualBasic(text, progress_);
-            case Java:
+            case kJava:
                 return CutJava(text, progress_);
-            case CSharp:
+            case kCSharp:
                 return CutCSharp(text, progress_);
-            case C:
+            case kC:
                 return CutCFamily(text, CDialect::C, UnitPlacement::Exact);
-            case Cpp:
-            case CHeader:
-            case CppHeader:
+            case kCpp:
+            case kCHeader:
+            case kCppHeader:
                 return CutCFamily(text, CDialect::Cpp, UnitPlacement::Exact);
-            case JavaScript:
+            case kJavaScript:
                 return CutJavaScript(text, progress_);
-            case VbScript:
+            case kVbScript:
                 return CutVbScript(text, progress_);
-            case ServerPage:
+            case kServerPage:
                 return CutScriptPage(text, PageKind::ServerPage, progress_);
-            case HtmlPage:
+            case kHtmlPage:
                 return CutScriptPage(text, PageKind::Html, progress_);
             default:
                 return {};
@@ -92,20 +83,20 @@ class NameFinder {
     std::string NameIn(const std::string& code, std::int32_t languageID,
                        std::string_view className) {
         switch (languageID) {
-            case Java:
-            case CSharp:
+            case kJava:
+            case kCSharp:
                 return MemberName(Closed(code, true), languageID, className);
-            case Cpp:
-            case C:
-            case CHeader:
-            case CppHeader:
+            case kCpp:
+            case kC:
+            case kCHeader:
+            case kCppHeader:
                 return FirstName(Cut(Closed(code, true), languageID));
-            case JavaScript:
+            case kJavaScript:
                 return ScriptName(Closed(code, false));
-            case ServerPage:
-                return PageName(code, languageID, {VbScript, JavaScript});
-            case HtmlPage:
-                return PageName(code, languageID, {JavaScript, VbScript});
+            case kServerPage:
+                return PageName(code, languageID, {kVbScript, kJavaScript});
+            case kHtmlPage:
+                return PageName(code, languageID, {kJavaScript, kVbScript});
             default:
                 return FirstName(Cut(code, languageID));
         }
@@ -154,7 +145,7 @@ class NameFinder {
             {"", ""}, {"class X {\r\n", "\r\n}"}, {"X = {\r\n", "\r\n}"}};
         for (const auto& [before, behind] : kAround) {
             std::string name =
-                FirstName(Cut(std::string(before).append(code).append(behind), JavaScript));
+                FirstName(Cut(std::string(before).append(code).append(behind), kJavaScript));
             if (before.empty() && !name.empty()) return name;
             if (name.starts_with("X.")) return name.substr(2);
         }

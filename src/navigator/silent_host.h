@@ -2,6 +2,8 @@
 
 #include <chrono>
 #include <functional>
+#include <string_view>
+#include <utility>
 
 #include "support/error_reporter.h"
 #include "support/host.h"
