@@ -75,10 +75,11 @@ void CodeEdit::SetFixedFont() {
 }
 
 void CodeEdit::SetCode(std::string_view code) {
+    const bool isShown = !code.empty() && LinesFromQt(ToQt(TextOf(*this))) == code;
     code_ = code;
-    ShowText(FromQt(LinesToQt(code)), languageID_);
+    if (!isShown) ShowText(FromQt(LinesToQt(code)), languageID_);
     shown_ = TextOf(*this);
-    colouring_.stop();
+    if (!isShown) colouring_.stop();
 }
 
 std::string CodeEdit::Code() const {

@@ -14,12 +14,14 @@ namespace snippetarium {
 /// Ctrl+Shift+Tab go on to the next control and back. What is done can be undone.
 class CodeEdit final : public ColouredText {
     Q_OBJECT
+    Q_PROPERTY(bool isNumbered READ IsNumbered WRITE SetNumbered)
 
   public:
     explicit CodeEdit(QWidget* parent);
 
-    /// Shows this text; there is nothing to be undone then. Texts here and below have the
-    /// catalogue's line ends.
+    /// Shows this text; there is nothing to be undone then. Where it is shown already, the cursor
+    /// stays and what was done can still be undone. Texts here and below have the catalogue's line
+    /// ends.
     void SetCode(std::string_view code);
     /// As it was set where nobody has changed it, to the byte.
     std::string Code() const;

@@ -35,7 +35,8 @@ class LineNumbers final : public QWidget {
 
 }  // namespace
 
-ColouredText::ColouredText(QWidget* parent) : QPlainTextEdit(parent), numbers_(new LineNumbers(this)) {
+ColouredText::ColouredText(QWidget* parent)
+    : QPlainTextEdit(parent), numbers_(new LineNumbers(this)) {
     work_.setInterval(0);
     connect(&work_, &QTimer::timeout, this, [this] { WorkFor(kNextStep); });
     connect(this, &QPlainTextEdit::blockCountChanged, this, &ColouredText::PlaceNumbers);
@@ -49,7 +50,7 @@ ColouredText::ColouredText(QWidget* parent) : QPlainTextEdit(parent), numbers_(n
 }
 
 void ColouredText::ShowText(std::string text, std::int32_t languageID,
-                          std::span<const TextRange> skipped) {
+                            std::span<const TextRange> skipped) {
     Begin(std::move(text), languageID, skipped);
     setPlainText(ToQt(text_));
     PlaceNumbers();
@@ -67,7 +68,7 @@ void ColouredText::SetNumbered(bool isNumbered) {
 }
 
 void ColouredText::Begin(std::string text, std::int32_t languageID,
-                       std::span<const TextRange> skipped) {
+                         std::span<const TextRange> skipped) {
     work_.stop();
     text_ = std::move(text);
     places_ = Utf16Map(text_);
@@ -108,7 +109,7 @@ bool ColouredText::Colour(const QTextBlock& block) {
 }
 
 QList<QTextLayout::FormatRange> ColouredText::FormatsOf(const TextRange& line,
-                                                      std::size_t begin) const {
+                                                        std::size_t begin) const {
     QList<QTextLayout::FormatRange> formats;
     for (const HighlightSpan& span : highlighter_.Spans(line)) {
         const std::size_t first = places_.ToUtf16(std::max(span.range.begin, line.begin));

@@ -34,6 +34,7 @@ class ColouredText : public QPlainTextEdit {
     void Recolour(std::string text, std::int32_t languageID);
     /// Whether there is a margin with numbers.
     void SetNumbered(bool isNumbered);
+    bool IsNumbered() const { return isNumbered_; }
 
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
