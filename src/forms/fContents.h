@@ -69,7 +69,6 @@ class fContents final : public ChildPane {
     void OnContextMenu(const QPoint& position);
     void OnNameEntered(const NodeIDs& node, const QString& name);
     void ApplyFilter();
-    void ExpandFiltered();
     void ShowSelection();
     bool SelectBy(const std::function<const ContentsItem*()>& select);
     ErrorReporter& Reporter();

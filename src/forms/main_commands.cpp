@@ -14,6 +14,7 @@
 #include "forms/fSearch.h"
 #include "forms/fTrash.h"
 #include "forms/handler.h"
+#include "forms/list_editors.h"
 #include "forms/main_transfers.h"
 #include "forms/modal.h"
 #include "forms/pane_dock.h"
@@ -42,7 +43,8 @@ constexpr MenuCommand kMade[] = {
     MenuCommand::Import,         MenuCommand::ExportShownPage, MenuCommand::ExportSelected,
     MenuCommand::ExportNode,     MenuCommand::FindInPage,      MenuCommand::ZoomWindow,
     MenuCommand::FindInZoom,     MenuCommand::CopyZoomText,    MenuCommand::SelectAllZoomText,
-    MenuCommand::QuickSearch,
+    MenuCommand::QuickSearch,    MenuCommand::EditLanguages,   MenuCommand::EditNoiseWords,
+    MenuCommand::EditIndexWord,  MenuCommand::AddExisting,     MenuCommand::AddExistingClass,
 };
 
 }  // namespace
@@ -51,7 +53,9 @@ MainCommands::MainCommands(const MainParts& parts)
     : QObject(&parts.window),
       parts_(parts),
       transfers_(new MainTransfers(parts.db, parts.window, parts.contents)),
-      reading_(new ReadingWindows(parts.db, parts.window, parts.contents, parts.page)) {
+      reading_(new ReadingWindows(parts.db, parts.window, parts.contents, parts.page)),
+      listEditors_(
+          new ListEditors(parts.db, parts.window, {parts.contents, parts.index, parts.bookmarks})) {
     connect(reading_, &ReadingWindows::ZoomMenuRequested, this, &MainCommands::ZoomMenuRequested);
 }
 
@@ -142,6 +146,12 @@ void MainCommands::PerformOnLists(MenuCommand command) {
             return parts_.bookmarks.RemoveSelected();
         case MenuCommand::AddBookmark:
             return parts_.bookmarks.Add(NodeToBookmark());
+        case MenuCommand::EditLanguages:
+        case MenuCommand::EditNoiseWords:
+        case MenuCommand::EditIndexWord:
+        case MenuCommand::AddExistingClass:
+        case MenuCommand::AddExisting:
+            return listEditors_->Perform(command);
         default:
             PerformTransfer(command);
     }

@@ -12,6 +12,7 @@ namespace snippetarium {
 
 class ChildPane;
 class Database;
+class ListEditors;
 class MainTransfers;
 class PaneDock;
 class ReadingWindows;
@@ -75,6 +76,7 @@ class MainCommands final : public QObject {
     MainParts parts_;
     MainTransfers* transfers_;
     ReadingWindows* reading_;
+    ListEditors* listEditors_;
 };
 
 }  // namespace snippetarium
