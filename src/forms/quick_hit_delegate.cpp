@@ -21,15 +21,26 @@ constexpr int kGap = 8;
 /// Units that stand before the first mark at most.
 constexpr std::size_t kMostBefore = 40;
 
+/// A text on one line: a name from a source may have its parameters on several. Each stretch of
+/// white space becomes one blank, and the marks move along.
 MarkedLine Marked(std::string_view text, const std::vector<ByteRange>& ranges) {
-    const Utf16Map places(text);
+    const QString whole = ToQt(text);
     MarkedLine line;
-    line.text = ToQt(text);
-    for (QChar& character : line.text) {
-        if (character < QChar::Space) character = QChar::Space;
+    std::vector<std::size_t> shownAt;
+    bool isAfterBlank = false;
+    for (const QChar character : whole) {
+        const bool isBlank = character.isSpace() || character < QChar::Space;
+        // A mark that begins or ends inside the stretch does so at its blank.
+        shownAt.push_back(static_cast<std::size_t>(line.text.size()) - (isBlank && isAfterBlank));
+        if (!isBlank || !isAfterBlank) line.text += isBlank ? QChar(QChar::Space) : character;
+        isAfterBlank = isBlank;
     }
-    for (const ByteRange& range : ranges)
-        line.marks.push_back({places.ToUtf16(range.begin), places.ToUtf16(range.End())});
+    shownAt.push_back(static_cast<std::size_t>(line.text.size()));
+    const Utf16Map places(text);
+    for (const ByteRange& range : ranges) {
+        line.marks.push_back({shownAt.at(places.ToUtf16(range.begin)),
+                              shownAt.at(places.ToUtf16(range.End()))});
+    }
     return line;
 }
 
