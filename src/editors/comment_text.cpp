@@ -26,7 +26,8 @@ void CutTags(std::string_view& line) {
         line.remove_prefix(line.find('>') + 1);
         line.remove_prefix(std::min(line.find_first_not_of(kBlanks), line.size()));
     }
-    if (line.ends_with('>') && line.rfind("</") != std::string_view::npos) line = line.substr(0, line.rfind("</"));
+    if (line.ends_with('>') && line.rfind("</") != std::string_view::npos)
+        line = line.substr(0, line.rfind("</"));
 }
 
 std::string_view WithoutMarks(std::string_view line) {
