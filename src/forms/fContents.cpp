@@ -39,6 +39,7 @@ void fContents::ConnectTree() {
     tree->installEventFilter(this);
     connect(tree, &QTreeView::expanded, this, &fContents::OnExpanded);
     connect(tree, &QTreeView::doubleClicked, this, &fContents::OnDoubleClicked);
+    tree->installEventFilter(this);
     connect(tree, &QTreeView::customContextMenuRequested, this, &fContents::OnContextMenu);
     connect(tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &fContents::OnCurrentChanged);
@@ -171,13 +172,22 @@ void fContents::OnDoubleClicked(const QModelIndex& index) {
     });
 }
 
+bool fContents::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != ui_->trVwClass || event->type() != QEvent::KeyPress)
+        return ChildPane::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+    OnDoubleClicked(ui_->trVwClass->currentIndex());
+    return true;
+}
+
 void fContents::OnContextMenu(const QPoint& position) {
     QTreeView* const tree = ui_->trVwClass;
     const QModelIndex index = tree->indexAt(position);
     if (index.isValid()) tree->setCurrentIndex(index);
     const ContentsItem* const item = ContentsModel::ItemAt(index);
-    emit MenuRequested(item == nullptr ? NodeIDs{} : item->IDs(),
-                       tree->viewport()->mapToGlobal(position));
+    menuNode_ = item == nullptr ? NodeIDs{} : item->IDs();
+    emit MenuRequested(menuNode_, tree->viewport()->mapToGlobal(position));
 }
 
 void fContents::OnNameEntered(const NodeIDs& node, const QString& name) {
