@@ -55,3 +55,6 @@ CREATE INDEX ixTrashCodeLanguage ON tblTrashCodeLanguage(trashID, codeID);
 CREATE INDEX ixTrashFavorite ON tblTrashFavorite(trashID);
 CREATE INDEX ixTrashSourceForm ON tblTrashSourceForm(trashID);
 CREATE INDEX ixTrashOverlong ON tblTrashOverlong(trashID);
+
+-- A draft is read and replaced whole.
+CREATE UNIQUE INDEX ixDraftText ON tblDraftText(draftID, field);

@@ -362,3 +362,22 @@ CREATE TABLE tblNameBlock(
     names TEXT NOT NULL COLLATE CATNC,
     PRIMARY KEY (ownerTableID, block)
 ) WITHOUT ROWID;
+
+-- What was typed into the editors of applications, classes and procedures and is not stored yet,
+-- so that a crash does not take it. kind and ownerID are what is edited, as in tblTrash; ownerID is
+-- 0 where it is new.
+CREATE TABLE tblDraft(
+    draftID INTEGER PRIMARY KEY AUTOINCREMENT,
+    savedOn TEXT NOT NULL COLLATE CATNC,
+    kind INTEGER NOT NULL,
+    ownerID INTEGER NOT NULL,
+    name TEXT NOT NULL COLLATE CATNC
+);
+
+-- Every field of an editor. `loaded` is what had been stored, where the field was changed.
+CREATE TABLE tblDraftText(
+    draftID INTEGER NOT NULL,
+    field TEXT NOT NULL COLLATE CATNC,
+    text TEXT NOT NULL COLLATE CATNC,
+    loaded TEXT COLLATE CATNC
+);

@@ -69,5 +69,7 @@ INSERT INTO sqlite_stat1(tbl, idx, stat) VALUES
     ('tblTextSegment', NULL, '30'),
     ('tblTextBlock', NULL, '100000'),
     ('tblTextDirty', 'tblTextDirty', '100 40 1'),
-    ('tblNameBlock', 'tblNameBlock', '1000 300 1');
+    ('tblNameBlock', 'tblNameBlock', '1000 300 1'),
+    ('tblDraft', NULL, '5'),
+    ('tblDraftText', 'ixDraftText', '50 10 1');
 ANALYZE sqlite_schema;

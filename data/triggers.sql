@@ -247,3 +247,9 @@ WHEN new.keywordID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 4
 BEGIN
     INSERT OR IGNORE INTO tblTextDirty VALUES (4, new.keywordID);
 END;
+
+-- A draft with its fields.
+CREATE TRIGGER trgDraftDeleted AFTER DELETE ON tblDraft
+BEGIN
+    DELETE FROM tblDraftText WHERE draftID = old.draftID;
+END;

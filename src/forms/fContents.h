@@ -61,8 +61,13 @@ class fContents final : public ChildPane {
     /// A right click on a node, or beside all (all 0).
     void MenuRequested(const NodeIDs& node, const QPoint& globalPosition);
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void ConnectTree();
+    /// The first arrow key in a tree without a selection. False where there is one.
+    bool SelectFirst();
     void OnExpanded(const QModelIndex& index);
     void OnCurrentChanged(const QModelIndex& index);
     void OnDoubleClicked(const QModelIndex& index);

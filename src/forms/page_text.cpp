@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "forms/highlight_colours.h"
+#include "forms/page_marks.h"
 #include "forms/qt_text.h"
 
 namespace snippetarium {
@@ -138,6 +139,7 @@ void PageText::changeEvent(QEvent* event) {
     if (event->type() != QEvent::PaletteChange) return;
     ++round_;
     ColourVisible();
+    RecolourMarks(*this);
 }
 
 void PageText::scrollContentsBy(int dx, int dy) {

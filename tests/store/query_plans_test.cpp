@@ -77,6 +77,7 @@ constexpr PlannedStatement kStatements[] = {
     {"deleted search word", "DELETE FROM tblKeyword_link_searchWord WHERE searchWordID = 1"},
     {"deleted class", "DELETE FROM tblFavorite WHERE classID = 1"},
     {"deleted text", "DELETE FROM tblOverlong WHERE ownerID = 1 AND ownerTableID = 3"},
+    {"deleted draft", "DELETE FROM tblDraftText WHERE draftID = 1"},
 };
 // clang-format on
 
