@@ -19,14 +19,11 @@ struct RecordKind<ApplicationRecord> {
     };
     // clang-format on
 
-    static std::int32_t& ID(ApplicationRecord& record) { return record.appID; }
-    static auto Load(Database& db, std::int32_t id) { return LoadApplicationRecord(db, id); }
-    static bool Check(Database& db, const ApplicationRecord& record) {
-        return CheckApplicationRecord(db, record);
-    }
-    static std::int32_t Save(Database& db, const ApplicationRecord& record) {
-        return SaveApplicationRecord(db, record);
-    }
+    static constexpr auto kID = &ApplicationRecord::appID;
+    static constexpr auto kLoad = &LoadApplicationRecord;
+    static constexpr auto kCheck = &CheckApplicationRecord;
+    static constexpr auto kSave = &SaveApplicationRecord;
+
     static NodeIDs Place(Database&, const ApplicationRecord& record) {
         return {.appID = record.appID};
     }

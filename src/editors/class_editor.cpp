@@ -22,14 +22,11 @@ struct RecordKind<ClassRecord> {
     };
     // clang-format on
 
-    static std::int32_t& ID(ClassRecord& record) { return record.classID; }
-    static auto Load(Database& db, std::int32_t id) { return LoadClassRecord(db, id); }
-    static bool Check(Database& db, const ClassRecord& record) {
-        return CheckClassRecord(db, record);
-    }
-    static std::int32_t Save(Database& db, const ClassRecord& record) {
-        return SaveClassRecord(db, record);
-    }
+    static constexpr auto kID = &ClassRecord::classID;
+    static constexpr auto kLoad = &LoadClassRecord;
+    static constexpr auto kCheck = &CheckClassRecord;
+    static constexpr auto kSave = &SaveClassRecord;
+
     static NodeIDs Place(Database&, const ClassRecord& record) {
         return {.appID = record.appID, .classID = record.classID};
     }

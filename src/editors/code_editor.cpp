@@ -22,14 +22,11 @@ struct RecordKind<CodeRecord> {
     };
     // clang-format on
 
-    static std::int32_t& ID(CodeRecord& record) { return record.codeID; }
-    static auto Load(Database& db, std::int32_t id) { return LoadCodeRecord(db, id); }
-    static bool Check(Database& db, const CodeRecord& record) {
-        return CheckCodeRecord(db, record);
-    }
-    static std::int32_t Save(Database& db, const CodeRecord& record) {
-        return SaveCodeRecord(db, record);
-    }
+    static constexpr auto kID = &CodeRecord::codeID;
+    static constexpr auto kLoad = &LoadCodeRecord;
+    static constexpr auto kCheck = &CheckCodeRecord;
+    static constexpr auto kSave = &SaveCodeRecord;
+
     static NodeIDs Place(Database& db, const CodeRecord& record) {
         return {AppIDByClassID(db, record.classID), record.classID, record.codeID};
     }

@@ -87,6 +87,19 @@ DraftTexts TextsOfDraft(Database& db, std::int32_t draftID) {
     return texts;
 }
 
+std::string_view KindIn(const Draft& draft) {
+    const bool isNew = draft.ownerID == 0;
+    switch (draft.kind) {
+        case OwnerKind::Application:
+            return isNew ? "New application" : "Application";
+        case OwnerKind::Class:
+            return isNew ? "New class" : "Class";
+        case OwnerKind::Procedure:
+            break;
+    }
+    return isNew ? "New procedure" : "Procedure";
+}
+
 /// An editor of the record as it is stored; of a new one, or of one that is gone, with nothing in
 /// it but the ID.
 std::unique_ptr<RecordEditor> EditorFor(Database& db, const NoiseWords& noise, const Draft& draft) {
@@ -134,6 +147,7 @@ void DropDraft(Database& db, RecordEditor& editor) {
 std::vector<Draft> DraftsLeft(Database& db, std::span<const std::int32_t> openDraftIDs) {
     return Guarded(db.Reporter(), editor_procedure::DraftsLeft, [&] {
         std::vector<Draft> drafts;
+        if (db.IsReadOnly()) return drafts;
         Recordset row =
             db.GetConnection().Execute(Sql(kSelect, "ORDER BY savedOn DESC, draftID DESC"));
         for (; !row.EndOfFile(); row.MoveNext()) {
@@ -146,11 +160,7 @@ std::vector<Draft> DraftsLeft(Database& db, std::span<const std::int32_t> openDr
 
 std::string DraftTitle(const Draft& draft) {
     constexpr std::size_t kUpToMinutes = 16;
-    static constexpr std::string_view kWords[] = {"Application", "Class", "Procedure"};
-    const auto kind = static_cast<std::size_t>(draft.kind) - 1;
-    std::string title = draft.ownerID == 0 ? "New " : "";
-    title += kWords[std::min(kind, std::size(kWords) - 1)];
-    if (draft.ownerID == 0) title[4] = static_cast<char>(title[4] - 'A' + 'a');
+    std::string title(KindIn(draft));
     title += draft.name.empty() ? " without a name" : " '" + draft.name + "'";
     if (!draft.isOwnerThere) title += ", deleted since";
     return title + ", edited " + draft.savedOn.substr(0, kUpToMinutes);

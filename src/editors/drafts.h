@@ -41,7 +41,8 @@ struct Draft {
     bool isOwnerThere = true;
 };
 
-/// The drafts but those of the editors that are open, the newest first. Empty on a failure.
+/// The drafts but those of the editors that are open, the newest first. None in a catalogue that is
+/// open for reading only: its drafts are those of the program that writes. Empty on a failure.
 std::vector<Draft> DraftsLeft(Database& db, std::span<const std::int32_t> openDraftIDs = {});
 
 /// "Procedure 'Draw', edited 2026-11-21 14:03" for the list.

@@ -13,10 +13,11 @@ namespace snippetarium {
 //         static constexpr OwnerKind kKind = OwnerKind::Class;
 //         /// What a draft keeps; the ID is not among them.
 //         static constexpr RecordField<ClassRecord> kFields[] = {...};
-//         static std::int32_t& ID(ClassRecord& record);
-//         static std::optional<ClassRecord> Load(Database& db, std::int32_t id);
-//         static bool Check(Database& db, const ClassRecord& record);
-//         static std::int32_t Save(Database& db, const ClassRecord& record);
+//         static constexpr auto kID = &ClassRecord::classID;
+//         static constexpr auto kLoad = &LoadClassRecord;
+//         static constexpr auto kCheck = &CheckClassRecord;
+//         static constexpr auto kSave = &SaveClassRecord;
+//
 //         static NodeIDs Place(Database& db, const ClassRecord& record);
 //         /// Asks the user before anything is lost of what is stored, or of what he entered.
 //         static bool ConfirmLosses(Database& db, ClassRecord& record, const ClassRecord& stored);
@@ -30,14 +31,9 @@ std::span<const RecordField<RecordType>> FieldsOf() {
 }
 
 template <typename RecordType>
-std::int32_t IDOf(RecordType record) {
-    return RecordKind<RecordType>::ID(record);
-}
-
-template <typename RecordType>
 RecordEditorOf<RecordType>::RecordEditorOf(Database& db, const NoiseWords& noise,
                                            const RecordType& record)
-    : RecordEditor(db, noise, {RecordKind<RecordType>::kKind, IDOf(record)}),
+    : RecordEditor(db, noise, {RecordKind<RecordType>::kKind, record.*RecordKind<RecordType>::kID}),
       loaded_(record),
       record_(record) {}
 
@@ -59,7 +55,7 @@ void RecordEditorOf<RecordType>::TakeTexts(const FieldTexts& loaded, const Field
 
 template <typename RecordType>
 std::optional<FieldTexts> RecordEditorOf<RecordType>::StoredTexts() const {
-    const auto stored = RecordKind<RecordType>::Load(Catalogue(), ID());
+    const auto stored = RecordKind<RecordType>::kLoad(Catalogue(), ID());
     if (!stored) return std::nullopt;
     return TextsOf(*stored, FieldsOf<RecordType>());
 }
@@ -67,7 +63,7 @@ std::optional<FieldTexts> RecordEditorOf<RecordType>::StoredTexts() const {
 template <typename RecordType>
 void RecordEditorOf<RecordType>::ForgetStored() {
     loaded_ = {};
-    RecordKind<RecordType>::ID(record_) = 0;
+    record_.*RecordKind<RecordType>::kID = 0;
 }
 
 template <typename RecordType>
@@ -77,13 +73,13 @@ bool RecordEditorOf<RecordType>::ConfirmLosses() {
 
 template <typename RecordType>
 bool RecordEditorOf<RecordType>::CheckRecord() {
-    return RecordKind<RecordType>::Check(Catalogue(), record_);
+    return RecordKind<RecordType>::kCheck(Catalogue(), record_);
 }
 
 template <typename RecordType>
 std::int32_t RecordEditorOf<RecordType>::StoreRecord() {
-    const std::int32_t id = RecordKind<RecordType>::Save(Catalogue(), record_);
-    const auto stored = RecordKind<RecordType>::Load(Catalogue(), id);
+    const std::int32_t id = RecordKind<RecordType>::kSave(Catalogue(), record_);
+    const auto stored = RecordKind<RecordType>::kLoad(Catalogue(), id);
     if (!stored) return 0;
     loaded_ = record_ = *stored;
     return id;
@@ -98,7 +94,7 @@ NodeIDs RecordEditorOf<RecordType>::LoadedPlace() const {
 template <typename RecordType>
 std::unique_ptr<RecordEditorOf<RecordType>> OpenRecordEditor(Database& db, const NoiseWords& noise,
                                                              std::int32_t id) {
-    const auto record = RecordKind<RecordType>::Load(db, id);
+    const auto record = RecordKind<RecordType>::kLoad(db, id);
     if (!record) return nullptr;
     return std::make_unique<RecordEditorOf<RecordType>>(db, noise, *record);
 }

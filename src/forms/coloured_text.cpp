@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "forms/highlight_colours.h"
+#include "forms/page_marks.h"
 #include "forms/qt_text.h"
 
 namespace snippetarium {
@@ -162,6 +163,7 @@ void ColouredText::changeEvent(QEvent* event) {
     if (event->type() != QEvent::PaletteChange) return;
     ++round_;
     ColourVisible();
+    RecolourMarks(*this);
 }
 
 void ColouredText::scrollContentsBy(int dx, int dy) {

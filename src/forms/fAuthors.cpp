@@ -107,8 +107,9 @@ void fAuthors::EnableButtons() {
     ui_->cmdRemove->setEnabled(row.has_value());
     ui_->cmdChoose->setEnabled(knownList_->Selected().has_value());
     ui_->cmdChange->setEnabled(row.has_value());
-    // Enter takes over what is being typed before it takes over all.
-    (HasEntry() ? ui_->cmdAdd : ui_->cmdOK)->setDefault(true);
+    // Enter takes over what is typed or selected before it takes over all.
+    QPushButton* const next = ui_->cmdChoose->isEnabled() ? ui_->cmdChoose : ui_->cmdOK;
+    (HasEntry() ? ui_->cmdAdd : next)->setDefault(true);
     const std::int32_t places = row ? PlacesOf(*row) : 0;
     ui_->lblShared->setText(
         places < 2
@@ -118,7 +119,9 @@ void fAuthors::EnableButtons() {
 
 void fAuthors::Choose() {
     const auto place = knownList_->Selected();
-    if (place && list_.Add(known_.at(*place).name)) ListAuthors(-1);
+    if (!place || !list_.Add(known_.at(*place).name)) return;
+    knownList_->SelectNone();
+    ListAuthors(-1);
 }
 
 void fAuthors::Add() {

@@ -35,7 +35,7 @@ void fCommonWord::Connect() {
     connect(ui_->cmdClose, &QPushButton::clicked, this, &QDialog::accept);
     connect(list_, &FilteredList::SelectionChanged, this, &fCommonWord::ShowState);
     connect(ui_->txtWord, &QLineEdit::textEdited, this, [this] {
-        ui_->lstWords->setCurrentIndex({});
+        list_->SelectNone();
         ShowState();
     });
     ConnectHelp(db_, this, ui_->cmdHelp);

@@ -36,6 +36,7 @@ ErrorReporter& fContents::Reporter() {
 
 void fContents::ConnectTree() {
     QTreeView* const tree = ui_->trVwClass;
+    tree->installEventFilter(this);
     connect(tree, &QTreeView::expanded, this, &fContents::OnExpanded);
     connect(tree, &QTreeView::doubleClicked, this, &fContents::OnDoubleClicked);
     tree->installEventFilter(this);
@@ -124,6 +125,21 @@ void fContents::FocusFirst() {
 void fContents::FocusFilter() {
     ui_->txtFilter->setFocus();
     ui_->txtFilter->selectAll();
+}
+
+bool fContents::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return ChildPane::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    return (key == Qt::Key_Down || key == Qt::Key_Up) && SelectFirst();
+}
+
+bool fContents::SelectFirst() {
+    QTreeView* const tree = ui_->trVwClass;
+    if (tree->selectionModel()->hasSelection() || model_->rowCount({}) == 0) return false;
+    // It may be the current one already, though nobody sees that: see OnCurrentChanged.
+    tree->setCurrentIndex({});
+    tree->setCurrentIndex(model_->index(0, 0, {}));
+    return true;
 }
 
 void fContents::OnExpanded(const QModelIndex& index) {

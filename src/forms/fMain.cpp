@@ -89,8 +89,7 @@ void fMain::OfferHelp() {
 }
 
 void fMain::ConnectParts() {
-    connect(menus_, &MainMenus::Triggered, commands_, &MainCommands::Run);
-    connect(menus_, &MainMenus::Triggered, this, &fMain::ShowCommandState);
+    connect(menus_, &MainMenus::Triggered, this, &fMain::RunCommand);
     connect(menus_, &MainMenus::AboutToShow, this, &fMain::ShowCommandState);
     connect(commands_, &MainCommands::ZoomMenuRequested, this,
             [this](const QPoint& position) { menus_->PopUp("mnuZoomHide")->popup(position); });
@@ -323,6 +322,14 @@ void fMain::DoIdleWork() {
     if (!idle_.IsDone()) return;
     status_->SetWork({});
     tmAutoLoad_.stop();
+}
+
+void fMain::RunCommand(MenuCommand command) {
+    // Compacting wants the catalogue's file for itself, and a backup may be reading it.
+    if (command == MenuCommand::CompactDatabase) idle_.Clear();
+    commands_->Run(command);
+    if (command == MenuCommand::CompactDatabase) StartIdleWork();
+    ShowCommandState();
 }
 
 void fMain::GoToNode(const NodeIDs& node) {

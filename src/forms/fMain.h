@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "forms/desktop_layout.h"
+#include "navigator/commands.h"
 #include "navigator/idle_work.h"
 #include "navigator/layout.h"
 #include "navigator/program_run.h"
@@ -70,6 +71,7 @@ class fMain final : public QMainWindow, private ProgramWindow {
     QAction* AsButton(const char* name, const char* image);
     void HidePane(Pane pane);
     void StartIdleWork();
+    void RunCommand(MenuCommand command);
     void OnIdle();
     void DoIdleWork();
     void GoToNode(const NodeIDs& node);

@@ -49,4 +49,8 @@ void FilteredList::SelectFirst() {
     list_->setCurrentIndex(shown_->index(0, 0));
 }
 
+void FilteredList::SelectNone() {
+    list_->setCurrentIndex({});
+}
+
 }  // namespace snippetarium

@@ -30,6 +30,7 @@ class FilteredList final : public QObject {
     void Select(std::size_t place);
     /// Selects the first text that is shown, if there is one.
     void SelectFirst();
+    void SelectNone();
 
   signals:
     void SelectionChanged();

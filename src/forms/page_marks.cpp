@@ -58,4 +58,12 @@ void MarkRanges(QPlainTextEdit& text, const std::vector<TextRange>& ranges, std:
     text.setExtraSelections(marks);
 }
 
+void RecolourMarks(QPlainTextEdit& text) {
+    QList<QTextEdit::ExtraSelection> marks = text.extraSelections();
+    const QTextCharFormat format = MarkFormat();
+    for (QTextEdit::ExtraSelection& mark : marks)
+        mark.format = format;
+    text.setExtraSelections(marks);
+}
+
 }  // namespace snippetarium

@@ -180,14 +180,17 @@ TEST_F(DraftsTest, OfADeletedRecordCanBeStoredAsANewOne) {
     EXPECT_NE(back->DraftID(), 0) << "the window drops it";
 }
 
-TEST_F(DraftsTest, AreNotKeptInACatalogueThatIsOpenForReading) {
+TEST_F(DraftsTest, BelongToTheProgramThatMayWrite) {
+    auto editor = OpenDraw();
+    editor->Record().code = "mine";
+    Keep(*editor);
     db_.Close();
     db_.SetMode(AccessMode::Read);
     OpenCatalogue(db_);
-    const auto editor = OpenDraw();
-    editor->Record().code = "mine";
-    EXPECT_EQ(Keep(*editor), 0);
     EXPECT_TRUE(DraftsLeft(db_).empty());
+    editor = OpenDraw();
+    editor->Record().code = "mine too";
+    EXPECT_EQ(Keep(*editor), 0);
 }
 
 }  // namespace

@@ -89,7 +89,9 @@ TEST_F(ListDialogsTest, AuthorsAreChosenAddedAndRemovedAndRefusedWhereTheyAreNon
     Type(dialog, "txtFilter", "LEE");
     EXPECT_EQ(Rows(dialog, "lstKnown"), Texts{"Ann Lee"});
     PressKey(Find<QWidget>(dialog, "txtFilter"), Qt::Key_Down);
-    Click(dialog, "cmdChoose");
+    PressKey(Find<QWidget>(dialog, "txtFilter"), Qt::Key_Return);
+    EXPECT_EQ(Rows(dialog, "lstAuthors").size(), 2U);
+    PressKey(Find<QWidget>(dialog, "txtFilter"), Qt::Key_Down);
     ExpectRefusal(dialog, "cmdChoose", "This author is in the list already.");
     Type(dialog, "txtFirst", "ann");
     Type(dialog, "txtLast", "LEE");
