@@ -39,7 +39,6 @@ void fContents::ConnectTree() {
     tree->installEventFilter(this);
     connect(tree, &QTreeView::expanded, this, &fContents::OnExpanded);
     connect(tree, &QTreeView::doubleClicked, this, &fContents::OnDoubleClicked);
-    tree->installEventFilter(this);
     connect(tree, &QTreeView::customContextMenuRequested, this, &fContents::OnContextMenu);
     connect(tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &fContents::OnCurrentChanged);
@@ -129,8 +128,17 @@ void fContents::FocusFilter() {
 
 bool fContents::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return ChildPane::eventFilter(watched, event);
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    return (key == Qt::Key_Down || key == Qt::Key_Up) && SelectFirst();
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Down:
+        case Qt::Key_Up:
+            return SelectFirst();
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            OnDoubleClicked(ui_->trVwClass->currentIndex());
+            return true;
+        default:
+            return false;
+    }
 }
 
 bool fContents::SelectFirst() {
@@ -170,15 +178,6 @@ void fContents::OnDoubleClicked(const QModelIndex& index) {
         if (item == nullptr || item->Kind() == NodeKind::Placeholder) return;
         if (const EditRequest request = pane_.DoubleClick(*item)) emit EditRequested(*request);
     });
-}
-
-bool fContents::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != ui_->trVwClass || event->type() != QEvent::KeyPress)
-        return ChildPane::eventFilter(watched, event);
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
-    OnDoubleClicked(ui_->trVwClass->currentIndex());
-    return true;
 }
 
 void fContents::OnContextMenu(const QPoint& position) {
