@@ -40,7 +40,7 @@ void fClass::Connect() {
     connect(ui_->cmbApplication, &QComboBox::currentIndexChanged, this, &fClass::Touch);
     connect(language_, &LanguageChoice::Changed, this, &fClass::OnLanguage);
     connect(ui_->txtText, &CodeEdit::Filled, language_,
-            [this] { OnEvent([this] { language_->Guess(ui_->txtText->Code()); }); });
+            [this] { language_->Guess(ui_->txtText->Code()); });
     Serve(ui_->txtComment);
     Serve(ui_->txtText);
 }

@@ -43,7 +43,7 @@ void fCode::Connect() {
     connect(ui_->txtName, &QLineEdit::textChanged, this, &fCode::Touch);
     connect(language_, &LanguageChoice::Changed, this, &fCode::OnLanguage);
     connect(ui_->txtCode, &CodeEdit::Filled, language_,
-            [this] { OnEvent([this] { language_->Guess(ui_->txtCode->Code()); }); });
+            [this] { language_->Guess(ui_->txtCode->Code()); });
     Serve(ui_->txtComment);
     Serve(ui_->txtCode);
 }
