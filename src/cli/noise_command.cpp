@@ -10,7 +10,6 @@
 #include "cli/text_layout.h"
 #include "cli/text_table.h"
 #include "editors/noise_word_list.h"
-#include "keywords/words.h"
 #include "store/reads_other.h"
 #include "support/error.h"
 
@@ -49,13 +48,6 @@ void Report(CommandContext& context, std::string_view done, const std::vector<st
         context.Output() << done << ": " << OneLine(word) << '\n';
 }
 
-/// The words of an entry, as they are stored.
-std::vector<std::string> WordsOf(const std::string& entry) {
-    const std::string separated = RemoveDuplicateWords(SeparateWords(entry));
-    const std::vector<std::string_view> words = SplitWords(separated);
-    return {words.begin(), words.end()};
-}
-
 void ReportAdded(CommandContext& context, const NoiseWords& before,
                  const std::vector<std::string>& words, const NoiseEffect& effect) {
     std::vector<std::string> added;
@@ -72,7 +64,7 @@ void ReportAdded(CommandContext& context, const NoiseWords& before,
 }
 
 void Add(CommandContext& context, const std::string& entry) {
-    const std::vector<std::string> words = WordsOf(entry);
+    const std::vector<std::string> words = WordsToAdd(entry);
     if (words.empty())
         throw Error(error_number::kInvalidCall, "There is no word in '" + entry + "'.");
     Database& db = context.Catalogue(CatalogueUse::Change);

@@ -1,8 +1,6 @@
 #include "editors/noise_word_list.h"
 
 #include <algorithm>
-#include <string>
-#include <vector>
 
 #include "editors/field_rules.h"
 #include "keywords/word_removal.h"
@@ -23,12 +21,6 @@ constexpr std::string_view kEmpty = "Please enter a word.";
 constexpr std::string_view kSeveral =
     "Please enter one word. Blanks and punctuation separate words.";
 constexpr std::string_view kTooLong = "The word you specified is too long (over 255 characters).";
-
-std::vector<std::string> WordsIn(std::string_view entry) {
-    const std::string separated = RemoveDuplicateWords(SeparateWords(entry));
-    const std::vector<std::string_view> words = SplitWords(separated);
-    return {words.begin(), words.end()};
-}
 
 std::string Question(std::string_view word, const NoiseEffect& effect) {
     const std::string strings =
@@ -53,9 +45,15 @@ bool MayAdd(Database& db, const NoiseWords& noise, const std::vector<std::string
 
 }  // namespace
 
+std::vector<std::string> WordsToAdd(std::string_view entry) {
+    const std::string separated = RemoveDuplicateWords(SeparateWords(entry));
+    const std::vector<std::string_view> words = SplitWords(separated);
+    return {words.begin(), words.end()};
+}
+
 NoiseEffect EffectOfNoise(Database& db, std::string_view entry) {
     NoiseEffect effect;
-    const std::vector<std::string> words = WordsIn(entry);
+    const std::vector<std::string> words = WordsToAdd(entry);
     effect.searchWords = static_cast<std::size_t>(std::ranges::count_if(
         words, [&](const std::string& word) { return FindSearchWord(db, word) != 0; }));
     const NoiseWords noise(words);
@@ -67,7 +65,7 @@ NoiseEffect EffectOfNoise(Database& db, std::string_view entry) {
 }
 
 bool AddListedNoiseWord(Database& db, NoiseWords& noise, std::string_view entry) {
-    const std::vector<std::string> words = WordsIn(entry);
+    const std::vector<std::string> words = WordsToAdd(entry);
     return MayAdd(db, noise, words) && AddNoiseWord(db, noise, words.front()) == 1;
 }
 

@@ -1,13 +1,18 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "keywords/noise_words.h"
 
 namespace snippetarium {
 
 class Database;
+
+/// The words of an entry, each once, as they are stored.
+std::vector<std::string> WordsToAdd(std::string_view entry);
 
 /// What becomes different when words become noise words.
 struct NoiseEffect {

@@ -11,7 +11,7 @@ namespace snippetarium {
 
 std::string ReplaceWord(std::string_view keyword, std::string_view word, std::string_view newWord) {
     // Quotes are doubled all the way, as the rules for punctuation want it.
-    const std::string doubled = DoubleSingleQuotes(keyword);
+    const std::string doubled = DoubleSingleQuotes(TrimBlanks(keyword));
     const std::string blanked = BlankOutPunctuation(doubled);
     const std::string wanted = DoubleSingleQuotes(word);
     std::string replaced;
