@@ -20,7 +20,8 @@ fClass::fClass(Database& db, std::unique_ptr<ClassEditor> editor)
       ui_(std::make_unique<Ui::fClass>()),
       language_(nullptr) {
     ui_->setupUi(this);
-    ui_->splitter->setStretchFactor(1, 1);
+    ui_->splitter->setStretchFactor(0, 1);
+    ui_->splitter->setStretchFactor(1, 4);
     ui_->splitter->setSizes({kCommentHeight, kTextHeight});
     language_ = new LanguageChoice(db, ui_->cmbLanguage, ui_->cmdLanguage);
     Connect();
