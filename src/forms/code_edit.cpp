@@ -88,11 +88,13 @@ std::string CodeEdit::Code() const {
 }
 
 void CodeEdit::ReplaceCode(std::string_view code) {
+    const bool wasEmpty = document()->isEmpty();
     QTextCursor cursor = textCursor();
     cursor.select(QTextCursor::Document);
     cursor.insertText(LinesToQt(code));
     cursor.movePosition(QTextCursor::Start);
     setTextCursor(cursor);
+    if (wasEmpty && !document()->isEmpty()) emit Filled();
 }
 
 void CodeEdit::SetLanguage(std::int32_t languageID) {
@@ -111,11 +113,6 @@ void CodeEdit::OnContentsChange(int position, int removed, int added) {
 void CodeEdit::ColourAnew() {
     colouring_.stop();
     Recolour(TextOf(*this), languageID_);
-}
-
-void CodeEdit::changeEvent(QEvent* event) {
-    ColouredText::changeEvent(event);
-    if (event->type() == QEvent::ReadOnlyChange) viewport()->setAcceptDrops(!isReadOnly());
 }
 
 void CodeEdit::keyPressEvent(QKeyEvent* event) {
@@ -203,6 +200,7 @@ bool CodeEdit::canInsertFromMimeData(const QMimeData* source) const {
 }
 
 void CodeEdit::insertFromMimeData(const QMimeData* source) {
+    if (isReadOnly()) return;
     const QString file = DroppedFile(source);
     if (!file.isEmpty()) return emit FileDropped(file);
     const bool wasEmpty = document()->isEmpty();

@@ -36,12 +36,11 @@ class CodeEdit final : public ColouredText {
     void FindRequested();
     /// A file was dropped here, or pasted. What becomes of it is the window's matter.
     void FileDropped(const QString& path);
-    /// Text was pasted or dropped where there was none.
+    /// Text was put at once where there was none.
     void Filled();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void changeEvent(QEvent* event) override;
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
 

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QShortcut>
 #include <algorithm>
 
@@ -33,6 +34,8 @@ namespace {
 /// How long the typing pauses before its result is looked at, and before a draft is kept.
 constexpr int kTypingPause = 250;
 constexpr int kDraftPause = 3000;
+/// What a desktop puts around a window.
+constexpr QSize kFrame(16, 48);
 
 std::string ChangesQuestion(const RecordEditor& editor, std::string_view name) {
     std::string what = "The " + std::string(editor.KindWord());
@@ -60,6 +63,7 @@ void EditorWindow::Start(EditorFooter* footer) {
     new HelpKey(this, openHelp);
     ShowAll();
     if (IsReadOnly()) SetReadOnly();
+    resize(size().boundedTo(screen()->availableSize() - kFrame));
 }
 
 void EditorWindow::ConnectFooter() {
@@ -170,7 +174,7 @@ bool EditorWindow::Store() {
     pause_.stop();
     draft_.stop();
     DropDraft(db_, *editor_);
-    footer_->ShowState(outcome.result == SaveResult::Saved ? tr("Saved.") : tr("Read again."));
+    footer_->ShowState(outcome.result == SaveResult::Saved ? tr("Saved.") : tr("Loaded again."));
     emit Saved(outcome.before, outcome.node);
     if (outcome.wantsKeywords) EditKeywords();
     const bool hasMore = outcome.wantsKeywords && editor_->IsChanged();
@@ -262,10 +266,7 @@ void EditorWindow::Serve(CodeEdit* text) {
 void EditorWindow::TakeFile(CodeEdit& text, const QString& path) {
     const std::optional<std::string> dropped =
         ReadDroppedText(db_, FromQt(path), text.document()->isEmpty());
-    if (!dropped) return;
-    const bool wasEmpty = text.document()->isEmpty();
-    text.ReplaceCode(*dropped);
-    if (wasEmpty) emit text.Filled();
+    if (dropped) text.ReplaceCode(*dropped);
 }
 
 }  // namespace snippetarium

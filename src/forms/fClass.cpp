@@ -20,7 +20,8 @@ fClass::fClass(Database& db, std::unique_ptr<ClassEditor> editor)
       ui_(std::make_unique<Ui::fClass>()),
       language_(nullptr) {
     ui_->setupUi(this);
-    ui_->splitter->setStretchFactor(1, 1);
+    ui_->splitter->setStretchFactor(0, 1);
+    ui_->splitter->setStretchFactor(1, 4);
     ui_->splitter->setSizes({kCommentHeight, kTextHeight});
     language_ = new LanguageChoice(db, ui_->cmbLanguage, ui_->cmdLanguage);
     Connect();
@@ -40,7 +41,7 @@ void fClass::Connect() {
     connect(ui_->cmbApplication, &QComboBox::currentIndexChanged, this, &fClass::Touch);
     connect(language_, &LanguageChoice::Changed, this, &fClass::OnLanguage);
     connect(ui_->txtText, &CodeEdit::Filled, language_,
-            [this] { OnEvent([this] { language_->Guess(ui_->txtText->Code()); }); });
+            [this] { language_->Guess(ui_->txtText->Code()); });
     Serve(ui_->txtComment);
     Serve(ui_->txtText);
 }

@@ -24,7 +24,8 @@ fCode::fCode(Database& db, std::unique_ptr<CodeEditor> editor, std::int32_t appI
       language_(nullptr),
       appID_(appID) {
     ui_->setupUi(this);
-    ui_->splitter->setStretchFactor(1, 1);
+    ui_->splitter->setStretchFactor(0, 1);
+    ui_->splitter->setStretchFactor(1, 4);
     ui_->splitter->setSizes({kCommentHeight, kTextHeight});
     language_ = new LanguageChoice(db, ui_->cmbLanguage, ui_->cmdLanguage);
     Connect();
@@ -43,7 +44,7 @@ void fCode::Connect() {
     connect(ui_->txtName, &QLineEdit::textChanged, this, &fCode::Touch);
     connect(language_, &LanguageChoice::Changed, this, &fCode::OnLanguage);
     connect(ui_->txtCode, &CodeEdit::Filled, language_,
-            [this] { OnEvent([this] { language_->Guess(ui_->txtCode->Code()); }); });
+            [this] { language_->Guess(ui_->txtCode->Code()); });
     Serve(ui_->txtComment);
     Serve(ui_->txtCode);
 }

@@ -28,7 +28,9 @@ void LanguageChoice::Show(std::int32_t languageID) {
 }
 
 void LanguageChoice::Guess(std::string_view text) {
-    if (!isUsersChoice_) Select(GuessedLanguage(text));
+    if (isUsersChoice_) return;
+    Handle(db_.Reporter(), form_procedure::LanguageChoiceEvent,
+           [&] { Select(GuessedLanguage(text)); });
 }
 
 void LanguageChoice::Select(std::int32_t languageID) {

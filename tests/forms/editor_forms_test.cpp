@@ -2,6 +2,7 @@
 #include <QClipboard>
 #include <QListWidget>
 #include <QMimeData>
+#include <QScreen>
 #include <QShortcut>
 #include <QTimer>
 #include <QUrl>
@@ -27,6 +28,7 @@ TEST_F(EditorFormsTest, ShowsAProcedureAndStoresWhatWasChangedWhileTheWindowStay
     EditorWindow& editor = Open(kProcedure);
     EXPECT_EQ(editor.objectName(), "fCode");
     EXPECT_FALSE(editor.isModal());
+    EXPECT_TRUE(editor.screen()->geometry().contains(editor.geometry()));
     EXPECT_EQ(editor.windowTitle(), "Edit Procedure - Draw1[*]");
     EXPECT_EQ(Find<QComboBox>(editor, "cmbApplication").currentText(), "Paint 0");
     EXPECT_EQ(Find<QComboBox>(editor, "cmbClass").currentText(), "Grid0");
@@ -90,6 +92,20 @@ TEST_F(EditorFormsTest, AsksBeforeItClosesWithWhatIsNotStored) {
         RunEvents();
         EXPECT_TRUE(Editors().empty());
         EXPECT_EQ(stored(), "Other");
+    }
+}
+
+TEST_F(EditorFormsTest, TakesNothingForAChangeThatItsControlsCannotShow) {
+    Execute(
+        "UPDATE tblCode SET codeName = 'a' || char(13, 10) || 'b', codeComment = char(13) || 'c', "
+        "code = 'x' || char(160, 8233, 13, 10) || 'y' WHERE codeID = 1;"
+        "UPDATE tblClass SET languageID = 99, classPathInApp = 'a' || char(9) || 'b' "
+        "WHERE classID = 2;"
+        "DELETE FROM tblCode_Link_Language WHERE codeID = 1;");
+    for (const NodeIDs& node : {kProcedure, kClass}) {
+        Open(node).close();
+        RunEvents();
+        EXPECT_TRUE(Editors().empty());
     }
 }
 
@@ -177,23 +193,34 @@ TEST_F(EditorFormsTest, ProposesANameOnlyWhileTheUserHasTypedNone) {
     editor.close();
 }
 
-TEST_F(EditorFormsTest, GuessesTheLanguageOfWhatIsPastedUntilTheUserHasChosenOne) {
-    const QString script = "function area(x) {\n    var y = x === 2;\n    return y;\n}\n";
-    for (const bool hasChosen : {false, true}) {
-        Select(kClass);
-        Trigger("mnuFileNewCode");
-        EditorWindow& editor = Editor();
-        auto& box = Find<QComboBox>(editor, "cmbLanguage");
-        if (hasChosen) {
-            box.setCurrentText("C#");
-            emit box.activated(box.currentIndex());
+TEST_F(EditorFormsTest, GuessesTheLanguageOfWhatIsPastedOrDroppedUntilTheUserHasChosenOne) {
+    constexpr const char* kScript = "function area(x) {\n    var y = x === 2;\n    return y;\n}\n";
+    const std::string file = folder_.File("area");
+    WriteBytes(file, kScript);
+    for (const bool isFile : {false, true}) {
+        for (const bool hasChosen : {false, true}) {
+            Select(kClass);
+            Trigger("mnuFileNewCode");
+            EditorWindow& editor = Editor();
+            auto& box = Find<QComboBox>(editor, "cmbLanguage");
+            if (hasChosen) {
+                box.setCurrentText("C#");
+                emit box.activated(box.currentIndex());
+            }
+            auto* const data = new QMimeData;
+            if (isFile) {
+                data->setUrls({QUrl::fromLocalFile(QString::fromStdString(file))});
+            } else {
+                data->setText(kScript);
+            }
+            QApplication::clipboard()->setMimeData(data);
+            Find<QPlainTextEdit>(editor, "txtCode").paste();
+            RunEvents();
+            EXPECT_EQ(box.currentText(), hasChosen ? "C#" : "JavaScript") << isFile;
+            modal_.ExpectBox(QMessageBox::No);
+            editor.close();
+            RunEvents();
         }
-        QApplication::clipboard()->setText(script);
-        Find<QPlainTextEdit>(editor, "txtCode").paste();
-        EXPECT_EQ(box.currentText(), hasChosen ? "C#" : "JavaScript");
-        modal_.ExpectBox(QMessageBox::No);
-        editor.close();
-        RunEvents();
     }
 }
 
