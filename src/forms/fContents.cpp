@@ -128,8 +128,17 @@ void fContents::FocusFilter() {
 
 bool fContents::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return ChildPane::eventFilter(watched, event);
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    return (key == Qt::Key_Down || key == Qt::Key_Up) && SelectFirst();
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Down:
+        case Qt::Key_Up:
+            return SelectFirst();
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            OnDoubleClicked(ui_->trVwClass->currentIndex());
+            return true;
+        default:
+            return false;
+    }
 }
 
 bool fContents::SelectFirst() {
@@ -176,8 +185,8 @@ void fContents::OnContextMenu(const QPoint& position) {
     const QModelIndex index = tree->indexAt(position);
     if (index.isValid()) tree->setCurrentIndex(index);
     const ContentsItem* const item = ContentsModel::ItemAt(index);
-    emit MenuRequested(item == nullptr ? NodeIDs{} : item->IDs(),
-                       tree->viewport()->mapToGlobal(position));
+    menuNode_ = item == nullptr ? NodeIDs{} : item->IDs();
+    emit MenuRequested(menuNode_, tree->viewport()->mapToGlobal(position));
 }
 
 void fContents::OnNameEntered(const NodeIDs& node, const QString& name) {

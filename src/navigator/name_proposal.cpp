@@ -115,10 +115,12 @@ class NameFinder {
         const CTokens found = TokeniseC(code, CDialect::Cpp);
         int open = 0;
         bool hasBody = false;
+        std::string_view before;
         for (const CToken& token : found.tokens) {
             const std::string_view text = found.TextOf(token);
-            hasBody = hasBody || text == "{" || text == "=";
+            hasBody = hasBody || text == "{" || (before == "=" && text == ">");
             open += text == "{" ? 1 : text == "}" ? -1 : 0;
+            before = text;
         }
         std::string closed = code;
         if (!hasBody && needsBody) closed += "\r\n{}";

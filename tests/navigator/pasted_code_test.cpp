@@ -40,6 +40,7 @@ constexpr ProposalCase kProposals[] = {
     {3, "Grid", "~Grid()\n{\n}", "Grid.~Grid()"},
     {4, "grid.cpp", "int Grid::Size() const {\n    if (a) {", "Grid::Size()"},
     {4, "grid.cpp", "/* Adds. */\ntemplate <class T>\nT Sum(T a, T b)", "Sum(T a, T b)"},
+    {4, "grid.cpp", "int Sum(int a, int b = 2)", "Sum(int a, int b = 2)"},
     {5, "grid.c", "static int sum(int a,\n               int b)\n{ return a + b; }", "sum(int a, int b)"},
     {10, "grid.h", "inline int two(void) { return 2; }", "two(void)"},
     {11, "grid.hpp", "inline int two() { return 2; }", "two()"},
