@@ -32,6 +32,9 @@ namespace snippetarium {
 namespace {
 
 constexpr int kIdleInterval = 30;
+/// How long after a key or a click, in milliseconds, nobody can be said to do nothing. A step of
+/// the work for idle times would come between the letters that somebody types.
+constexpr qint64 kPauseOfInput = 400;
 /// The windows besides the panes and the help.
 constexpr const char* kReadingForms[] = {"fFind", "fZoom", "fQuickSearch"};
 
@@ -66,6 +69,7 @@ fMain::fMain(Database& db, QtHost& host)
         {db_, *this, *dock_, *contents_, *index_, *search_, *bookmarks_, *page_, layout_});
     tmAutoLoad_.setObjectName("tmAutoLoad");
     tmAutoLoad_.setInterval(kIdleInterval);
+    qApp->installEventFilter(this);
     db_.SetEndProgram([this] { close(); });
     ConnectParts();
     ConnectLists();
@@ -244,6 +248,13 @@ void fMain::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
+bool fMain::eventFilter(QObject* watched, QEvent* event) {
+    const QEvent::Type type = event->type();
+    if (type == QEvent::KeyPress || type == QEvent::MouseButtonPress || type == QEvent::Wheel)
+        lastInput_.start();
+    return QMainWindow::eventFilter(watched, event);
+}
+
 void fMain::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) update();
@@ -298,6 +309,7 @@ void fMain::StartIdleWork() {
 
 void fMain::OnIdle() {
     if (IsBusy() || QApplication::activeModalWidget() != nullptr) return;
+    if (lastInput_.isValid() && !lastInput_.hasExpired(kPauseOfInput)) return;
     Handle(db_.Reporter(), form_procedure::MainWindowEvent, [this] { DoIdleWork(); });
 }
 
