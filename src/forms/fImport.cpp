@@ -26,7 +26,6 @@ namespace snippetarium {
 namespace {
 
 constexpr std::string_view kFolderSetting = "import.folder";
-constexpr std::string_view kEncodingSetting = "import.encoding";
 
 std::vector<std::size_t> ChosenRows(const QListView* list) {
     std::vector<std::size_t> rows;

@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <utility>
 
+#include "forms/editor_windows.h"
 #include "forms/fAbout.h"
 #include "forms/fBookmark.h"
 #include "forms/fContents.h"
@@ -65,8 +66,8 @@ fMain::fMain(Database& db, QtHost& host)
     dock_->AddPane(Pane::Bookmark, bookmarks_, Icon("bookmark"));
     menus_ = new MainMenus(this);
     status_ = new StatusPanels(ui_->StatusBar1);
-    commands_ = new MainCommands(
-        {db_, *this, *dock_, *contents_, *index_, *search_, *bookmarks_, *page_, layout_});
+    commands_ = new MainCommands({db_, *this, *dock_, *contents_, *index_, *search_, *bookmarks_,
+                                  *page_, layout_, run_.Noise()});
     tmAutoLoad_.setObjectName("tmAutoLoad");
     tmAutoLoad_.setInterval(kIdleInterval);
     qApp->installEventFilter(this);
@@ -206,6 +207,10 @@ bool fMain::Start() {
         page_->FocusFirst();
     }
     StartIdleWork();
+    QTimer::singleShot(0, commands_, [this] {
+        Handle(db_.Reporter(), form_procedure::DraftsEvent,
+               [this] { commands_->Editors().OfferDrafts(); });
+    });
     return true;
 }
 
@@ -241,6 +246,7 @@ void fMain::Close() {
 void fMain::closeEvent(QCloseEvent* event) {
     // A job that is running would go on without its catalogue.
     if (run_.State() != RunState::Ended && IsBusy()) return event->ignore();
+    if (run_.State() != RunState::Ended && !commands_->Editors().CloseAll()) return event->ignore();
     tmAutoLoad_.stop();
     idle_.Clear();
     run_.CloseForms();
