@@ -24,7 +24,8 @@ bool IsContinuation(char byte) {
 
 LetterKind KindAt(std::string_view name, std::size_t position) {
     if (position >= name.size()) return LetterKind::None;
-    return KindOf(DecodeUtf8(name, position));
+    const auto byte = static_cast<unsigned char>(name[position]);
+    return KindOf(byte < 0x80 ? byte : DecodeUtf8(name, position));
 }
 
 LetterKind KindBefore(std::string_view name, std::size_t position) {

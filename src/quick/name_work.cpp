@@ -56,6 +56,12 @@ void FindInEachName(NameBlock& block, const PlannedTerm& term, BlockTiers& tiers
     }
 }
 
+/// Leaves rows of one block where they are.
+bool BlockComesBefore(const FoundRow& a, const FoundRow& b) {
+    if (a.kind != b.kind) return a.kind < b.kind;
+    return BlockOf(a.id) > BlockOf(b.id);
+}
+
 // The names of all levels are looked through once, applications and classes first, then procedures,
 // the newest first. What is found goes into the tier that its name promises, and a tier is listed
 // when nothing more can come into it. For the hits to be there before all names have been read, the
@@ -85,6 +91,7 @@ class NameWork final : public QuickWork {
         }
         toConfirm_.clear();
         next_ = 0;
+        inOrderTo_ = 0;
         switch (phase_) {
             case Phase::UpperLevels:
                 ReadBlock();
@@ -125,24 +132,44 @@ class NameWork final : public QuickWork {
     void AskIndex() {
         phase_ = Phase::BetterTiers;
         FoundRows exact;
-        bool mayBegin = false;
-        for (const PlannedTerm& term : plan_.terms) {
+        std::vector<std::size_t> best(plan_.terms.size(), kWordStart);
+        for (std::size_t i = 0; i < plan_.terms.size(); ++i) {
+            const PlannedTerm& term = plan_.terms[i];
             if (!IsLookedFor(term)) continue;
-            if (!term.pattern->IsPlain()) {
-                floor_ = kExact;
-                return;
+            const std::string& word = term.pattern->Literal();
+            if (!term.pattern->IsPlain() || !FindExactNames(plan_.db, word, exact)) {
+                best[i] = kExact;
+            } else if (HasNameThatBegins(plan_.db, word)) {
+                best[i] = kPrefix;
             }
-            if (!FindExactNames(plan_.db, term.pattern->Literal(), exact)) {
-                floor_ = kExact;
-                return;
-            }
-            mayBegin = mayBegin || HasNameThatBegins(plan_.db, term.pattern->Literal());
         }
-        floor_ = mayBegin ? kPrefix : kWordStart;
+        floor_ = BestTier(plan_.root, best);
+        if (floor_ == kExact) return;
         std::ranges::sort(exact, ComesBefore);
         const auto isSameID = [](const FoundRow& a, const FoundRow& b) { return a.id == b.id; };
         exact.erase(std::unique(exact.begin(), exact.end(), isSameID), exact.end());
         promised_[kExact].insert(promised_[kExact].end(), exact.begin(), exact.end());
+    }
+
+    /// The best tier that a procedure can have which the index did not name, as far as that is
+    /// known from those of the terms.
+    std::size_t BestTier(const QuickNode& node, const std::vector<std::size_t>& ofTerms) const {
+        switch (node.type) {
+            case QuickNode::Type::Term:
+                return IsTextField(plan_.terms[node.term].term.field) ? ofTerms[node.term] : kExact;
+            case QuickNode::Type::Not:
+                return kExact;
+            case QuickNode::Type::And:
+            case QuickNode::Type::Or:
+                break;
+        }
+        std::size_t best = BestTier(node.parts.front(), ofTerms);
+        for (const QuickNode& part : node.parts) {
+            const std::size_t ofPart = BestTier(part, ofTerms);
+            best =
+                node.type == QuickNode::Type::And ? std::max(best, ofPart) : std::min(best, ofPart);
+        }
+        return best;
     }
 
     /// Finds out which procedures may have the words in their names, for words that the text index
@@ -204,11 +231,9 @@ class NameWork final : public QuickWork {
         if (mask.any()) Sort(block, kind, mask);
     }
 
-    /// Puts the candidates of a block into the tiers that their names promise.
+    /// Puts the candidates of a block into the tiers that their names promise. They are put in
+    /// order when they are confirmed: most are promised and never shown.
     void Sort(NameBlock& block, QuickKind kind, const BlockMask& mask) {
-        std::array<std::size_t, kNameTiers> before{};
-        for (std::size_t i = 0; i < kNameTiers; ++i)
-            before[i] = promised_[i].size();
         for (const NameBlock::Entry& entry : block.Entries()) {
             const auto place = static_cast<std::size_t>(entry.id % kIDsInBlock);
             if (!mask.test(place)) continue;
@@ -221,10 +246,6 @@ class NameWork final : public QuickWork {
             }
             promised_[tier].push_back({kind, static_cast<QuickTier>(tier), entry.id,
                                        static_cast<std::uint32_t>(entry.place.size)});
-        }
-        for (std::size_t i = 0; i < kNameTiers; ++i) {
-            std::sort(promised_[i].begin() + static_cast<std::ptrdiff_t>(before[i]),
-                      promised_[i].end(), ComesBefore);
         }
         if (phase_ == Phase::Procedures) toConfirm_ = std::exchange(promised_[floor_], {});
     }
@@ -245,18 +266,26 @@ class NameWork final : public QuickWork {
 
     /// Takes what was promised for a tier, and what fell into it from better ones.
     void TakeTier(std::size_t tier) {
-        std::ranges::sort(late_[tier], ComesBefore);
+        std::ranges::sort(late_[tier], BlockComesBefore);
         std::ranges::merge(promised_[tier], late_[tier], std::back_inserter(toConfirm_),
-                           ComesBefore);
+                           BlockComesBefore);
         promised_[tier].clear();
         late_[tier].clear();
     }
 
     void ConfirmSome() {
         constexpr std::size_t kRowsAtATime = 64;
-        const std::size_t end = std::min(next_ + kRowsAtATime, toConfirm_.size());
+        if (next_ == inOrderTo_) PutNextBlockInOrder();
+        const std::size_t end = std::min(next_ + kRowsAtATime, inOrderTo_);
         while (next_ < end)
             ConfirmRow(toConfirm_[next_++]);
+    }
+
+    void PutNextBlockInOrder() {
+        const auto begin = toConfirm_.begin() + static_cast<std::ptrdiff_t>(next_);
+        const auto end = std::upper_bound(begin, toConfirm_.end(), *begin, BlockComesBefore);
+        std::sort(begin, end, ComesBefore);
+        inOrderTo_ = static_cast<std::size_t>(end - toConfirm_.begin());
     }
 
     /// Reads a row. One whose filters leave it a worse tier than its name promised waits for that,
@@ -295,6 +324,8 @@ class NameWork final : public QuickWork {
     std::size_t tier_ = 0;
     FoundRows toConfirm_;
     std::size_t next_ = 0;
+    /// Of those, how many are in their order.
+    std::size_t inOrderTo_ = 0;
     /// Procedures that the index named and that are listed.
     std::set<std::int32_t> listed_;
 };

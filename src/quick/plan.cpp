@@ -148,7 +148,8 @@ PlannedTerm::PlannedTerm(const QuickTerm& from) : term(from) {
     pattern.emplace(term.text, term.isPhrase ? WordPattern::Wildcards::AreLetters
                                              : WordPattern::Wildcards::Count);
     const bool isInNames = term.field == QuickField::Anything || term.field == QuickField::Name;
-    if (isInNames && !term.isPhrase && pattern->IsPlain() && SlipPattern::IsLongEnough(term.text)) {
+    const bool hasWildcard = pattern->Literal() != term.text;
+    if (isInNames && !term.isPhrase && !hasWildcard && SlipPattern::IsLongEnough(term.text)) {
         slip.emplace(term.text);
     }
 }

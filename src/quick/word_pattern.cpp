@@ -40,10 +40,20 @@ bool HasWildcard(std::string_view text) {
     return text.find_first_of("*?") != std::string_view::npos;
 }
 
+/// Without the "*" at its ends.
+std::string_view Trimmed(std::string_view text) {
+    const std::size_t first = std::min(text.find_first_not_of('*'), text.size());
+    return text.substr(first, text.find_last_not_of('*') + 1 - first);
+}
+
 }  // namespace
 
-WordPattern::WordPattern(std::string_view text, Wildcards wildcards)
-    : isPlain_(wildcards == Wildcards::AreLetters || !HasWildcard(text)),
+WordPattern::WordPattern(std::string_view word, Wildcards wildcards)
+    : WordPattern(wildcards == Wildcards::Count ? Trimmed(word) : word,
+                  wildcards == Wildcards::AreLetters || !HasWildcard(Trimmed(word))) {}
+
+WordPattern::WordPattern(std::string_view text, bool isPlain)
+    : isPlain_(isPlain),
       literal_(isPlain_ ? std::string(text) : LongestLiteral(text)),
       needle_(literal_) {
     if (isPlain_) return;

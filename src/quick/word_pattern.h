@@ -23,8 +23,8 @@ class WordPattern {
   public:
     enum class Wildcards { Count, AreLetters };
 
-    /// `text` holds a character besides wildcards.
-    WordPattern(std::string_view text, Wildcards wildcards);
+    /// `word` holds a character besides wildcards.
+    WordPattern(std::string_view word, Wildcards wildcards);
 
     /// The first place, at or behind `from`, where the pattern fits; of the places that begin there
     /// the shortest. `from` is where a character starts.
@@ -46,6 +46,7 @@ class WordPattern {
     using Segment = std::u32string;
     static constexpr char32_t kAnyOne = 0x110000;
 
+    WordPattern(std::string_view text, bool isPlain);
     std::optional<std::size_t> EndOf(const Segment& segment, std::string_view text,
                                      std::size_t from) const;
     std::optional<ByteRange> FindSegment(const Segment& segment, std::string_view text,
