@@ -1,11 +1,11 @@
 // How soon quick search shows its first hits, and how long it keeps its caller waiting.
 //
-//     bench_quick_search FOLDER PROCEDURES
+//     bench_quick_search FOLDER PROCEDURES [ENTRY...]
 //
 // makes FOLDER/QRT_SN.mde, a generated catalogue with its text index, and FOLDER/sources, the same
 // code as files, where they are not there. Then a thousand keystrokes: entries typed letter by
 // letter, each search dropped at the next letter as soon as its first hits are there. Last, the
-// search for code alone beside ripgrep over the files.
+// search for code alone beside ripgrep over the files. With entries, only these, ten times each.
 
 #include <time.h>
 
@@ -17,6 +17,7 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -86,6 +87,8 @@ struct Keystroke {
     double firstHits = 0;
     double longestStep = 0;
     bool hasHits = false;
+    /// The time was over before it was known whether there are any.
+    bool isOpen = false;
 };
 
 /// The next letter is typed by then.
@@ -100,10 +103,12 @@ Keystroke Type(Database& db, const std::string& entry) {
         const auto before = Clock::now();
         hasMore = search.Step();
         result.longestStep = std::max(result.longestStep, Milliseconds(Clock::now() - before));
-        if (Milliseconds(Clock::now() - start) > kPatience) break;
+        result.isOpen = hasMore && Milliseconds(Clock::now() - start) > kPatience;
+        if (result.isOpen) break;
     }
     result.firstHits = Milliseconds(Clock::now() - start);
     result.hasHits = !search.Hits().empty();
+    result.isOpen = result.isOpen && !result.hasHits;
     return result;
 }
 
@@ -137,18 +142,20 @@ void MeasureKeystrokes(const fs::path& folder) {
         typed.push_back(Type(catalogue.Db(), entry));
     std::vector<double> found;
     std::vector<double> nothing;
+    std::vector<double> open;
     std::vector<double> steps;
     for (const Keystroke& key : typed) {
-        (key.hasHits ? found : nothing).push_back(key.firstHits);
+        (key.hasHits ? found : key.isOpen ? open : nothing).push_back(key.firstHits);
         steps.push_back(key.longestStep);
     }
     Print("first hits", found);
-    Print("no hits, or none within 300 ms", nothing);
+    Print("no hits", nothing);
+    Print("not known within 300 ms", open);
     Print("longest step of each", steps);
     std::ranges::sort(typed, std::ranges::greater(), &Keystroke::firstHits);
-    for (std::size_t i = 0; i < 12; ++i) {
-        std::printf("    %-36s %7.2f ms%s\n", typed[i].entry.c_str(), typed[i].firstHits,
-                    typed[i].hasHits ? "" : ", none");
+    for (std::size_t i = 0; i < 24; ++i) {
+        std::printf("    %-36s %7.2f ms, longest step %7.2f ms%s\n", typed[i].entry.c_str(),
+                    typed[i].firstHits, typed[i].longestStep, typed[i].hasHits ? "" : ", none");
     }
 }
 
@@ -201,7 +208,17 @@ void WriteSources(const fs::path& catalogue, const fs::path& folder) {
     }
 }
 
-void Run(const fs::path& folder, int procedures) {
+void MeasureEntries(const fs::path& folder, std::span<char*> entries) {
+    OpenCatalogueFile catalogue(folder);
+    for (const char* entry : entries) {
+        std::vector<double> times;
+        for (int i = 0; i < 10; ++i)
+            times.push_back(Type(catalogue.Db(), entry).firstHits);
+        Print(entry, times);
+    }
+}
+
+void Run(const fs::path& folder, int procedures, std::span<char*> entries) {
     const fs::path file = folder / kCatalogueFileName;
     if (!fs::exists(file)) {
         fs::create_directories(folder);
@@ -210,6 +227,7 @@ void Run(const fs::path& folder, int procedures) {
         OpenCatalogueFile catalogue(folder);
         CompleteTextIndex(catalogue.Db());
     }
+    if (!entries.empty()) return MeasureEntries(folder, entries);
     MeasureKeystrokes(folder);
     MeasureCold(folder);
     MeasureBesideRipgrep(folder);
@@ -219,10 +237,11 @@ void Run(const fs::path& folder, int procedures) {
 }  // namespace snippetarium::bench
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fputs("Usage: bench_quick_search FOLDER PROCEDURES\n", stderr);
+    const std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
+    if (argc < 3) {
+        std::fputs("Usage: bench_quick_search FOLDER PROCEDURES [ENTRY...]\n", stderr);
         return 2;
     }
-    snippetarium::bench::Run(argv[1], std::atoi(argv[2]));
+    snippetarium::bench::Run(arguments[1], std::atoi(arguments[2]), arguments.subspan(3));
     return 0;
 }

@@ -60,9 +60,7 @@ class Connection {
     std::int32_t UserVersion() { return OpenSession().UserVersion(); }
     void SetWriteMode(WriteMode mode);
     WriteMode GetWriteMode() const { return writeMode_; }
-    TextCandidates FindTextCandidates(const TextColumn& column, std::string_view literal) {
-        return OpenSession().FindTextCandidates(column, literal);
-    }
+    bool Advance(TextScan& scan) { return OpenSession().Advance(scan); }
     bool TendTextIndex(TendingPace pace) { return OpenSession().TendTextIndex(pace); }
     void Checkpoint() { OpenSession().Checkpoint(); }
     void SetCancelPoll(const CancelPoll* poll) { OpenSession().SetCancelPoll(poll); }

@@ -41,18 +41,18 @@ void DecodePostings(std::string_view postings, std::uint32_t base,
     }
 }
 
-void KeepCommon(std::vector<std::uint32_t>& ids, std::string_view postings) {
+void AddPostings(std::string_view postings, std::uint32_t base, IdSet& ids) {
     NumberReader reader(postings);
-    auto kept = ids.begin();
-    auto candidate = ids.begin();
-    std::uint32_t id = 0;
-    while (candidate != ids.end() && !reader.IsAtEnd()) {
+    BlockMask* mask = nullptr;
+    std::uint32_t block = 0;
+    for (std::uint32_t id = base; !reader.IsAtEnd();) {
         id += reader.Next();
-        while (candidate != ids.end() && *candidate < id)
-            ++candidate;
-        if (candidate != ids.end() && *candidate == id) *kept++ = *candidate++;
+        if (mask == nullptr || id / kIDsInBlock != block) {
+            block = id / kIDsInBlock;
+            mask = &ids.At(static_cast<std::int32_t>(block));
+        }
+        (*mask)[id % kIDsInBlock] = true;
     }
-    ids.erase(kept, ids.end());
 }
 
 }  // namespace snippetarium

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/id_set.h"
+
 namespace snippetarium {
 
 // A list of ascending numbers as bytes: each number as its distance from the one before, the first
@@ -45,7 +47,7 @@ class NumberReader {
 std::string EncodePostings(std::span<const std::uint32_t> ids);
 /// Appends the numbers of a list, each plus `base`.
 void DecodePostings(std::string_view postings, std::uint32_t base, std::vector<std::uint32_t>& ids);
-/// Removes from the ascending `ids` those that are not in the list. Throws EngineError Corrupted.
-void KeepCommon(std::vector<std::uint32_t>& ids, std::string_view postings);
+/// Adds the numbers of a list, each plus `base`. Throws EngineError Corrupted.
+void AddPostings(std::string_view postings, std::uint32_t base, IdSet& ids);
 
 }  // namespace snippetarium

@@ -15,6 +15,8 @@
 
 namespace snippetarium {
 
+class TextScan;
+
 enum class AccessMode : std::uint8_t { ReadWrite, Read };
 
 /// How soon a change is safe from a power cut. Killing the program loses nothing in either mode.
@@ -60,9 +62,8 @@ class Session {
     /// Runs statements in the engine's own SQL, as they stand and as one transaction: all or
     /// nothing. For the program's own texts only: schema and migrations.
     virtual void RunScript(std::string_view script) = 0;
-    /// The rows whose text in this column may hold the literal, letter case aside.
-    virtual TextCandidates FindTextCandidates(const TextColumn& column,
-                                              std::string_view literal) = 0;
+    /// Does a piece of a look-up in the text index: see TextScan.
+    virtual bool Advance(TextScan& scan) = 0;
     /// Does some milliseconds of what the text index has to do, or as much as makes sense at once.
     /// Returns whether there is more to do. Once it has failed, there is not until the next
     /// opening.

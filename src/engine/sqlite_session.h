@@ -39,7 +39,7 @@ class SqliteSession final : public Session {
                                           std::span<const BoundValue> values) override;
     std::int64_t Act(std::string_view text) override;
     void RunScript(std::string_view script) override;
-    TextCandidates FindTextCandidates(const TextColumn& column, std::string_view literal) override;
+    bool Advance(TextScan& scan) override;
     bool TendTextIndex(TendingPace pace) override;
     std::int32_t UserVersion() override;
     void SetWriteMode(WriteMode mode) override;

@@ -101,17 +101,8 @@ Recordset SqliteSession::NamedSearch(std::string_view name, std::span<const Para
     });
 }
 
-TextCandidates SqliteSession::FindTextCandidates(const TextColumn& column,
-                                                 std::string_view literal) {
-    for (const IndexedTable& table : lookup_->Tables()) {
-        const auto found = std::ranges::find(table.columns, column.column);
-        if (table.name != column.table || found == table.columns.end()) continue;
-        const auto number = static_cast<unsigned>(found - table.columns.begin());
-        return Searching([&] {
-            return lookup_->Find(table, number, TextComparison::Like, PatternOfLiteral(literal));
-        });
-    }
-    return std::nullopt;
+bool SqliteSession::Advance(TextScan& scan) {
+    return Searching([&] { return lookup_->Advance(scan); });
 }
 
 bool SqliteSession::TendTextIndex(TendingPace pace) {

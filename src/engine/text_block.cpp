@@ -11,8 +11,6 @@ namespace snippetarium {
 
 namespace {
 
-/// What fits into a leaf page of the file beside its own bookkeeping.
-constexpr std::size_t kFullBlock = 4'000;
 constexpr std::size_t kChecksumSize = sizeof(std::uint32_t);
 /// Goes into the checksums, so that blocks of another layout count as damaged: change it with it.
 constexpr std::uint64_t kLayout = 1;
@@ -45,7 +43,7 @@ TextBlockWriter::TextBlockWriter(Sink sink, TextKey firstKey)
 
 void TextBlockWriter::Add(TextKey key, std::string_view postings) {
     constexpr std::size_t kMostForNumbers = 10;
-    const bool fits = lists_.size() + postings.size() + kMostForNumbers <= kFullBlock;
+    const bool fits = lists_.size() + postings.size() + kMostForNumbers <= kFullTextBlock;
     if (!lists_.empty() && !fits) Finish(key);
     AppendNumber(lists_, key - previousKey_);
     AppendNumber(lists_, static_cast<std::uint32_t>(postings.size()));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -19,6 +20,12 @@ namespace snippetarium {
 // A block covers the keys from its own up to the next block's, so all blocks of a segment together
 // cover every key there is. A key whose block is missing is thus never taken for one that has no
 // list, and the checksum tells of damage.
+
+/// What fits into a leaf page of the file beside its own bookkeeping.
+inline constexpr std::size_t kFullTextBlock = 4'000;
+/// A block that is longer has one list. It begins with the list's key, unless it is a segment's
+/// first.
+inline constexpr std::size_t kLargestSharedTextBlock = kFullTextBlock + 16;
 
 /// A trigram in one of the columns of a table.
 using TextKey = std::uint32_t;

@@ -16,17 +16,6 @@ namespace {
 
 constexpr std::size_t kKeptStatements = 48;
 
-std::vector<TextKey> KeysOf(unsigned column, TextComparison comparison,
-                            const std::string& pattern) {
-    const std::vector<std::string> literals = comparison == TextComparison::Like
-                                                  ? LikePattern(pattern).PlainRuns()
-                                                  : std::vector<std::string>{pattern};
-    std::vector<TextKey> keys = TrigramsOf(literals);
-    for (TextKey& key : keys)
-        key = TextKeyOf(column, key);
-    return keys;
-}
-
 std::string Compare(const IndexedTable& table, unsigned column, TextComparison comparison) {
     return std::string(table.columns[column]) +
            (comparison == TextComparison::Like ? " LIKE ?3" : " = ?3");
@@ -36,24 +25,8 @@ std::string SelectIDs(const IndexedTable& table) {
     return "SELECT " + std::string(table.idColumn) + " FROM " + std::string(table.name) + " WHERE ";
 }
 
-/// Common rows of lists with IDs from `firstID` on, or nearly: a list that is much longer than what
-/// is left is not worth reading.
-std::vector<std::uint32_t> CommonRows(std::vector<std::string>& lists) {
-    constexpr std::size_t kWorthReading = 64;
-    std::ranges::sort(lists, {}, &std::string::size);
-    std::vector<std::uint32_t> rows;
-    DecodePostings(lists.front(), 0, rows);
-    for (std::size_t i = 1; i < lists.size() && !rows.empty(); ++i) {
-        if (lists[i].size() > kWorthReading * (rows.size() + kWorthReading)) break;
-        KeepCommon(rows, lists[i]);
-    }
-    return rows;
-}
-
-void SortUnique(std::vector<std::int64_t>& ids) {
-    std::ranges::sort(ids);
-    const auto rest = std::ranges::unique(ids);
-    ids.erase(rest.begin(), rest.end());
+[[noreturn]] void ThrowMissing() {
+    throw EngineError(EngineErrorCode::Corrupted, "A block of the text index is missing.");
 }
 
 }  // namespace
@@ -73,26 +46,33 @@ sqlite3_stmt* TextLookup::Prepare(const std::string& sql) {
 
 TextCandidates TextLookup::Find(const IndexedTable& table, unsigned column,
                                 TextComparison comparison, const std::string& pattern) {
-    const std::vector<TextKey> keys = KeysOf(column, comparison, pattern);
-    if (keys.empty()) return std::nullopt;
-    std::vector<std::int64_t> ids;
-    try {
-        const Extent extent = ReadExtent(table);
-        if (!extent.isThere) return std::nullopt;
-        for (const Segment& segment : extent.segments)
-            FindInSegment(segment, keys, ids);
-        const std::string compare = Compare(table, column, comparison);
-        const std::string idColumn(table.idColumn);
-        const std::int64_t numbers[] = {extent.indexedTo, table.number};
-        ReadIDs(SelectIDs(table) + idColumn + " > ?1 AND " + compare, numbers, &pattern, ids);
-        ReadIDs(SelectIDs(table) + idColumn +
-                    " IN (SELECT ownerID FROM tblTextDirty WHERE ownerTableID = ?2) AND " + compare,
-                numbers, &pattern, ids);
-    } catch (const EngineError& error) {
-        if (error.Code() == EngineErrorCode::Corrupted) return std::nullopt;
-        throw;
+    TextScan scan({table.name, table.columns[column]}, comparison, pattern);
+    while (scan.Advance(*this)) {
     }
-    SortUnique(ids);
+    return scan.Candidates();
+}
+
+std::pair<const IndexedTable*, unsigned> TextLookup::Find(const TextColumn& column) const {
+    for (const IndexedTable& table : tables_) {
+        const auto found = std::ranges::find(table.columns, column.column);
+        if (table.name != column.table || found == table.columns.end()) continue;
+        return {&table, static_cast<unsigned>(found - table.columns.begin())};
+    }
+    return {nullptr, 0};
+}
+
+std::vector<std::int64_t> TextLookup::WaitingRows(const IndexedTable& table, unsigned column,
+                                                  TextComparison comparison,
+                                                  const std::string& pattern,
+                                                  const TextExtent& extent) {
+    const std::string compare = Compare(table, column, comparison);
+    const std::string idColumn(table.idColumn);
+    const std::int64_t numbers[] = {extent.indexedTo, table.number};
+    std::vector<std::int64_t> ids;
+    ReadIDs(SelectIDs(table) + idColumn + " > ?1 AND " + compare, numbers, &pattern, ids);
+    ReadIDs(SelectIDs(table) + idColumn +
+                " IN (SELECT ownerID FROM tblTextDirty WHERE ownerTableID = ?2) AND " + compare,
+            numbers, &pattern, ids);
     return ids;
 }
 
@@ -117,8 +97,8 @@ std::vector<std::int64_t> TextLookup::ChildrenOf(const IndexedTable& table,
     return ids;
 }
 
-TextLookup::Extent TextLookup::ReadExtent(const IndexedTable& table) {
-    Extent extent;
+TextExtent TextLookup::ReadExtent(const IndexedTable& table) {
+    TextExtent extent;
     std::int64_t segments = 0;
     try {
         sqlite3_stmt* row =
@@ -136,13 +116,15 @@ TextLookup::Extent TextLookup::ReadExtent(const IndexedTable& table) {
         return extent;
     }
     sqlite3_stmt* row = Prepare(
-        "SELECT segmentID, firstID FROM tblTextSegment WHERE ownerTableID = ?1 AND state = ?2");
+        "SELECT segmentID, firstID, rows, bytes FROM tblTextSegment "
+        "WHERE ownerTableID = ?1 AND state = ?2 ORDER BY firstID DESC");
     const StatementRun run(row);
     sqlite3_bind_int64(row, 1, table.number);
     sqlite3_bind_int64(row, 2, static_cast<int>(SegmentState::InUse));
     int result = SQLITE_OK;
     while ((result = sqlite3_step(row)) == SQLITE_ROW)
-        extent.segments.push_back({sqlite3_column_int64(row, 0), sqlite3_column_int64(row, 1)});
+        extent.segments.push_back({sqlite3_column_int64(row, 0), sqlite3_column_int64(row, 1),
+                                   sqlite3_column_int64(row, 2), sqlite3_column_int64(row, 3)});
     if (result != SQLITE_DONE) ThrowEngineError(database_, result);
     if (static_cast<std::int64_t>(extent.segments.size()) != segments) {
         throw EngineError(EngineErrorCode::Corrupted, "A segment of the text index is missing.");
@@ -150,38 +132,96 @@ TextLookup::Extent TextLookup::ReadExtent(const IndexedTable& table) {
     return extent;
 }
 
-void TextLookup::FindInSegment(const Segment& segment, std::span<const TextKey> keys,
-                               std::vector<std::int64_t>& ids) {
-    std::vector<std::string> lists(keys.size());
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        if (!ReadList(segment, keys[i], lists[i])) return;
-    }
-    for (const std::uint32_t row : CommonRows(lists))
-        ids.push_back(segment.firstID + row);
-}
-
-/// False where the key has no list in this segment.
-bool TextLookup::ReadList(const Segment& segment, TextKey key, std::string& postings) {
+/// The block that covers the key, and its size.
+std::int64_t TextLookup::FindBlock(const TextExtent::Segment& segment, TextKey key,
+                                   std::size_t& size) {
     sqlite3_stmt* row = Prepare(
-        "SELECT blockID, block FROM tblTextBlock WHERE blockID <= ?1 ORDER BY blockID DESC LIMIT "
-        "1");
+        "SELECT blockID, length(block) FROM tblTextBlock WHERE blockID <= ?1 "
+        "ORDER BY blockID DESC LIMIT 1");
     const StatementRun run(row);
     sqlite3_bind_int64(row, 1, BlockIDOf(segment.segmentID, key));
     const int result = sqlite3_step(row);
     if (result != SQLITE_ROW && result != SQLITE_DONE) ThrowEngineError(database_, result);
-    const std::int64_t behindSegment =
-        sqlite3_column_int64(row, 0) - BlockIDOf(segment.segmentID, 0);
-    if (result == SQLITE_ROW && behindSegment >= 0) {
-        const auto* bytes = static_cast<const char*>(sqlite3_column_blob(row, 1));
-        const auto size = static_cast<std::size_t>(sqlite3_column_bytes(row, 1));
-        const TextBlock block(static_cast<TextKey>(behindSegment), {bytes, size});
-        if (block.Covers(key)) {
-            const auto found = block.Find(key);
-            if (found) postings = *found;
-            return found.has_value();
-        }
+    const std::int64_t blockID = sqlite3_column_int64(row, 0);
+    if (result == SQLITE_DONE || blockID < BlockIDOf(segment.segmentID, 0)) ThrowMissing();
+    size = static_cast<std::size_t>(sqlite3_column_int64(row, 1));
+    return blockID;
+}
+
+std::optional<std::size_t> TextLookup::SizeOfList(const TextExtent::Segment& segment, TextKey key,
+                                                  std::optional<std::string>& postings) {
+    std::size_t size = 0;
+    const std::int64_t blockID = FindBlock(segment, key, size);
+    // A list that is longer than a page begins its block.
+    if (size > kLargestSharedTextBlock && blockID == BlockIDOf(segment.segmentID, key) && key > 0) {
+        return size;
     }
-    throw EngineError(EngineErrorCode::Corrupted, "A block of the text index is missing.");
+    postings = ReadList(segment, key);
+    return postings->empty() ? std::nullopt : std::optional(postings->size());
+}
+
+std::string TextLookup::ReadList(const TextExtent::Segment& segment, TextKey key) {
+    std::string list;
+    VisitLists(segment, {&key, 1}, [&](std::string_view postings) { list = postings; });
+    return list;
+}
+
+std::size_t TextLookup::VisitLists(const TextExtent::Segment& segment,
+                                   std::span<const TextKey> keys,
+                                   const std::function<void(std::string_view postings)>& visit) {
+    std::size_t size = 0;
+    for (auto key = keys.begin(); key != keys.end();) {
+        sqlite3_stmt* row = Prepare(
+            "SELECT blockID, block FROM tblTextBlock WHERE blockID <= ?1 "
+            "ORDER BY blockID DESC LIMIT 1");
+        const StatementRun run(row);
+        sqlite3_bind_int64(row, 1, BlockIDOf(segment.segmentID, *key));
+        const int result = sqlite3_step(row);
+        if (result != SQLITE_ROW && result != SQLITE_DONE) ThrowEngineError(database_, result);
+        const std::int64_t behindSegment =
+            sqlite3_column_int64(row, 0) - BlockIDOf(segment.segmentID, 0);
+        if (result == SQLITE_DONE || behindSegment < 0) ThrowMissing();
+        const auto* bytes = static_cast<const char*>(sqlite3_column_blob(row, 1));
+        const auto blockSize = static_cast<std::size_t>(sqlite3_column_bytes(row, 1));
+        const TextBlock block(static_cast<TextKey>(behindSegment), {bytes, blockSize});
+        if (!block.Covers(*key)) ThrowMissing();
+        for (; key != keys.end() && block.Covers(*key); ++key) {
+            if (const auto postings = block.Find(*key)) visit(*postings);
+        }
+        size += blockSize;
+    }
+    return size;
+}
+
+std::size_t TextLookup::ForEachList(const TextExtent::Segment& segment, TextKey key, TextKey end,
+                                    const std::function<void(std::string_view postings)>& visit,
+                                    std::size_t mostBytes) {
+    std::size_t size = 0;
+    std::int64_t next = FindBlock(segment, key, size);
+    sqlite3_stmt* row = Prepare(
+        "SELECT blockID, block FROM tblTextBlock WHERE blockID >= ?1 AND blockID < ?2 "
+        "ORDER BY blockID");
+    const StatementRun run(row);
+    sqlite3_bind_int64(row, 1, next);
+    sqlite3_bind_int64(row, 2, BlockIDOf(segment.segmentID, end));
+    size = 0;
+    int result = SQLITE_OK;
+    while ((result = sqlite3_step(row)) == SQLITE_ROW) {
+        if (sqlite3_column_int64(row, 0) != next) break;
+        const auto* bytes = static_cast<const char*>(sqlite3_column_blob(row, 1));
+        const auto blockSize = static_cast<std::size_t>(sqlite3_column_bytes(row, 1));
+        const auto firstKey = static_cast<TextKey>(next - BlockIDOf(segment.segmentID, 0));
+        const TextBlock block(firstKey, {bytes, blockSize});
+        block.ForEach([&](TextKey found, std::string_view postings) {
+            if (found >= key && found < end) visit(postings);
+        });
+        next = BlockIDOf(segment.segmentID, block.End());
+        size += blockSize;
+        if (size > mostBytes) return size;
+    }
+    if (result != SQLITE_ROW && result != SQLITE_DONE) ThrowEngineError(database_, result);
+    if (next < BlockIDOf(segment.segmentID, end)) ThrowMissing();
+    return size;
 }
 
 /// Appends the first column of all rows. `numbers` are the values of ?1 and ?2 and `text` of ?3, as

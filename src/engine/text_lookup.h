@@ -1,9 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <limits>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "engine/candidate_table.h"
@@ -13,6 +17,7 @@
 #include "engine/statement_guard.h"
 #include "engine/text_block.h"
 #include "engine/text_index.h"
+#include "engine/text_scan.h"
 
 namespace snippetarium {
 
@@ -47,6 +52,8 @@ class TextLookup {
     /// none; but where the index is damaged, it just cannot tell.
     TextCandidates Find(const IndexedTable& table, unsigned column, TextComparison comparison,
                         const std::string& pattern);
+    /// The same piece by piece.
+    bool Advance(TextScan& scan) { return scan.Advance(*this); }
     /// Of these rows, those for which the comparison holds.
     std::vector<std::int64_t> Check(const IndexedTable& table, unsigned column,
                                     TextComparison comparison, const std::string& pattern,
@@ -58,22 +65,33 @@ class TextLookup {
     /// The statements that it keeps belong to a schema that is going to change.
     void Clear() { statements_.Clear(); }
 
-  private:
-    struct Segment {
-        std::int64_t segmentID = 0;
-        std::int64_t firstID = 0;
-    };
-    struct Extent {
-        bool isThere = false;
-        std::int64_t indexedTo = 0;
-        std::vector<Segment> segments;
-    };
+    // What a scan is made of. Corrupted is thrown where the index is not whole.
 
+    /// The column's table, null where it is not indexed, and its number there.
+    std::pair<const IndexedTable*, unsigned> Find(const TextColumn& column) const;
+    TextExtent ReadExtent(const IndexedTable& table);
+    /// The rows that are in no segment, or not as they are now, and that hold the text.
+    std::vector<std::int64_t> WaitingRows(const IndexedTable& table, unsigned column,
+                                          TextComparison comparison, const std::string& pattern,
+                                          const TextExtent& extent);
+    /// About how many bytes the list of a key has; nothing where it has none. A list that had to be
+    /// read for this is handed over.
+    std::optional<std::size_t> SizeOfList(const TextExtent::Segment& segment, TextKey key,
+                                          std::optional<std::string>& postings);
+    /// Empty where the key has none.
+    std::string ReadList(const TextExtent::Segment& segment, TextKey key);
+    /// Visits the lists of these keys, which ascend; returns how many bytes were read.
+    std::size_t VisitLists(const TextExtent::Segment& segment, std::span<const TextKey> keys,
+                           const std::function<void(std::string_view postings)>& visit);
+    /// Visits the lists of the keys from `key` up to `end`; returns how many bytes were read. Stops
+    /// when these are more than `mostBytes`.
+    std::size_t ForEachList(const TextExtent::Segment& segment, TextKey key, TextKey end,
+                            const std::function<void(std::string_view postings)>& visit,
+                            std::size_t mostBytes = std::numeric_limits<std::size_t>::max());
+
+  private:
     sqlite3_stmt* Prepare(const std::string& sql);
-    Extent ReadExtent(const IndexedTable& table);
-    void FindInSegment(const Segment& segment, std::span<const TextKey> keys,
-                       std::vector<std::int64_t>& ids);
-    bool ReadList(const Segment& segment, TextKey key, std::string& postings);
+    std::int64_t FindBlock(const TextExtent::Segment& segment, TextKey key, std::size_t& size);
     void ReadIDs(const std::string& sql, std::span<const std::int64_t> numbers,
                  const std::string* text, std::vector<std::int64_t>& ids);
 

@@ -13,10 +13,12 @@ namespace snippetarium {
 /// ASCII characters have a number of their own; among the others, two may share one.
 using Trigram = std::uint32_t;
 inline constexpr unsigned kTrigramBits = 22;
+inline constexpr unsigned kAsciiBits = 7;
+inline constexpr char32_t kAsciiCharacters = char32_t{1} << kAsciiBits;
+/// From here on, and up to the end, are those with other characters.
+inline constexpr Trigram kBehindAsciiTrigrams = Trigram{1} << (3 * kAsciiBits);
 
 constexpr Trigram TrigramOf(char32_t first, char32_t second, char32_t third) {
-    constexpr unsigned kAsciiBits = 7;
-    constexpr Trigram kBehindAscii = Trigram{1} << (3 * kAsciiBits);
     if ((first | second | third) >> kAsciiBits == 0) {
         return first << (2 * kAsciiBits) | second << kAsciiBits | third;
     }
@@ -24,7 +26,8 @@ constexpr Trigram TrigramOf(char32_t first, char32_t second, char32_t third) {
     constexpr std::uint64_t kOddNumber = 0x9E3779B97F4A7C15U;
     const std::uint64_t all =
         (std::uint64_t{first} << 42U) ^ (std::uint64_t{second} << 21U) ^ third;
-    return kBehindAscii | static_cast<Trigram>((all * kOddNumber) >> (64U - 3 * kAsciiBits));
+    return kBehindAsciiTrigrams |
+           static_cast<Trigram>((all * kOddNumber) >> (64U - 3 * kAsciiBits));
 }
 
 /// Calls `visit` with each trigram of the text, in its order.

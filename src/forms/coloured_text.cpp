@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kFirstStep = 8ms;
+constexpr auto kFirstStep = 3ms;
 constexpr auto kNextStep = 6ms;
 /// Laying out a longer line with thousands of colours would take longer than anybody waits.
 constexpr int kLongestColouredLine = 10'000;

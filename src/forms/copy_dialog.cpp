@@ -40,7 +40,8 @@ CopyDialog::~CopyDialog() = default;
 
 void CopyDialog::ShowProposal() {
     const NodeIDs& node = picker_->Selection();
-    ui_->txtName->setText(CanBeCopied(node) ? ToQt(Proposal(node)) : QString());
+    // A name from an import may have line breaks, which the entry would hide.
+    ui_->txtName->setText(CanBeCopied(node) ? ToQt(Proposal(node)).simplified() : QString());
 }
 
 void CopyDialog::Accept() {

@@ -7,6 +7,7 @@
 #include "forms/qt_text.h"
 #include "store/database.h"
 #include "store/reads_other.h"
+#include "support/text.h"
 #include "ui_fCommonWord.h"
 
 namespace snippetarium {
@@ -66,9 +67,8 @@ void fCommonWord::Add() {
     if (!AddListedNoiseWord(db_, noise_, entry)) return ui_->txtWord->selectAll();
     List();
     ui_->txtWord->clear();
-    Report(tr("'%1' is a noise word now. %n keyword string(s) changed.", nullptr,
-              static_cast<int>(effect.keywords))
-               .arg(ToQt(entry).trimmed()));
+    const std::string strings = Counted(effect.keywords, "keyword string", "keyword strings");
+    Report(tr("'%1' is a noise word now. %2 changed.").arg(ToQt(entry).trimmed(), ToQt(strings)));
 }
 
 void fCommonWord::Delete() {

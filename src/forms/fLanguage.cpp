@@ -88,19 +88,23 @@ void fLanguage::EnableButtons() {
 
 void fLanguage::Add() {
     const std::string language = Entered();
-    AddLanguage(db_, language) ? List(language) : StayInEntry();
+    ShowChange(AddLanguage(db_, language), language);
 }
 
 void fLanguage::Rename() {
     const std::string language = Entered();
-    RenameLanguage(db_, LanguageID(), language) ? List(language) : StayInEntry();
+    ShowChange(RenameLanguage(db_, LanguageID(), language), language);
 }
 
 void fLanguage::Delete() {
-    if (RemoveLanguage(db_, Selected())) List({});
+    ShowChange(RemoveLanguage(db_, Selected()), {});
 }
 
-void fLanguage::StayInEntry() {
+void fLanguage::ShowChange(bool isDone, const std::string& language) {
+    if (isDone) {
+        hasChanged_ = true;
+        return List(language);
+    }
     ui_->txtLanguage->setFocus();
     ui_->txtLanguage->selectAll();
 }

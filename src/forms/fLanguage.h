@@ -24,12 +24,14 @@ class fLanguage final : public QDialog {
 
     /// The language that is selected; 0 for none.
     std::int32_t LanguageID() const;
+    bool HasChangedCatalogue() const { return hasChanged_; }
 
   private:
     void Connect();
     void OnEvent(const std::function<void()>& body);
     /// Selects the one of that name, if there is one.
     void List(const std::string& language);
+    void ShowChange(bool isDone, const std::string& language);
     void ShowSelected();
     void EnableButtons();
     std::string Selected() const;
@@ -37,10 +39,10 @@ class fLanguage final : public QDialog {
     void Add();
     void Rename();
     void Delete();
-    void StayInEntry();
 
     Database& db_;
     std::unique_ptr<Ui::fLanguage> ui_;
+    bool hasChanged_ = false;
 };
 
 }  // namespace snippetarium

@@ -33,6 +33,9 @@ namespace snippetarium {
 namespace {
 
 constexpr int kIdleInterval = 30;
+/// How long after a key or a click, in milliseconds, nobody can be said to do nothing. A step of
+/// the work for idle times would come between the letters that somebody types.
+constexpr qint64 kPauseOfInput = 400;
 /// The windows besides the panes and the help.
 constexpr const char* kReadingForms[] = {"fFind", "fZoom", "fQuickSearch"};
 
@@ -67,6 +70,7 @@ fMain::fMain(Database& db, QtHost& host)
                                   *page_, layout_, run_.Noise()});
     tmAutoLoad_.setObjectName("tmAutoLoad");
     tmAutoLoad_.setInterval(kIdleInterval);
+    qApp->installEventFilter(this);
     db_.SetEndProgram([this] { close(); });
     ConnectParts();
     ConnectLists();
@@ -250,6 +254,13 @@ void fMain::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
+bool fMain::eventFilter(QObject* watched, QEvent* event) {
+    const QEvent::Type type = event->type();
+    if (type == QEvent::KeyPress || type == QEvent::MouseButtonPress || type == QEvent::Wheel)
+        lastInput_.start();
+    return QMainWindow::eventFilter(watched, event);
+}
+
 void fMain::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) update();
@@ -304,6 +315,7 @@ void fMain::StartIdleWork() {
 
 void fMain::OnIdle() {
     if (IsBusy() || QApplication::activeModalWidget() != nullptr) return;
+    if (lastInput_.isValid() && !lastInput_.hasExpired(kPauseOfInput)) return;
     Handle(db_.Reporter(), form_procedure::MainWindowEvent, [this] { DoIdleWork(); });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QMainWindow>
 #include <QTimer>
 #include <memory>
@@ -50,6 +51,7 @@ class fMain final : public QMainWindow, private ProgramWindow {
   protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void ShowSplash() override;
@@ -102,6 +104,7 @@ class fMain final : public QMainWindow, private ProgramWindow {
     MainCommands* commands_;
     IdleWork idle_;
     QTimer tmAutoLoad_;
+    QElapsedTimer lastInput_;
     std::unique_ptr<fAbout> splash_;
     /// Whether what the panes list may have changed, and what the status bar counts.
     bool areListsStale_ = false;

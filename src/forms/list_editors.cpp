@@ -38,7 +38,7 @@ void ListEditors::Perform(MenuCommand command) {
 void ListEditors::EditLanguages() {
     fLanguage dialog(db_, &window_);
     RunModal(dialog, db_.Reporter());
-    ShowChanges();
+    if (dialog.HasChangedCatalogue()) ShowChanges();
 }
 
 void ListEditors::EditNoiseWords() {

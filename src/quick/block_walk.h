@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "engine/substring_search.h"
 #include "quick/name_block.h"
@@ -11,7 +12,8 @@
 
 namespace snippetarium {
 
-/// Walks over the blocks of all levels: applications, classes, procedures, the newest block first.
+/// Reads the names of all levels: applications, classes, procedures, the newest block first. A
+/// change of a name that was read ahead is not seen.
 class BlockWalk {
   public:
     explicit BlockWalk(const QuickPlan& plan) : plan_(plan) { Enter(); }
@@ -19,20 +21,36 @@ class BlockWalk {
     bool IsAtEnd() const { return level_ == kQuickKinds; }
     QuickKind Kind() const { return static_cast<QuickKind>(level_); }
     std::int32_t Block() const { return block_; }
+    NameBlock& Names() {
+        if (next_ == read_.size()) ReadAhead();
+        return read_[next_];
+    }
     void Next() {
+        if (next_ < read_.size()) ++next_;
         if (--block_ >= 0) return;
         ++level_;
         Enter();
     }
 
   private:
+    /// More and more at a time, so that what the first block has is there at once.
+    static constexpr std::int32_t kMostAhead = 32;
+
     void Enter() {
         if (!IsAtEnd()) block_ = plan_.newestBlock[level_];
+    }
+    void ReadAhead() {
+        read_ = NameBlock::Read(plan_.db, Kind(), block_, std::max(0, block_ - ahead_ + 1));
+        next_ = 0;
+        ahead_ = std::min(2 * ahead_, kMostAhead);
     }
 
     const QuickPlan& plan_;
     std::size_t level_ = 0;
     std::int32_t block_ = 0;
+    std::vector<NameBlock> read_;  // read_[next_] is the one of block_
+    std::size_t next_ = 0;
+    std::int32_t ahead_ = 1;
 };
 
 /// Calls `note(entry, place)` for the places of a needle in a block, until it says that the rest of

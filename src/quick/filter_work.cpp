@@ -10,7 +10,7 @@ namespace snippetarium {
 namespace {
 
 /// With more rows than these, asking row by row is as good.
-constexpr std::size_t kMostRows = 8192;
+constexpr std::size_t kMostRows = 4096;
 
 constexpr std::string_view kClassesOfApplication = "SELECT classID FROM tblClass WHERE appID = ?1";
 constexpr std::string_view kCodesOfClass = "SELECT codeID FROM tblCode WHERE classID = ?1";
@@ -21,10 +21,10 @@ constexpr std::string_view kCodesOfLanguage =
 constexpr std::string_view kAuthors =
     "SELECT authorID, authorFName, authorMName, authorLName FROM tblAuthor";
 constexpr std::string_view kOwnersOfAuthor =
-    "SELECT ownerID, ownerTableID FROM tbl_Author_Link WHERE authorID = ?1";
+    "SELECT ownerID FROM tbl_Author_Link WHERE authorID = ?1 AND ownerTableID = ?2";
 constexpr std::string_view kDates = "SELECT dateID FROM tblDate WHERE dDate >= ?1 AND dDate < ?2";
 constexpr std::string_view kOwnersOfDate =
-    "SELECT ownerID, ownerTableID FROM tbl_date_link WHERE dateID = ?1";
+    "SELECT ownerID FROM tbl_date_link WHERE dateID = ?1 AND ownerTableID = ?2";
 constexpr std::string_view kLanguages = "SELECT languageID, language FROM tblLanguage";
 
 using IDs = std::vector<std::int32_t>;
@@ -36,7 +36,7 @@ class Narrowing final : public QuickWork {
 
     bool Advance() override {
         const bool isNarrow = Collect();
-        term_.byFilter.isEverything = !isNarrow;
+        if (isNarrow) term_.byFilter.KnowAll();
         return false;
     }
 
@@ -136,14 +136,21 @@ class Narrowing final : public QuickWork {
         return Read(kDates, std::string_view(days.first), std::string_view(days.behind));
     }
 
+    /// Level by level: where the procedures are too many, it is still known which classes it is.
     bool CollectOwners(std::string_view sql, const IDs& ids) {
+        for (const QuickLevel& level : kQuickLevels) {
+            if (!CollectOwnersOf(level, sql, ids)) return false;
+            term_.byFilter.Know(level.kind);
+        }
+        return true;
+    }
+
+    bool CollectOwnersOf(const QuickLevel& level, std::string_view sql, const IDs& ids) {
         for (const std::int32_t id : ids) {
-            const auto row = plan_.db.GetConnection().OpenCursor(sql, std::int64_t{id});
+            const auto row = plan_.db.GetConnection().OpenCursor(
+                sql, std::int64_t{id}, static_cast<std::int64_t>(level.owner));
             while (row->Next()) {
-                const std::int64_t level = row->Number(1) - 1;
-                if (level < 0 || level >= static_cast<std::int64_t>(kQuickKinds)) continue;
-                const auto ownerID = static_cast<std::int32_t>(row->Number(0));
-                if (!Note(static_cast<QuickKind>(level), ownerID)) return false;
+                if (!Note(level.kind, static_cast<std::int32_t>(row->Number(0)))) return false;
             }
         }
         return true;

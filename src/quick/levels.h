@@ -26,11 +26,18 @@ struct QuickLevel {
     std::string_view row;
     std::string_view comment;
     std::string_view code;
+    /// The IDs whose name or comment is ?1.
+    std::string_view nameIs;
+    std::string_view commentIs;
     /// The IDs from ?1 to ?2 whose comment or code is LIKE ?3.
     std::string_view commentsLike;
     std::string_view codesLike;
     /// The IDs that have the keyword ?1.
     std::string_view idsOfKeyword;
+    /// keywordID and ID of rows with keywords above ?1, in the order of the keywords: some
+    /// thousands, to the last one of a keyword, and less where there are no more. Not of
+    /// procedures, which are too many.
+    std::string_view keywords;
 };
 
 // clang-format off
@@ -43,9 +50,14 @@ inline constexpr std::array<QuickLevel, kQuickKinds> kQuickLevels = {{
         .row = "SELECT appName, keywordID, appID, appName, 0, '', 0 FROM tblApplication WHERE appID = ?1",
         .comment = "SELECT appComment FROM tblApplication WHERE appID = ?1",
         .code = {},
+        .nameIs = "SELECT appID FROM tblApplication WHERE appName = ?1",
+        .commentIs = "SELECT appID FROM tblApplication WHERE appComment = ?1",
         .commentsLike = "SELECT appID FROM tblApplication NOT INDEXED WHERE appID BETWEEN ?1 AND ?2 AND appComment LIKE ?3",
         .codesLike = {},
         .idsOfKeyword = "SELECT appID FROM tblApplication WHERE keywordID = ?1",
+        .keywords = "SELECT keywordID, appID FROM tblApplication WHERE keywordID > ?1 AND keywordID <= coalesce("
+                    "(SELECT keywordID FROM tblApplication WHERE keywordID > ?1 ORDER BY keywordID LIMIT 1 OFFSET 4095), "
+                    "2147483647) ORDER BY keywordID",
     },
     {
         .kind = QuickKind::Class,
@@ -56,9 +68,14 @@ inline constexpr std::array<QuickLevel, kQuickKinds> kQuickLevels = {{
                "FROM tblClass cls CROSS JOIN tblApplication a ON a.appID = cls.appID WHERE cls.classID = ?1",
         .comment = "SELECT classComment FROM tblClass WHERE classID = ?1",
         .code = "SELECT classDI FROM tblClass WHERE classID = ?1",
+        .nameIs = "SELECT classID FROM tblClass WHERE className = ?1",
+        .commentIs = "SELECT classID FROM tblClass WHERE classComment = ?1",
         .commentsLike = "SELECT classID FROM tblClass NOT INDEXED WHERE classID BETWEEN ?1 AND ?2 AND classComment LIKE ?3",
         .codesLike = "SELECT classID FROM tblClass NOT INDEXED WHERE classID BETWEEN ?1 AND ?2 AND classDI LIKE ?3",
         .idsOfKeyword = "SELECT classID FROM tblClass WHERE keywordID = ?1",
+        .keywords = "SELECT keywordID, classID FROM tblClass WHERE keywordID > ?1 AND keywordID <= coalesce("
+                    "(SELECT keywordID FROM tblClass WHERE keywordID > ?1 ORDER BY keywordID LIMIT 1 OFFSET 4095), "
+                    "2147483647) ORDER BY keywordID",
     },
     {
         .kind = QuickKind::Procedure,
@@ -70,9 +87,12 @@ inline constexpr std::array<QuickLevel, kQuickKinds> kQuickLevels = {{
                "CROSS JOIN tblApplication a ON a.appID = cls.appID WHERE cd.codeID = ?1",
         .comment = "SELECT codeComment FROM tblCode WHERE codeID = ?1",
         .code = "SELECT code FROM tblCode WHERE codeID = ?1",
+        .nameIs = "SELECT codeID FROM tblCode WHERE codeName = ?1",
+        .commentIs = "SELECT codeID FROM tblCode WHERE codeComment = ?1",
         .commentsLike = "SELECT codeID FROM tblCode NOT INDEXED WHERE codeID BETWEEN ?1 AND ?2 AND codeComment LIKE ?3",
         .codesLike = "SELECT codeID FROM tblCode NOT INDEXED WHERE codeID BETWEEN ?1 AND ?2 AND code LIKE ?3",
         .idsOfKeyword = "SELECT codeID FROM tblCode WHERE keywordID = ?1",
+        .keywords = {},
     },
 }};
 // clang-format on

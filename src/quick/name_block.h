@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/id_set.h"
 #include "quick/byte_range.h"
 #include "quick/query.h"
 
@@ -18,6 +19,10 @@ class NameBlock {
     /// From tblNameBlock, or from the level's own table where the block is not there or cannot be
     /// read.
     static NameBlock Read(Database& db, QuickKind kind, std::int32_t block);
+    /// The blocks from `newest` down to `oldest`, in this order: to find the place of the first
+    /// takes as long as to read ten.
+    static std::vector<NameBlock> Read(Database& db, QuickKind kind, std::int32_t newest,
+                                       std::int32_t oldest);
 
     /// All names, a line break between two.
     const std::string& Names() const { return names_; }
@@ -35,7 +40,10 @@ class NameBlock {
     }
 
   private:
-    void ReadTable(Database& db, QuickKind kind, std::int32_t block);
+    explicit NameBlock(std::int32_t block) : firstID_(block * kIDsInBlock) {}
+
+    bool IsWhole() const;
+    void ReadTable(Database& db, QuickKind kind);
 
     std::int32_t firstID_ = 0;
     std::string packedEntries_;

@@ -10,7 +10,9 @@
 #include "quick/name_index.h"
 #include "quick/node_row.h"
 #include "quick/standing.h"
+#include "quick/text_rows.h"
 #include "quick/work.h"
+#include "store/database.h"
 
 namespace snippetarium {
 
@@ -60,14 +62,19 @@ void FindInEachName(NameBlock& block, const PlannedTerm& term, BlockTiers& tiers
 // index on the names of procedures is asked first: which are exactly a word of the entry, and
 // whether any begins with one. The tier for which it cannot rule out more procedures is the
 // `floor_`: what is better is complete before procedures are read, and what is just that good is
-// listed as it comes.
+// listed as it comes. The text index then tells which blocks of procedures need not be read: all of
+// them, for a word that is in no name.
 class NameWork final : public QuickWork {
   public:
     NameWork(QuickPlan& plan, FoundRows& found)
-        : plan_(plan), found_(found), walk_(plan), tiers_(plan.terms.size()) {
+        : plan_(plan),
+          found_(found),
+          walk_(plan),
+          tiers_(plan.terms.size()),
+          isInIndex_(plan.terms.size(), false) {
         for (PlannedTerm& term : plan_.terms) {
             // Names with a word under a "not" are noted too: they are no candidates.
-            if (term.IsLookedForIn(QuickText::Name)) term.In(QuickText::Name).isEverything = false;
+            if (term.IsLookedForIn(QuickText::Name)) term.In(QuickText::Name).KnowAll();
         }
     }
 
@@ -85,11 +92,14 @@ class NameWork final : public QuickWork {
                 return true;
             case Phase::BetterTiers:
                 TakeTier(tier_);
-                if (tier_++ == floor_) phase_ = Phase::Procedures;
+                if (tier_++ == floor_) phase_ = Phase::TextIndex;
+                return true;
+            case Phase::TextIndex:
+                if (!AskTextIndex()) phase_ = Phase::Procedures;
                 return true;
             case Phase::Procedures:
                 if (!walk_.IsAtEnd()) {
-                    ReadBlock();
+                    if (PassOverBlocks()) ReadBlock();
                     return true;
                 }
                 phase_ = Phase::OtherTiers;
@@ -103,7 +113,7 @@ class NameWork final : public QuickWork {
     }
 
   private:
-    enum class Phase { UpperLevels, BetterTiers, Procedures, OtherTiers };
+    enum class Phase { UpperLevels, BetterTiers, TextIndex, Procedures, OtherTiers };
     static constexpr std::size_t kExact = static_cast<std::size_t>(QuickTier::ExactName);
     static constexpr std::size_t kPrefix = static_cast<std::size_t>(QuickTier::NamePrefix);
     static constexpr std::size_t kWordStart = static_cast<std::size_t>(QuickTier::WordStart);
@@ -135,13 +145,50 @@ class NameWork final : public QuickWork {
         promised_[kExact].insert(promised_[kExact].end(), exact.begin(), exact.end());
     }
 
+    /// Finds out which procedures may have the words in their names, for words that the text index
+    /// knows. False when it was asked for all.
+    bool AskTextIndex() {
+        if (scannedTerm_ == plan_.terms.size()) return false;
+        PlannedTerm& term = plan_.terms[scannedTerm_];
+        if (!scan_ && IsLookedFor(term)) {
+            scan_ = ScanFor(QuickKind::Procedure, QuickText::Name, term.pattern->Literal());
+        }
+        if (scan_ && plan_.db.GetConnection().Advance(*scan_)) return true;
+        if (scan_ && scan_->IsKnown()) {
+            CandidateRows& rows = term.In(QuickText::Name);
+            rows.Of(QuickKind::Procedure) = std::move(scan_->Rows());
+            AddRowsThatAre(plan_.db, QuickKind::Procedure, QuickText::Name, term.pattern->Literal(),
+                           rows);
+            isInIndex_[scannedTerm_] = true;
+        }
+        scan_.reset();
+        ++scannedTerm_;
+        return true;
+    }
+
+    /// Passes over blocks in which no name can make a hit. False when there may be more of them.
+    bool PassOverBlocks() {
+        constexpr int kBlocksAtATime = 256;
+        for (int i = 0; i < kBlocksAtATime && !walk_.IsAtEnd(); ++i) {
+            for (std::size_t term = 0; term < plan_.terms.size(); ++term) {
+                if (!IsLookedFor(plan_.terms[term]) || isInIndex_[term]) continue;
+                IdSet& names = plan_.terms[term].In(QuickText::Name).Of(walk_.Kind());
+                names.Replace(walk_.Block(), ~BlockMask());  // any of them, as far as is known
+            }
+            if (CandidatesOf(plan_, QuickTier::NamePart, walk_.Kind(), walk_.Block()).any()) {
+                return true;
+            }
+            walk_.Next();
+        }
+        return false;
+    }
+
     void ReadBlock() {
-        LookInto(walk_.Kind(), walk_.Block());
+        LookInto(walk_.Names(), walk_.Kind(), walk_.Block());
         walk_.Next();
     }
 
-    void LookInto(QuickKind kind, std::int32_t number) {
-        NameBlock block = NameBlock::Read(plan_.db, kind, number);
+    void LookInto(NameBlock& block, QuickKind kind, std::int32_t number) {
         for (std::size_t i = 0; i < plan_.terms.size(); ++i) {
             PlannedTerm& term = plan_.terms[i];
             if (!term.IsLookedForIn(QuickText::Name)) continue;
@@ -151,7 +198,7 @@ class NameWork final : public QuickWork {
             } else {
                 FindInBlock(block, term, tiers);
             }
-            if (tiers.mask.any()) term.In(QuickText::Name).Of(kind).Merge(number, tiers.mask);
+            term.In(QuickText::Name).Of(kind).Replace(number, tiers.mask);
         }
         const BlockMask mask = CandidatesOf(plan_, QuickTier::NamePart, kind, number);
         if (mask.any()) Sort(block, kind, mask);
@@ -236,6 +283,11 @@ class NameWork final : public QuickWork {
     BlockWalk walk_;
     std::vector<BlockTiers> tiers_;  // of the block that is looked at, by term
     Phase phase_ = Phase::UpperLevels;
+    /// The term for which the text index is asked.
+    std::size_t scannedTerm_ = 0;
+    std::optional<TextScan> scan_;
+    /// The terms whose names it knows, and maybe some more.
+    std::vector<bool> isInIndex_;
     std::array<FoundRows, kNameTiers> promised_;
     std::array<FoundRows, kNameTiers> late_;
     std::size_t floor_ = kExact;

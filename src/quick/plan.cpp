@@ -27,6 +27,37 @@ void MarkNegated(const QuickNode& node, bool isNegated, std::vector<PlannedTerm>
         MarkNegated(part, isNegated || node.type == QuickNode::Type::Not, terms);
 }
 
+/// Whether every row that has the term has the other one, too.
+bool Implies(const PlannedTerm& term, const PlannedTerm& other) {
+    if (!other.pattern || !other.pattern->IsPlain()) return false;
+    // Phrases are found in keywords where words are not.
+    if (!IsTextField(term.term.field) || term.term.isPhrase != other.term.isPhrase) return false;
+    for (std::size_t i = 0; i < kQuickTexts; ++i) {
+        const auto text = static_cast<QuickText>(i);
+        if (term.IsLookedForIn(text) && !other.IsLookedForIn(text)) return false;
+    }
+    return other.pattern->Needle().Find(term.pattern->Literal()) != FoldedNeedle::kNotFound;
+}
+
+/// Rules out the terms of a node that make hits and imply the other one.
+void RuleOut(const QuickNode& node, const PlannedTerm& other, std::vector<PlannedTerm>& terms) {
+    if (node.type == QuickNode::Type::Not) return;
+    for (const QuickNode& part : node.parts)
+        RuleOut(part, other, terms);
+    if (node.type != QuickNode::Type::Term || terms[node.term].isNegated) return;
+    if (Implies(terms[node.term], other)) terms[node.term].isRuledOut = true;
+}
+
+/// For each "a and not b" in the tree.
+void RuleOut(const QuickNode& node, std::vector<PlannedTerm>& terms) {
+    for (const QuickNode& part : node.parts) {
+        RuleOut(part, terms);
+        const bool isNot = node.type == QuickNode::Type::And && part.type == QuickNode::Type::Not &&
+                           part.parts.front().type == QuickNode::Type::Term;
+        if (isNot) RuleOut(node, terms[part.parts.front().term], terms);
+    }
+}
+
 std::int32_t NewestBlock(Database& db, const QuickLevel& level) {
     const auto row = db.GetConnection().OpenCursor(level.newestID);
     return row->Next() ? BlockOf(static_cast<std::int32_t>(row->Number(0))) : 0;
@@ -40,27 +71,22 @@ BlockMask All() {
     return ~BlockMask();
 }
 
-void Add(BlockMask& mask, const CandidateRows& rows, QuickKind kind, std::int32_t block) {
-    mask |= rows.isEverything ? All() : rows.Of(kind).Block(block);
-}
-
 /// A class of candidates for one term, up to a tier.
 BlockMask CandidatesOfTerm(const PlannedTerm& term, QuickTier tier, QuickKind kind,
                            std::int32_t block) {
     if (term.term.field == QuickField::Kind) {
         return term.term.kinds.test(static_cast<std::size_t>(kind)) ? All() : BlockMask();
     }
-    BlockMask mask;
     if (!IsTextField(term.term.field)) {
-        Add(mask, term.byFilter, kind, block);
-        return mask;
+        return term.byFilter.Block(kind, block);
     }
+    BlockMask mask;
     for (std::size_t i = 0; i < kQuickTexts; ++i) {
         const auto text = static_cast<QuickText>(i);
         if (TierOfText(text) > tier) break;
-        if (term.IsLookedForIn(text)) Add(mask, term.In(text), kind, block);
+        if (term.IsLookedForIn(text)) mask |= term.In(text).Block(kind, block);
     }
-    if (term.slip && tier >= QuickTier::Slip) Add(mask, term.bySlip, kind, block);
+    if (term.slip && tier >= QuickTier::Slip) mask |= term.bySlip.Block(kind, block);
     return mask;
 }
 
@@ -70,7 +96,7 @@ BlockMask CandidatesOfNot(const QuickPlan& plan, const QuickNode& node, QuickKin
     if (node.type != QuickNode::Type::Term) return All();
     const PlannedTerm& term = plan.terms[node.term];
     const CandidateRows& names = term.In(QuickText::Name);
-    if (!term.IsLookedForIn(QuickText::Name) || names.isEverything) return All();
+    if (!term.IsLookedForIn(QuickText::Name) || !names.IsKnown(kind)) return All();
     return ~names.Of(kind).Block(block);
 }
 
@@ -103,13 +129,13 @@ BlockMask ReachedBy(const QuickPlan& plan, QuickTier tier, QuickKind kind, std::
     for (const PlannedTerm& term : plan.terms) {
         if (term.isNegated || !IsTextField(term.term.field)) continue;
         if (tier == QuickTier::Slip) {
-            if (term.slip) Add(mask, term.bySlip, kind, block);
+            if (term.slip) mask |= term.bySlip.Block(kind, block);
             continue;
         }
         for (std::size_t i = 0; i < kQuickTexts; ++i) {
             const auto text = static_cast<QuickText>(i);
             const bool isOfTier = TierOfText(text) == tier || (IsNameTier(tier) && i == 0);
-            if (isOfTier && term.IsLookedForIn(text)) Add(mask, term.In(text), kind, block);
+            if (isOfTier && term.IsLookedForIn(text)) mask |= term.In(text).Block(kind, block);
         }
     }
     return mask;
@@ -128,6 +154,7 @@ PlannedTerm::PlannedTerm(const QuickTerm& from) : term(from) {
 }
 
 bool PlannedTerm::IsLookedForIn(QuickText text) const {
+    if (isRuledOut) return false;
     if (term.field == QuickField::Anything) return true;
     return IsTextField(term.field) && TextOfField(term.field) == text;
 }
@@ -137,6 +164,7 @@ QuickPlan::QuickPlan(Database& database, const QuickQuery& query)
     for (const QuickTerm& term : query.terms)
         terms.emplace_back(term);
     MarkNegated(root, false, terms);
+    RuleOut(root, terms);
     for (const QuickLevel& level : kQuickLevels)
         newestBlock[static_cast<std::size_t>(level.kind)] = NewestBlock(db, level);
 }

@@ -3,9 +3,10 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
-#include "quick/id_set.h"
+#include "engine/id_set.h"
 #include "quick/levels.h"
 #include "quick/name_match.h"
 #include "quick/query.h"
@@ -17,12 +18,23 @@ namespace snippetarium {
 class Database;
 
 /// The rows of each level that may have something. At first that is all of them.
-struct CandidateRows {
-    std::array<IdSet, kQuickKinds> ids;
-    bool isEverything = true;
+class CandidateRows {
+  public:
+    IdSet& Of(QuickKind kind) { return ids_[static_cast<std::size_t>(kind)]; }
+    const IdSet& Of(QuickKind kind) const { return ids_[static_cast<std::size_t>(kind)]; }
 
-    IdSet& Of(QuickKind kind) { return ids[static_cast<std::size_t>(kind)]; }
-    const IdSet& Of(QuickKind kind) const { return ids[static_cast<std::size_t>(kind)]; }
+    /// From now on, those that were added are all there are on this level.
+    void Know(QuickKind kind) { known_.set(static_cast<std::size_t>(kind)); }
+    void KnowAll() { known_.set(); }
+    bool IsKnown(QuickKind kind) const { return known_.test(static_cast<std::size_t>(kind)); }
+
+    BlockMask Block(QuickKind kind, std::int32_t block) const {
+        return IsKnown(kind) ? Of(kind).Block(block) : ~BlockMask();
+    }
+
+  private:
+    std::array<IdSet, kQuickKinds> ids_;
+    QuickKindSet known_;
 };
 
 /// A term of the entry with what is known of it so far.
@@ -43,6 +55,9 @@ struct PlannedTerm {
     std::optional<SlipPattern> slip;
     /// Stands under a "not". Then rows are only asked whether they have it.
     bool isNegated = false;
+    /// What has it also has a word that must not be there: in "stream -read", while "-re" is typed.
+    /// So only a slip makes it a hit.
+    bool isRuledOut = false;
     /// The languages that a filter means.
     std::vector<std::int32_t> languageIDs;
     /// The keyword strings that hold the term, where it was worth while to find them all.
@@ -51,6 +66,18 @@ struct PlannedTerm {
     CandidateRows bySlip;
     /// For a filter.
     CandidateRows byFilter;
+};
+
+/// The search words of the catalogue as one text, a blank between two. In their order, and with
+/// where they begin.
+struct SearchWords {
+    struct Entry {
+        std::int64_t id = 0;
+        std::size_t begin = 0;
+    };
+    std::string words;
+    std::vector<Entry> entries;
+    bool areAllRead = false;
 };
 
 /// What a search knows.
@@ -65,6 +92,8 @@ struct QuickPlan {
     QuickNode root;
     std::vector<PlannedTerm> terms;
     std::array<std::int32_t, kQuickKinds> newestBlock{};
+    /// The single words of all keywords, read for the first term that is looked for there.
+    SearchWords searchWords;
 };
 
 /// The tier of what is found in a text, the worst one for names.

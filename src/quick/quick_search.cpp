@@ -58,10 +58,7 @@ struct QuickSearch::State {
             }
             Add(FindByTier(plan, TierOfText(text), found));
         }
-        if (plan.UsesSlips()) {
-            Add(LookUpSlips(plan));
-            Add(FindByTier(plan, QuickTier::Slip, found));
-        }
+        if (plan.UsesSlips()) Add(FindByTier(plan, QuickTier::Slip, found));
         if (CanBeMetByFilters(plan.root, plan.terms)) {
             Add(FindByTier(plan, QuickTier::Filter, found));
         }

@@ -5,46 +5,28 @@ namespace snippetarium {
 
 namespace {
 
-class SlipWork final : public QuickWork {
-  public:
-    explicit SlipWork(QuickPlan& plan) : plan_(plan), walk_(plan) {
-        for (PlannedTerm& term : plan_.terms)
-            term.bySlip.isEverything = false;
+BlockMask SlipsOf(const SlipPattern& slip, NameBlock& block) {
+    BlockMask looked;
+    BlockMask found;
+    for (const FoldedNeedle& needle : slip.Needles()) {
+        ForEachPlace(block, needle, [&](const NameBlock::Entry& entry, const ByteRange&) {
+            const auto place = static_cast<std::size_t>(entry.id % kIDsInBlock);
+            if (looked.test(place)) return true;
+            looked.set(place);
+            found.set(place, slip.Find(block.NameOf(entry)).has_value());
+            return true;
+        });
     }
-
-    bool Advance() override {
-        if (walk_.IsAtEnd()) return false;
-        NameBlock block = NameBlock::Read(plan_.db, walk_.Kind(), walk_.Block());
-        for (PlannedTerm& term : plan_.terms) {
-            if (!term.isNegated && term.slip) LookFor(term, block);
-        }
-        walk_.Next();
-        return true;
-    }
-
-  private:
-    void LookFor(PlannedTerm& term, NameBlock& block) {
-        BlockMask looked;
-        IdSet& found = term.bySlip.Of(walk_.Kind());
-        for (const FoldedNeedle& needle : term.slip->Needles()) {
-            ForEachPlace(block, needle, [&](const NameBlock::Entry& entry, const ByteRange&) {
-                const auto place = static_cast<std::size_t>(entry.id % kIDsInBlock);
-                if (looked.test(place)) return true;
-                looked.set(place);
-                if (term.slip->Find(block.NameOf(entry))) found.Add(entry.id);
-                return true;
-            });
-        }
-    }
-
-    QuickPlan& plan_;
-    BlockWalk walk_;
-};
+    return found;
+}
 
 }  // namespace
 
-std::unique_ptr<QuickWork> LookUpSlips(QuickPlan& plan) {
-    return std::make_unique<SlipWork>(plan);
+void FindSlips(QuickPlan& plan, NameBlock& names, QuickKind kind, std::int32_t block) {
+    for (PlannedTerm& term : plan.terms) {
+        const bool counts = !term.isNegated && term.slip;
+        term.bySlip.Of(kind).Replace(block, counts ? SlipsOf(*term.slip, names) : BlockMask());
+    }
 }
 
 }  // namespace snippetarium

@@ -1,5 +1,6 @@
 #include "quick/text_rows.h"
 
+#include <array>
 #include <string>
 
 #include "store/database.h"
@@ -25,20 +26,40 @@ std::string PatternFor(std::string_view literal) {
     return pattern + "%";
 }
 
+constexpr std::array<std::array<std::optional<TextKind>, kQuickTexts>, kQuickKinds> kTextKinds = {{
+    {TextKind::ApplicationName, {}, TextKind::ApplicationComment, {}},
+    {TextKind::ClassName, {}, TextKind::ClassComment, TextKind::ClassText},
+    {TextKind::CodeName, {}, TextKind::CodeComment, TextKind::Code},
+}};
+
+std::optional<TextKind> TextsOf(QuickKind kind, QuickText text) {
+    return kTextKinds[static_cast<std::size_t>(kind)][static_cast<std::size_t>(text)];
+}
+
 }  // namespace
 
-TextRows RowsWithText(Database& db, QuickKind kind, QuickText text, std::string_view literal) {
-    const bool isComment = text == QuickText::Comment;
-    switch (kind) {
-        case QuickKind::Application:
-            return CandidatesFor(db, TextKind::ApplicationComment, literal);
-        case QuickKind::Class:
-            return CandidatesFor(db, isComment ? TextKind::ClassComment : TextKind::ClassText,
-                                 literal);
-        case QuickKind::Procedure:
-            break;
+std::optional<TextScan> ScanFor(QuickKind kind, QuickText text, std::string_view literal) {
+    const std::optional<TextKind> texts = TextsOf(kind, text);
+    if (!texts) return {};
+    const auto shortTexts =
+        text == QuickText::Code ? ShortTexts::AreFound : ShortTexts::MayBeMissing;
+    return ScanFor(*texts, CutToCharacters(literal, kMostCharacters), shortTexts);
+}
+
+TextScan ScanKeywords(std::string_view literal) {
+    return ScanFor(TextKind::Keyword, CutToCharacters(literal, kMostCharacters),
+                   ShortTexts::AreFound);
+}
+
+void AddRowsThatAre(Database& db, QuickKind kind, QuickText text, std::string_view literal,
+                    CandidateRows& rows) {
+    if (text == QuickText::Code) return;
+    const QuickLevel& level = LevelOf(kind);
+    const auto row = db.GetConnection().OpenCursor(
+        text == QuickText::Name ? level.nameIs : level.commentIs, literal);
+    while (row->Next()) {
+        if (row->Number(0) > 0) rows.Of(kind).Add(static_cast<std::int32_t>(row->Number(0)));
     }
-    return CandidatesFor(db, isComment ? TextKind::CodeComment : TextKind::Code, literal);
 }
 
 BlockMask RowsOfBlockWithText(Database& db, QuickKind kind, QuickText text,

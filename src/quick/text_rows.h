@@ -3,20 +3,27 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
-#include <vector>
 
-#include "quick/id_set.h"
+#include "engine/id_set.h"
+#include "engine/text_scan.h"
 #include "quick/levels.h"
+#include "quick/plan.h"
 
 namespace snippetarium {
 
 class Database;
 
-/// IDs of rows, all that hold a text among them; nothing where it is not known which do.
-using TextRows = std::optional<std::vector<std::int64_t>>;
+/// A scan for the rows of a level whose name, comment or code may hold a literal. Nothing where the
+/// level has no such text. Rows whose name or comment is the literal and nothing else may be
+/// missing.
+std::optional<TextScan> ScanFor(QuickKind kind, QuickText text, std::string_view literal);
 
-/// The rows of a level whose comment or code may hold a literal, without regard to case.
-TextRows RowsWithText(Database& db, QuickKind kind, QuickText text, std::string_view literal);
+/// A scan for the strings of keywords that may hold a literal.
+TextScan ScanKeywords(std::string_view literal);
+
+/// Adds those to the rows that such a scan found.
+void AddRowsThatAre(Database& db, QuickKind kind, QuickText text, std::string_view literal,
+                    CandidateRows& rows);
 
 /// The rows of a block whose comment or code holds a literal: read one by one, for literals that
 /// the text index does not know. All rows where the literal is empty.

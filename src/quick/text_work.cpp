@@ -1,7 +1,8 @@
-#include <algorithm>
+#include <utility>
 
 #include "quick/text_rows.h"
 #include "quick/work.h"
+#include "store/database.h"
 
 namespace snippetarium {
 
@@ -12,23 +13,20 @@ class TextWork final : public QuickWork {
     TextWork(QuickPlan& plan, PlannedTerm& term, QuickText text)
         : plan_(plan), term_(term), text_(text) {}
 
-    /// One level of the catalogue at a time.
     bool Advance() override {
-        const QuickLevel& level = kQuickLevels[level_];
-        const bool hasText = text_ == QuickText::Comment || !level.code.empty();
-        if (hasText) {
-            const TextRows rows =
-                RowsWithText(plan_.db, level.kind, text_, term_.pattern->Literal());
-            // One level that has to be read whole is all that the index is good for then.
-            if (!rows) return false;
-            for (const std::int64_t id : *rows) {
-                if (id > 0) candidates_.Of(level.kind).Add(static_cast<std::int32_t>(id));
-            }
+        const QuickKind kind = kQuickLevels[level_].kind;
+        const std::string& literal = term_.pattern->Literal();
+        CandidateRows& rows = term_.In(text_);
+        if (!scan_) scan_ = ScanFor(kind, text_, literal);
+        if (scan_ && plan_.db.GetConnection().Advance(*scan_)) return true;
+        if (!scan_) rows.Know(kind);  // no row has such a text
+        if (scan_ && scan_->IsKnown()) {
+            rows.Of(kind) = std::move(scan_->Rows());
+            AddRowsThatAre(plan_.db, kind, text_, literal, rows);
+            rows.Know(kind);
         }
-        if (++level_ < kQuickKinds) return true;
-        candidates_.isEverything = false;
-        term_.In(text_) = std::move(candidates_);
-        return false;
+        scan_.reset();
+        return ++level_ < kQuickKinds;
     }
 
   private:
@@ -36,7 +34,7 @@ class TextWork final : public QuickWork {
     PlannedTerm& term_;
     QuickText text_;
     std::size_t level_ = 0;
-    CandidateRows candidates_;
+    std::optional<TextScan> scan_;
 };
 
 }  // namespace

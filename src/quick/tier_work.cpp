@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "quick/block_walk.h"
 #include "quick/node_row.h"
 #include "quick/text_rows.h"
 #include "quick/work.h"
@@ -11,79 +12,126 @@ namespace {
 class TierWork final : public QuickWork {
   public:
     TierWork(QuickPlan& plan, QuickTier tier, FoundRows& found)
-        : plan_(plan), tier_(tier), found_(found), block_(plan.newestBlock.front() + 1) {}
+        : plan_(plan), tier_(tier), found_(found), walk_(plan) {
+        for (PlannedTerm& term : plan_.terms) {
+            if (tier_ == QuickTier::Slip) term.bySlip.KnowAll();
+        }
+    }
 
     bool Advance() override {
-        constexpr int kRowsAtATime = 16;
-        for (int i = 0; i < kRowsAtATime; ++i) {
-            if (waiting_.none()) {
-                FinishBlock();
-                if (!EnterNextBlock()) return false;
-                if (waiting_.none()) return true;
-            }
-            while (!waiting_.test(place_))
-                ++place_;
-            waiting_.reset(place_);
-            LookAt(block_ * kIDsInBlock + static_cast<std::int32_t>(place_));
+        constexpr std::size_t kRowsAtATime = 16;
+        if (next_ == waiting_.size()) {
+            FinishBlock();
+            if (walk_.IsAtEnd()) return false;
+            EnterNextBlock();
+            return true;
         }
+        const std::size_t end = std::min(next_ + kRowsAtATime, waiting_.size());
+        while (next_ < end)
+            LookAt(waiting_[next_++]);
         return true;
     }
 
   private:
-    /// Looks at candidates of many blocks, but at the texts of one at most.
-    bool EnterNextBlock() {
+    /// Looks at candidates of many blocks, but at the names or texts of one at most.
+    void EnterNextBlock() {
         constexpr int kBlocksAtATime = 256;
-        bool isRead = false;
-        for (int i = 0; i < kBlocksAtATime && !isRead; ++i) {
-            if (--block_ < 0) {
-                if (++level_ == kQuickKinds) return false;
-                block_ = plan_.newestBlock[level_];
-            }
-            waiting_ = CandidatesOf(plan_, tier_, Kind(), block_);
-            isRead = waiting_.any();
-            if (isRead) waiting_ &= RowsWithTextOfTier();
-            place_ = 0;
+        for (int i = 0; i < kBlocksAtATime && !walk_.IsAtEnd(); ++i) {
+            if (tier_ == QuickTier::Slip) AssumeSlips();
+            BlockMask mask = CandidatesOf(plan_, tier_, walk_.Kind(), walk_.Block());
+            const bool isRead = mask.any();
+            if (isRead) mask &= RowsWithTextOfTier(mask.count());
+            if (mask.any()) PutInOrder(mask);
+            walk_.Next();
+            if (isRead) return;
         }
-        return true;
+    }
+
+    /// Of the rows of a block, the shorter names come first. Where there are many rows, they are
+    /// looked at in this order, so that each is there as soon as it has been looked at.
+    void PutInOrder(BlockMask mask) {
+        constexpr std::size_t kMany = 32;
+        isInOrder_ = mask.count() >= kMany;
+        if (isInOrder_) {
+            for (const NameBlock::Entry& entry : walk_.Names().Entries()) {
+                const auto place = static_cast<std::size_t>(entry.id % kIDsInBlock);
+                if (!mask.test(place)) continue;
+                Await(place, entry.place.size);
+                mask.reset(place);
+            }
+        }
+        for (std::size_t place = mask._Find_first(); place < mask.size();
+             place = mask._Find_next(place))
+            Await(place, 0);
+        if (isInOrder_) std::ranges::sort(waiting_, ComesBefore);
+    }
+
+    void Await(std::size_t place, std::size_t nameSize) {
+        waiting_.push_back({walk_.Kind(), tier_,
+                            walk_.Block() * kIDsInBlock + static_cast<std::int32_t>(place),
+                            static_cast<std::uint32_t>(nameSize)});
+    }
+
+    void AssumeSlips() {
+        for (PlannedTerm& term : plan_.terms)
+            term.bySlip.Of(walk_.Kind()).Replace(walk_.Block(), ~BlockMask());
+    }
+
+    BlockMask RowsWithTextOfTier(std::size_t candidates) {
+        switch (tier_) {
+            case QuickTier::Comment:
+                return RowsWithText(QuickText::Comment, candidates);
+            case QuickTier::Code:
+                return RowsWithText(QuickText::Code, candidates);
+            case QuickTier::Slip:
+                FindSlips(plan_, walk_.Names(), walk_.Kind(), walk_.Block());
+                return CandidatesOf(plan_, tier_, walk_.Kind(), walk_.Block());
+            default:
+                return ~BlockMask();
+        }
     }
 
     /// Where the index knows no list for a word, the texts of the block are looked through in one
-    /// go: much quicker than to read all rows and look at each.
-    BlockMask RowsWithTextOfTier() const {
-        if (tier_ != QuickTier::Comment && tier_ != QuickTier::Code) return ~BlockMask();
-        const QuickText text = tier_ == QuickTier::Comment ? QuickText::Comment : QuickText::Code;
+    /// go: much quicker than to read many rows and look at each.
+    BlockMask RowsWithText(QuickText text, std::size_t candidates) const {
+        constexpr std::size_t kMany = 128;
+        if (candidates < kMany) return ~BlockMask();
         BlockMask mask;
         for (const PlannedTerm& term : plan_.terms) {
             if (term.isNegated || !term.IsLookedForIn(text)) continue;
             const CandidateRows& rows = term.In(text);
-            mask |= rows.isEverything ? RowsOfBlockWithText(plan_.db, Kind(), text,
-                                                            term.pattern->Literal(), block_)
-                                      : rows.Of(Kind()).Block(block_);
+            mask |= rows.IsKnown(walk_.Kind())
+                        ? rows.Of(walk_.Kind()).Block(walk_.Block())
+                        : RowsOfBlockWithText(plan_.db, walk_.Kind(), text, term.pattern->Literal(),
+                                              walk_.Block());
         }
         return mask;
     }
 
-    void LookAt(std::int32_t id) {
-        auto row = NodeRow::Read(plan_.db, Kind(), id);
+    void LookAt(FoundRow found) {
+        auto row = NodeRow::Read(plan_.db, found.kind, found.id);
         if (!row || TierOfRow(plan_, *row, tier_) != tier_) return;
-        ofBlock_.push_back({Kind(), tier_, id, static_cast<std::uint32_t>(row->Name().size())});
+        found.nameSize = static_cast<std::uint32_t>(row->Name().size());
+        (isInOrder_ ? found_ : ofBlock_).push_back(found);
     }
 
     void FinishBlock() {
         std::ranges::sort(ofBlock_, ComesBefore);
         found_.insert(found_.end(), ofBlock_.begin(), ofBlock_.end());
         ofBlock_.clear();
+        waiting_.clear();
+        next_ = 0;
     }
-
-    QuickKind Kind() const { return static_cast<QuickKind>(level_); }
 
     QuickPlan& plan_;
     QuickTier tier_;
     FoundRows& found_;
-    std::size_t level_ = 0;
-    std::int32_t block_;
-    BlockMask waiting_;  // what is left of the block
-    std::size_t place_ = 0;
+    /// Behind the block that is looked at.
+    BlockWalk walk_;
+    FoundRows waiting_;
+    std::size_t next_ = 0;
+    bool isInOrder_ = false;
+    /// Where the rows are not looked at in their order.
     FoundRows ofBlock_;
 };
 

@@ -66,9 +66,11 @@ void QuickTokens::SkipWhiteSpace() {
         ++position_;
 }
 
+/// At the end, behind something else, what it takes back has still to be typed.
 bool QuickTokens::IsMinus() const {
-    return entry_[position_] == '-' && position_ + 1 < entry_.size() &&
-           CanBeNegated(entry_[position_ + 1]);
+    if (entry_[position_] != '-') return false;
+    const bool isLast = position_ + 1 == entry_.size();
+    return isLast ? position_ > 0 : CanBeNegated(entry_[position_ + 1]);
 }
 
 /// A quotation mark inside a phrase is written twice.

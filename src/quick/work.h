@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "quick/name_block.h"
 #include "quick/plan.h"
 
 namespace snippetarium {
@@ -50,8 +51,8 @@ std::unique_ptr<QuickWork> LookUpTexts(QuickPlan& plan, std::size_t term, QuickT
 /// Finds the names with the terms, and the hits by their names alone.
 std::unique_ptr<QuickWork> FindByNames(QuickPlan& plan, FoundRows& found);
 
-/// Finds the names that are a slip away from a term.
-std::unique_ptr<QuickWork> LookUpSlips(QuickPlan& plan);
+/// Finds the names of a block that are a slip away from a term.
+void FindSlips(QuickPlan& plan, NameBlock& names, QuickKind kind, std::int32_t block);
 
 /// Goes through the candidates of one tier, the newest first, and finds its hits.
 std::unique_ptr<QuickWork> FindByTier(QuickPlan& plan, QuickTier tier, FoundRows& found);

@@ -50,6 +50,8 @@ TextColumn ColumnOf(TextKind kind) {
             return {"tblCode", "code"};
         case TextKind::CodeComment:
             return {"tblCode", "codeComment"};
+        case TextKind::Keyword:
+            return {"tblKeyword", "keyword"};
     }
     return {};
 }
@@ -121,8 +123,8 @@ std::string TextIndexResetScript() {
     return script;
 }
 
-TextCandidates CandidatesFor(Database& db, TextKind kind, std::string_view literal) {
-    return db.GetConnection().FindTextCandidates(ColumnOf(kind), literal);
+TextScan ScanFor(TextKind kind, std::string_view literal, ShortTexts shortTexts) {
+    return {ColumnOf(kind), literal, shortTexts};
 }
 
 bool TendTextIndex(Database& db) {

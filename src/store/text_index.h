@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/text_index.h"
+#include "engine/text_scan.h"
 
 namespace snippetarium {
 
@@ -22,6 +23,7 @@ enum class TextKind : std::uint8_t {
     CodeName,
     Code,
     CodeComment,
+    Keyword,
 };
 
 /// The tables and columns of the index, for the connection.
@@ -30,10 +32,9 @@ std::span<const IndexedTable> IndexedTexts();
 /// A script in the engine's own SQL that leaves an index with nothing in it.
 std::string TextIndexResetScript();
 
-/// The IDs of the applications, classes or procedures whose text of this kind may hold the literal,
-/// without regard to case. The literal is taken as it is: it knows no wildcards. See TextCandidates
-/// for what is promised; nothing for a literal of less than three characters. Throws EngineError.
-TextCandidates CandidatesFor(Database& db, TextKind kind, std::string_view literal);
+/// A scan for the IDs of the applications, classes or procedures whose text of this kind may hold
+/// the literal, without regard to case. See TextScan for what is promised.
+TextScan ScanFor(TextKind kind, std::string_view literal, ShortTexts shortTexts);
 
 /// Does a little of what the index has to do: takes in rows that wait, merges segments. Call it
 /// again and again while the program has nothing else to do; one call takes some 10 milliseconds.

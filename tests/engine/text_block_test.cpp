@@ -114,21 +114,30 @@ TEST(TextBlock, NeverTakesDamageForAKeyWithoutAList) {
     }
 }
 
-TEST(PostingList, KeepsWhatIsCommonToBoth) {
+TEST(PostingList, BecomesASetOfWhichThatIsKeptWhatIsCommonToBoth) {
     RandomText random({""}, 5);
     for (int round = 0; round < 300; ++round) {
-        std::vector<std::uint32_t> sets[2];
-        for (auto& set : sets) {
-            std::uint32_t id = 0;
+        const auto base = static_cast<std::uint32_t>(random.Below(5'000));
+        std::vector<std::uint32_t> lists[2];
+        IdSet sets[2];
+        for (std::size_t i = 0; i < 2; ++i) {
+            std::uint32_t id = base;
             for (std::size_t count = random.Below(60); count > 0; --count) {
                 id += static_cast<std::uint32_t>(random.Below(round % 3 == 0 ? 100'000 : 4)) + 1;
-                set.push_back(id);
+                lists[i].push_back(id);
             }
+            std::vector<std::uint32_t> distances = lists[i];
+            for (std::uint32_t& distance : distances)
+                distance -= base;
+            AddPostings(EncodePostings(distances), base, sets[i]);
+            EXPECT_EQ(sets[i].Count(), lists[i].size());
         }
         std::vector<std::uint32_t> common;
-        std::ranges::set_intersection(sets[0], sets[1], std::back_inserter(common));
-        KeepCommon(sets[0], EncodePostings(sets[1]));
-        EXPECT_EQ(sets[0], common);
+        std::ranges::set_intersection(lists[0], lists[1], std::back_inserter(common));
+        sets[0].KeepCommon(sets[1]);
+        std::vector<std::uint32_t> kept;
+        sets[0].ForEach([&](std::int64_t id) { kept.push_back(static_cast<std::uint32_t>(id)); });
+        EXPECT_EQ(kept, common);
     }
 }
 

@@ -167,9 +167,11 @@ TEST_F(ListCommandsTest, ASearchWordIsEditedInTheIndexWhichKeepsItsPlace) {
     Item("tbrIndex").trigger();
     auto& index = Get<QListView>("lstIndex");
     WaitUntil([&] { return Get<QLabel>("lblIndex").isHidden(); });
-    InDialog([](QWidget& dialog) { Find<QPushButton>(dialog, "cmdClose").click(); });
-    Item("mnuEditNoise").trigger();
-    InDialog([](QWidget& dialog) { Find<QPushButton>(dialog, "cmdClose").click(); });
+    InDialog([](QWidget& dialog) {
+        Find<QLineEdit>(dialog, "txtLanguage").setText("Zig");
+        Find<QPushButton>(dialog, "cmdAdd").click();
+        Find<QPushButton>(dialog, "cmdClose").click();
+    });
     Item("mnuEditLanguage").trigger();  // after it all lists are read anew
     Get<QLineEdit>("txtIndex").setText("zebra");
     emit Get<QLineEdit>("txtIndex").textEdited("zebra");

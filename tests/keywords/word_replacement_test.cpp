@@ -26,7 +26,7 @@ void ForEachText(std::string_view alphabet, std::size_t length, const Use& use,
 }
 
 TEST(ReplaceWord, ReplacesTheWordWhereverItIsOneAndNothingElse) {
-    ForEachText("aB ,'-", 6, [](const std::string& keyword) {
+    ForEachText("aB ,'-", 5, [](const std::string& keyword) {
         std::vector<std::string> expected = WordsOf(keyword);
         for (std::string& word : expected) {
             if (word == "B") word = "long";

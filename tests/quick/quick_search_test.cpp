@@ -139,6 +139,38 @@ TEST_F(QuickSearchTest, EndsWithOneMessageWhenTheCatalogueFails) {
     EXPECT_FALSE(search.Total().has_value());
 }
 
+TEST_F(QuickSearchTest, FindsOnlySlipsOfAWordOfWhichAPartMustNotBeThere) {
+    db_.GetConnection().RunScript(
+        "INSERT INTO tblApplication(appID, appName, appComment) VALUES (2, 'Paint', '');"
+        "INSERT INTO tblClass(classID, className, appID) VALUES (2, 'Grid', 2);"
+        "INSERT INTO tblKeyword VALUES (1, 'stream reader', 1);"
+        "INSERT INTO tblSearchWord VALUES (1, 'reader');"
+        "INSERT INTO tblKeyword_link_searchWord VALUES (1, 1);"
+        "INSERT INTO tblCode VALUES (1, 'Stream', 'x', '', 2, 0), (2, 'Steam', 'x', '', 2, 1), "
+        "(3, 'Draw', 'read a stream', '', 2, 0);");
+    const struct {
+        std::string_view entry;
+        std::vector<std::string> found;
+    } cases[] = {
+        {"stream", {"a2f2c1", "a2f2c3", "a2f2c2"}},
+        {"stream -re", {}},
+        {"stream -rea", {}},
+        {"stream -tre", {"a2f2c2"}},
+        {"(stream or draw) -tre", {"a2f2c2"}},
+        {"(stream or draw) -name:tre", {"a2f2c3", "a2f2c2"}},
+        {"\"stream re\" -am", {}},
+        {"\"stream re\" -reader", {}},
+        {"\"stream re\" -\"am re\"", {}},
+        {"\"stream re\" -str", {"a2f2c2"}},
+        {"stream -t?e", {"a2f2c2"}},
+    };
+    for (const auto& [entry, found] : cases) {
+        QuickSearch search(db_, entry);
+        Finish(search);
+        EXPECT_EQ(KeysOf(search), found) << entry;
+    }
+}
+
 TEST_F(QuickSearchTest, FindsNothingForNothing) {
     for (const std::string_view entry : {"", "  ", "or", "(", "name:", "*"}) {
         QuickSearch search(db_, entry);

@@ -79,6 +79,19 @@ class TextIndexSearchTest : public TextIndexFixture {
         return std::to_string(row[std::size_t{0}].Long());
     }
 
+    /// The procedures whose code holds the literal; for one of two letters, and more than that.
+    std::vector<std::int64_t> HoldersOf(const std::string& literal) {
+        std::vector<std::int64_t> holders;
+        Recordset row = plain_.ExecuteSearch("SELECT codeID, code FROM tblCode ORDER BY codeID");
+        for (; !row.EndOfFile(); row.MoveNext()) {
+            const std::string code = FoldCase(row["code"].Text());
+            const bool isShort = literal.size() == 2 && code.size() == 2;
+            const bool isHolder = code.find(FoldCase(literal)) != std::string::npos;
+            if (isHolder && !isShort) holders.push_back(row["codeID"].Integer64());
+        }
+        return holders;
+    }
+
     void Change() {
         switch (random_.Below(9)) {
             case 0:
@@ -180,24 +193,66 @@ TEST_F(TextIndexSearchTest, HasCandidatesThatHoldEveryLiteralAndLittleElse) {
     Tend();
     std::size_t candidates = 0;
     std::size_t holders = 0;
+    std::size_t pairs = 0;
     for (int i = 0; i < 300; ++i) {
         const std::string literal = random_.Pieces(1 + random_.Below(3));
-        const TextCandidates found = CandidatesFor(db_, TextKind::Code, literal);
+        const TextCandidates found = FindCandidates(literal, ShortTexts::MayBeMissing);
+        const std::vector<std::int64_t> expected = HoldersOf(literal);
         if (CharacterCount(literal) < 3) {
-            EXPECT_FALSE(found);
-            continue;
+            if (!found) continue;
+            EXPECT_EQ(literal.size(), 2U) << "two characters of ASCII";
+            ++pairs;
+        } else {
+            ASSERT_TRUE(found) << literal;
+            candidates += found->size();
+            holders += expected.size();
         }
-        ASSERT_TRUE(found) << literal;
-        EXPECT_TRUE(std::ranges::is_sorted(*found));
-        candidates += found->size();
-        Recordset row = plain_.ExecuteSearch("SELECT codeID, code FROM tblCode");
-        for (; !row.EndOfFile(); row.MoveNext()) {
-            if (FoldCase(row["code"].Text()).find(FoldCase(literal)) == std::string::npos) continue;
-            ++holders;
-            EXPECT_TRUE(std::ranges::binary_search(*found, row["codeID"].Integer64())) << literal;
-        }
+        EXPECT_TRUE(std::ranges::includes(*found, expected)) << literal;
     }
     EXPECT_LT(candidates, holders + holders / 10);
+    EXPECT_GT(pairs, 5U);
+}
+
+TEST_F(TextIndexSearchTest, FindsTextsOfTwoLettersOrCannotTell) {
+    const auto add = [this](std::string_view code) {
+        ExecuteSQL(db_, "INSERT INTO tblCode (codeName, code, classID) VALUES ('n', '" +
+                            std::string(code) + "', 1)");
+    };
+    const auto candidates = [this] {
+        return FindCandidates("hn", ShortTexts::AreFound).value_or(std::vector<std::int64_t>{-1});
+    };
+    using IDs = std::vector<std::int64_t>;
+    for (int i = 0; i < 100; ++i)
+        add("Sub a\r\nEnd Sub");
+    add("\r\nHN");
+    add("hn\r\n");
+    Tend();
+    EXPECT_EQ(candidates(), (IDs{101, 102})) << "all texts have line breaks";
+    ExecuteSQL(db_, "UPDATE tblCode SET code = 'hn' WHERE codeID = 7");
+    EXPECT_EQ(candidates(), (IDs{7, 101, 102})) << "a row that waits is looked at";
+    Tend();
+    EXPECT_EQ(candidates(), IDs{-1});
+    ExecuteSQL(db_, "UPDATE tblCode SET code = 'Sub b\r\nEnd Sub' WHERE codeID = 7");
+    Tend();
+    EXPECT_EQ(candidates(), IDs{-1}) << "the segment of the short text is still there";
+}
+
+TEST_F(TextIndexSearchTest, ScansAnIndexThatChangesBetweenThePieces) {
+    AddProcedures(200, random_);
+    Tend();
+    for (int i = 0; i < 40; ++i) {
+        const std::string literal = random_.Pieces(2 + random_.Below(3));
+        const std::vector<std::int64_t> expected = HoldersOf(literal);
+        TextScan scan({"tblCode", "code"}, literal, ShortTexts::AreFound, 1);
+        int pieces = 0;
+        while (db_.GetConnection().Advance(scan)) {
+            if (++pieces % 2 == 0) AddProcedures(5, random_);
+            db_.GetConnection().TendTextIndex(TendingPace::ToTheEnd);
+        }
+        EXPECT_LT(pieces, 100) << "a scan comes to its end";
+        const TextCandidates found = scan.Candidates();
+        EXPECT_TRUE(!found || std::ranges::includes(*found, expected)) << literal;
+    }
 }
 
 }  // namespace

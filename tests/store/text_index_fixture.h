@@ -86,6 +86,15 @@ class TextIndexFixture : public OpenCatalogueFixture {
         return IndexedRows("SELECT cd.codeID FROM tblCode cd WHERE cd.code LIKE '" + pattern + "'");
     }
 
+    /// The procedures whose code may hold the literal.
+    TextCandidates FindCandidates(std::string_view literal,
+                                  ShortTexts shortTexts = ShortTexts::AreFound) {
+        TextScan scan = ScanFor(TextKind::Code, literal, shortTexts);
+        while (db_.GetConnection().Advance(scan)) {
+        }
+        return scan.Candidates();
+    }
+
     Connection plain_;
 };
 

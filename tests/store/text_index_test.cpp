@@ -94,7 +94,7 @@ TEST_F(TextIndexTest, LosesNothingByDamageAndSaysSo) {
         EXPECT_EQ(Findings(FindingKind::DamagedTextIndex), 0U);
         RunScript(damage);
         EXPECT_EQ(CodeLike("%GRID%"), expected) << damage;
-        EXPECT_FALSE(CandidatesFor(db_, TextKind::Code, "grid")) << damage;
+        EXPECT_FALSE(FindCandidates("grid")) << damage;
         EXPECT_GT(Findings(FindingKind::DamagedTextIndex), 0U) << damage;
         EXPECT_EQ(Findings(FindingKind::NotChecked), 0U) << damage;
     }

@@ -24,9 +24,7 @@ class WatchedSession final : public Session {
     Recordset NamedSearch(std::string_view name, std::span<const Parameter> parameters) override {
         return session_.NamedSearch(name, parameters);
     }
-    TextCandidates FindTextCandidates(const TextColumn& column, std::string_view literal) override {
-        return session_.FindTextCandidates(column, literal);
-    }
+    bool Advance(TextScan& scan) override { return session_.Advance(scan); }
     bool TendTextIndex(TendingPace pace) override { return session_.TendTextIndex(pace); }
     std::unique_ptr<RowCursor> OpenCursor(std::string_view sql,
                                           std::span<const BoundValue> values) override {
