@@ -104,8 +104,10 @@ void CodeEdit::SetLanguage(std::int32_t languageID) {
 }
 
 void CodeEdit::OnContentsChange(int position, int removed, int added) {
+    SuspendColouring();
     const QTextBlock line = document()->findBlock(position);
-    line.layout()->setFormats(Moved(line, position - line.position(), removed, added));
+    if (line.isValid())
+        line.layout()->setFormats(Moved(line, position - line.position(), removed, added));
     colouring_.start(
         std::min(kLongestPause, document()->characterCount() / kCharactersPerMillisecond));
 }

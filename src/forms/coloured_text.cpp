@@ -55,12 +55,22 @@ void ColouredText::ShowText(std::string text, std::int32_t languageID,
     Begin(std::move(text), languageID, skipped);
     setPlainText(ToQt(text_));
     PlaceNumbers();
-    WorkFor(kFirstStep);
+    Resume(kFirstStep);
 }
 
 void ColouredText::Recolour(std::string text, std::int32_t languageID) {
     Begin(std::move(text), languageID, {});
-    WorkFor(kNextStep);
+    Resume(kNextStep);
+}
+
+void ColouredText::SuspendColouring() {
+    work_.stop();
+    isSuspended_ = true;
+}
+
+void ColouredText::Resume(std::chrono::milliseconds time) {
+    isSuspended_ = false;
+    WorkFor(time);
 }
 
 void ColouredText::SetNumbered(bool isNumbered) {
@@ -87,6 +97,7 @@ void ColouredText::WorkFor(std::chrono::milliseconds time) {
 }
 
 void ColouredText::ColourVisible() {
+    if (isSuspended_) return;
     const int bottom = viewport()->height();
     for (QTextBlock block = firstVisibleBlock(); block.isValid(); block = block.next()) {
         if (blockBoundingGeometry(block).translated(contentOffset()).top() > bottom) return;

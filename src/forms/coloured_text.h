@@ -29,9 +29,11 @@ class ColouredText : public QPlainTextEdit {
     /// Shows this text, whose lines end in LF. `skipped` as the highlighter takes it.
     void ShowText(std::string text, std::int32_t languageID,
                   std::span<const TextRange> skipped = {});
-    /// Colours what is shown, which is this text. Lines keep the colours that they have until the
-    /// new ones are known.
+    /// Colours what is shown, which is this text.
     void Recolour(std::string text, std::int32_t languageID);
+    /// The text is not the one that is being coloured any more: lines keep the colours that they
+    /// have until Recolour.
+    void SuspendColouring();
     /// Whether there is a margin with numbers.
     void SetNumbered(bool isNumbered);
     bool IsNumbered() const { return isNumbered_; }
@@ -42,6 +44,7 @@ class ColouredText : public QPlainTextEdit {
 
   private:
     void Begin(std::string text, std::int32_t languageID, std::span<const TextRange> skipped);
+    void Resume(std::chrono::milliseconds time);
     void WorkFor(std::chrono::milliseconds time);
     void ColourVisible();
     bool Colour(const QTextBlock& block);
@@ -54,6 +57,7 @@ class ColouredText : public QPlainTextEdit {
     QTimer work_;
     QWidget* numbers_;
     bool isNumbered_ = false;
+    bool isSuspended_ = false;
     /// What a line's state says when it has its colours; another number for other colours.
     int round_ = 0;
 };

@@ -1,6 +1,6 @@
 #include "forms/editor_windows.h"
 
-#include <algorithm>
+#include <utility>
 
 #include "editors/application_editor.h"
 #include "editors/class_editor.h"
@@ -41,20 +41,23 @@ std::unique_ptr<RecordEditor> EditorOf(Database& db, const NoiseWords& noise, co
     return OpenCodeEditor(db, noise, owner.id);
 }
 
+/// The editor as what its kind says it is.
+template <typename Editor>
+std::unique_ptr<Editor> As(std::unique_ptr<RecordEditor> editor) {
+    return std::unique_ptr<Editor>(static_cast<Editor*>(editor.release()));
+}
+
 /// `appID` as fCode takes it.
 EditorWindow* WindowFor(Database& db, std::unique_ptr<RecordEditor> editor, std::int32_t appID) {
-    const auto as = [&editor]<typename Editor>(std::unique_ptr<Editor>) {
-        return std::unique_ptr<Editor>(static_cast<Editor*>(editor.release()));
-    };
     switch (editor->Kind()) {
         case OwnerKind::Application:
-            return new fApplication(db, as(std::unique_ptr<ApplicationEditor>()));
+            return new fApplication(db, As<ApplicationEditor>(std::move(editor)));
         case OwnerKind::Class:
-            return new fClass(db, as(std::unique_ptr<ClassEditor>()));
+            return new fClass(db, As<ClassEditor>(std::move(editor)));
         case OwnerKind::Procedure:
             break;
     }
-    return new fCode(db, as(std::unique_ptr<CodeEditor>()), appID);
+    return new fCode(db, As<CodeEditor>(std::move(editor)), appID);
 }
 
 }  // namespace
