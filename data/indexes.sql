@@ -14,14 +14,15 @@ CREATE INDEX ixClassLanguage ON tblClass(languageID, appID, className, keywordID
 CREATE INDEX ixClassComment ON tblClass(classComment, appID, languageID, className)
     WHERE classComment IS NOT NULL;
 
+-- A procedure gets its keywords after it was added, and each index that has them is written anew
+-- then: ixCodeName has the most scattered places and goes without.
 CREATE INDEX ixCodeClass ON tblCode(classID, codeName, keywordID);
-CREATE INDEX ixCodeKeyword ON tblCode(keywordID, classID, codeName);
-CREATE INDEX ixCodeName ON tblCode(codeName, classID, keywordID);
+CREATE INDEX ixCodeKeyword ON tblCode(keywordID, classID, codeName) WHERE keywordID IS NOT NULL;
+CREATE INDEX ixCodeName ON tblCode(codeName, classID);
 CREATE INDEX ixCodeComment ON tblCode(codeComment, classID, codeName) WHERE codeComment IS NOT NULL;
 
 CREATE INDEX ixSearchWord ON tblSearchWord(searchWord);
-CREATE INDEX ixKeywordWords ON tblKeyword_link_searchWord(keywordID, searchWordID);
-CREATE INDEX ixWordKeywords ON tblKeyword_link_searchWord(searchWordID, keywordID);
+CREATE INDEX ixWordKeywords ON tblKeyword_link_searchWord(searchWordID);
 CREATE INDEX ixCommonWord ON tblCommonWord(commonWord);
 
 CREATE INDEX ixAuthorName ON tblAuthor(authorLName, authorFName, authorMName);
@@ -38,6 +39,7 @@ CREATE INDEX ixFavoriteClass ON tblFavorite(classID);
 CREATE INDEX ixFavoriteCode ON tblFavorite(codeID);
 
 CREATE UNIQUE INDEX ixOverlong ON tblOverlong(ownerID, ownerTableID, part);
+CREATE UNIQUE INDEX ixNameBlock ON tblNameBlock(ownerTableID, block);
 
 -- The trash is read one entry at a time.
 CREATE INDEX ixTrashApplication ON tblTrashApplication(trashID, appID);
@@ -55,3 +57,6 @@ CREATE INDEX ixTrashCodeLanguage ON tblTrashCodeLanguage(trashID, codeID);
 CREATE INDEX ixTrashFavorite ON tblTrashFavorite(trashID);
 CREATE INDEX ixTrashSourceForm ON tblTrashSourceForm(trashID);
 CREATE INDEX ixTrashOverlong ON tblTrashOverlong(trashID);
+
+-- A draft is read and replaced whole.
+CREATE UNIQUE INDEX ixDraftText ON tblDraftText(draftID, field);

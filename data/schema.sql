@@ -56,10 +56,14 @@ CREATE TABLE tblSearchWord(
     searchWord TEXT NOT NULL COLLATE CATNC
 );
 
+-- A word is linked to a keyword once; to link it again changes nothing. Rows are kept in the order
+-- of their key, without numbers of their own: of all that storing a procedure writes, the links of
+-- its words are the most.
 CREATE TABLE tblKeyword_link_searchWord(
     keywordID INTEGER NOT NULL,
-    searchWordID INTEGER NOT NULL
-);
+    searchWordID INTEGER NOT NULL,
+    PRIMARY KEY (keywordID, searchWordID) ON CONFLICT IGNORE
+) WITHOUT ROWID;
 
 CREATE TABLE tblSeparator(
     separatorID INTEGER PRIMARY KEY,
@@ -355,10 +359,31 @@ CREATE TABLE tblTextDirty(
 -- for the name's length in bytes, `names` the names with a line break between. A block that is not
 -- here has to be read from its table: triggers remove it when a row of it changes, and make it when
 -- its last ID has been given.
+--
+-- The key stands in an index of its own: in a table that is its own index, each look for a block
+-- would read through the names of those it passes.
 CREATE TABLE tblNameBlock(
     ownerTableID INTEGER NOT NULL,
     block INTEGER NOT NULL,
     entries TEXT NOT NULL COLLATE CATNC,
-    names TEXT NOT NULL COLLATE CATNC,
-    PRIMARY KEY (ownerTableID, block)
-) WITHOUT ROWID;
+    names TEXT NOT NULL COLLATE CATNC
+);
+
+-- What was typed into the editors of applications, classes and procedures and is not stored yet,
+-- so that a crash does not take it. kind and ownerID are what is edited, as in tblTrash; ownerID is
+-- 0 where it is new.
+CREATE TABLE tblDraft(
+    draftID INTEGER PRIMARY KEY AUTOINCREMENT,
+    savedOn TEXT NOT NULL COLLATE CATNC,
+    kind INTEGER NOT NULL,
+    ownerID INTEGER NOT NULL,
+    name TEXT NOT NULL COLLATE CATNC
+);
+
+-- Every field of an editor. `loaded` is what had been stored, where the field was changed.
+CREATE TABLE tblDraftText(
+    draftID INTEGER NOT NULL,
+    field TEXT NOT NULL COLLATE CATNC,
+    text TEXT NOT NULL COLLATE CATNC,
+    loaded TEXT COLLATE CATNC
+);

@@ -23,13 +23,13 @@ INSERT INTO sqlite_stat1(tbl, idx, stat) VALUES
     ('tblClass', 'ixClassLanguage', '50000 6000 3 1 1'),
     ('tblClass', 'ixClassComment', '20000 1 1 1 1'),
     ('tblCode', 'ixCodeClass', '1000000 20 1 1'),
-    ('tblCode', 'ixCodeKeyword', '1000000 3 3 1'),
-    ('tblCode', 'ixCodeName', '1000000 2 1 1'),
+    ('tblCode', 'ixCodeKeyword', '300000 3 3 1'),
+    ('tblCode', 'ixCodeName', '1000000 2 1'),
     ('tblCode', 'ixCodeComment', '40000 2 1 1'),
     ('tblKeyword', NULL, '40000'),
     ('tblSearchWord', 'ixSearchWord', '20000 1'),
-    ('tblKeyword_link_searchWord', 'ixKeywordWords', '1600000 4 1'),
-    ('tblKeyword_link_searchWord', 'ixWordKeywords', '1600000 13 1'),
+    ('tblKeyword_link_searchWord', 'tblKeyword_link_searchWord', '1600000 4 1'),
+    ('tblKeyword_link_searchWord', 'ixWordKeywords', '1600000 13'),
     ('tblSeparator', NULL, '5'),
     ('tblAuthor', 'ixAuthorName', '100 1 1 1'),
     ('tbl_Author_Link', 'ixAuthorOwners', '400000 200 100 1'),
@@ -69,5 +69,7 @@ INSERT INTO sqlite_stat1(tbl, idx, stat) VALUES
     ('tblTextSegment', NULL, '30'),
     ('tblTextBlock', NULL, '100000'),
     ('tblTextDirty', 'tblTextDirty', '100 40 1'),
-    ('tblNameBlock', 'tblNameBlock', '1000 300 1');
+    ('tblNameBlock', 'ixNameBlock', '1000 300 1'),
+    ('tblDraft', NULL, '5'),
+    ('tblDraftText', 'ixDraftText', '50 10 1');
 ANALYZE sqlite_schema;

@@ -7,13 +7,35 @@
 -- would write the row and its indexes anew just before they go. Should the deletion not come so
 -- far, the ID is taken away when the class leaves the list tblClassesToEmpty, and before that when
 -- a new keyword gets it.
-CREATE TRIGGER trgKeywordDeleted AFTER DELETE ON tblKeyword
+--
+-- A trigger that finds nothing to do is cheap where a condition says so: to begin an UPDATE the
+-- library opens the table and all its indexes, three times the work of the look into one of them.
+CREATE TRIGGER trgApplicationKeywordDeleted AFTER DELETE ON tblKeyword
+WHEN EXISTS (SELECT 1 FROM tblApplication WHERE keywordID = old.keywordID)
 BEGIN
     UPDATE tblApplication SET keywordID = NULL WHERE keywordID = old.keywordID;
+END;
+
+CREATE TRIGGER trgClassKeywordDeleted AFTER DELETE ON tblKeyword
+WHEN EXISTS (SELECT 1 FROM tblClass WHERE keywordID = old.keywordID)
+BEGIN
     UPDATE tblClass SET keywordID = NULL WHERE keywordID = old.keywordID;
+END;
+
+CREATE TRIGGER trgCodeKeywordDeleted AFTER DELETE ON tblKeyword
+WHEN EXISTS (
+    SELECT 1 FROM tblCode
+    WHERE keywordID = old.keywordID
+        AND classID NOT IN (SELECT classID FROM tblClassesToEmpty))
+BEGIN
     UPDATE tblCode SET keywordID = NULL
     WHERE keywordID = old.keywordID
         AND classID NOT IN (SELECT classID FROM tblClassesToEmpty);
+END;
+
+CREATE TRIGGER trgKeywordLinksDeleted AFTER DELETE ON tblKeyword
+WHEN EXISTS (SELECT 1 FROM tblKeyword_link_searchWord WHERE keywordID = old.keywordID)
+BEGIN
     DELETE FROM tblKeyword_link_searchWord WHERE keywordID = old.keywordID;
 END;
 
@@ -246,4 +268,10 @@ CREATE TRIGGER trgKeywordTextChanged AFTER UPDATE OF keywordID, keyword ON tblKe
 WHEN new.keywordID <= (SELECT indexedTo FROM tblTextIndex WHERE ownerTableID = 4)
 BEGIN
     INSERT OR IGNORE INTO tblTextDirty VALUES (4, new.keywordID);
+END;
+
+-- A draft with its fields.
+CREATE TRIGGER trgDraftDeleted AFTER DELETE ON tblDraft
+BEGIN
+    DELETE FROM tblDraftText WHERE draftID = old.draftID;
 END;

@@ -17,6 +17,7 @@
 #include "cli/text_argument.h"
 #include "cli/text_table.h"
 #include "cli/usage_error.h"
+#include "editors/author_naming.h"
 #include "editors/author_text.h"
 #include "editors/catalogue_lists.h"
 #include "editors/owner_details.h"
@@ -122,9 +123,9 @@ void Rename(CommandContext& context) {
                     "There is no author with the number " + std::to_string(*authorID) + ".");
     }
     RequireDone(CheckDetailChanges(db, {.authors = std::vector{name}}));
-    UpdateAuthorName(db, *authorID, name);
+    const std::int32_t nowID = RenameAuthor(db, *authorID, name);
     if (context.WantsJson()) {
-        context.SetDocument({{"authorID", *authorID},
+        context.SetDocument({{"authorID", nowID},
                              {"first", name.first},
                              {"middle", name.middle},
                              {"last", name.last}});
@@ -151,7 +152,8 @@ constexpr CliCommand kAuthorsCommand = {
         "Lists all authors with how often each is named, or those of one application, class or "
         "procedure, and changes them.\n\n"
         "A name is written \"First Middle Last\" or \"Last, First Middle\". All who name the same "
-        "person share one author, so a name is mended once with --rename.",
+        "person share one author, so a name is mended once with --rename; with the name of another "
+        "author the two become one.",
     .arguments = kArguments,
     .options = kOptions,
     .examples = kExamples,

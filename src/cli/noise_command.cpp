@@ -5,11 +5,11 @@
 
 #include "cli/command_context.h"
 #include "cli/one_action.h"
+#include "cli/refused_error.h"
 #include "cli/text_argument.h"
 #include "cli/text_layout.h"
 #include "cli/text_table.h"
-#include "keywords/noise_words.h"
-#include "keywords/words.h"
+#include "editors/noise_word_list.h"
 #include "store/reads_other.h"
 #include "support/error.h"
 
@@ -44,26 +44,37 @@ void List(CommandContext& context) {
 }
 
 void Report(CommandContext& context, std::string_view done, const std::vector<std::string>& words) {
-    if (context.WantsJson()) return context.SetDocument({{"noiseWords", words}});
     for (const std::string& word : words)
         context.Output() << done << ": " << OneLine(word) << '\n';
 }
 
-/// The words of an entry, as they are stored.
-std::vector<std::string> WordsOf(const std::string& entry) {
-    const std::string separated = SeparateWords(entry);
-    const std::vector<std::string_view> words = SplitWords(separated);
-    return {words.begin(), words.end()};
+void ReportAdded(CommandContext& context, const NoiseWords& before,
+                 const std::vector<std::string>& words, const NoiseEffect& effect) {
+    std::vector<std::string> added;
+    std::vector<std::string> known;
+    for (const std::string& word : words)
+        (before.IsNoiseWord(word) ? known : added).push_back(word);
+    if (context.WantsJson())
+        return context.SetDocument({{"noiseWords", added},
+                                    {"alreadyNoiseWords", known},
+                                    {"changedKeywords", effect.keywords}});
+    Report(context, "Added", added);
+    Report(context, "Is a noise word already", known);
+    if (effect.keywords > 0) context.Output() << "Keywords changed: " << effect.keywords << '\n';
 }
 
 void Add(CommandContext& context, const std::string& entry) {
-    const std::vector<std::string> words = WordsOf(entry);
+    const std::vector<std::string> words = WordsToAdd(entry);
     if (words.empty())
         throw Error(error_number::kInvalidCall, "There is no word in '" + entry + "'.");
     Database& db = context.Catalogue(CatalogueUse::Change);
-    NoiseWords noise = LoadNoiseWords(db);
-    AddNoiseWord(db, noise, entry);
-    Report(context, "Added", words);
+    const NoiseWords before = LoadNoiseWords(db);
+    const NoiseEffect effect = EffectOfNoise(db, entry);
+    // Also where all are noise words already: what an addition that was cut off left undone is
+    // done then.
+    NoiseWords noise = before;
+    RequireDone(AddNoiseWord(db, noise, entry) > 0);
+    ReportAdded(context, before, words, effect);
 }
 
 void Delete(CommandContext& context, const std::string& word) {
@@ -72,6 +83,7 @@ void Delete(CommandContext& context, const std::string& word) {
         throw Error(error_number::kInvalidCall, "'" + word + "' is no noise word.");
     NoiseWords noise = LoadNoiseWords(db);
     DeleteNoiseWord(db, noise, word);
+    if (context.WantsJson()) return context.SetDocument({{"noiseWords", {word}}});
     Report(context, "Deleted", {word});
 }
 
@@ -89,7 +101,8 @@ constexpr CliCommand kNoiseCommand = {
     .summary = "list the noise words, add and delete them",
     .description =
         "Lists the noise words: words such as \"the\" that are never search words. A word that "
-        "becomes one is taken out of all keywords. Keywords that were saved while it was one keep "
+        "becomes one is taken out of all keywords, and it is said from how many. Keywords that "
+        "were saved while it was one keep "
         "lacking it until they are saved again.",
     .arguments = {},
     .options = kOptions,

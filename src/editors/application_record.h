@@ -17,6 +17,8 @@ struct ApplicationRecord {
     std::string path = {};
     std::string version = {};
     std::string comment = {};
+
+    bool operator==(const ApplicationRecord&) const = default;
 };
 
 /// Nothing where there is no such application, and on a failure.

@@ -22,6 +22,8 @@ struct ClassRecord {
     /// The class's own text, in which a marker stands for each procedure (export/markers.h).
     std::string declarations = {};
     std::string comment = {};
+
+    bool operator==(const ClassRecord&) const = default;
 };
 
 /// Nothing where there is no such class, and on a failure.

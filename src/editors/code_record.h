@@ -20,6 +20,8 @@ struct CodeRecord {
     std::int32_t languageID = 0;
     std::string code = {};
     std::string comment = {};
+
+    bool operator==(const CodeRecord&) const = default;
 };
 
 /// Nothing where there is no such procedure, and on a failure.

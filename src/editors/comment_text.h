@@ -6,8 +6,8 @@
 namespace snippetarium {
 
 /// What a comment says first, for a heading: the first line in which anything is left when the
-/// marks of comments, the frame and the blanks at both ends are taken off. Empty where there is
-/// none.
+/// marks of comments, the frame, the tags of documentation and the blanks at both ends are taken
+/// off. Empty where there is none.
 ///
 ///     '*******************
 ///     '  Draws the grid.      gives    Draws the grid.

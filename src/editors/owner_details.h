@@ -26,6 +26,8 @@ struct LinkedAuthor {
 struct KeywordEntry {
     std::string text = {};
     std::int32_t separatorID = 1;
+
+    bool operator==(const KeywordEntry&) const = default;
 };
 
 struct OwnerKeywords {

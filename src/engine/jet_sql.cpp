@@ -65,6 +65,8 @@ class Translator {
     void ReadStart(const SqlToken& verb);
     void ReadDeleteStart();
     void ReadDeleteFromJoin(const SqlToken& alias);
+    std::vector<std::string> KeyColumnsOf(std::string_view table) const;
+    void AppendList(const std::vector<std::string>& columns, std::string_view prefix);
     void ReadEnd(const SqlToken& end);
 
     void ReadToken(const SqlToken& token);
@@ -155,11 +157,29 @@ void Translator::ReadDeleteFromJoin(const SqlToken& alias) {
     }
     const SqlToken from = Expect("FROM");
     const SqlToken table = TableOfAlias(lexer_, alias);
-    result_.sql.append(" FROM ").append(table.text);
-    result_.sql.append(" WHERE rowid IN (SELECT ").append(alias.text).append(".rowid ");
+    const std::vector<std::string> key = KeyColumnsOf(table.Unquoted());
+    result_.sql.append(" FROM ").append(table.text).append(" WHERE (");
+    AppendList(key, {});
+    result_.sql.append(") IN (SELECT ");
+    AppendList(key, std::string(alias.text) + ".");
+    result_.sql += ' ';
     isDeleteFromJoin_ = true;
     done_ = from.offset;
     ReadToken(from);
+}
+
+std::vector<std::string> Translator::KeyColumnsOf(std::string_view table) const {
+    std::vector<std::string> key;
+    if (options_.keyColumnsOf) key = options_.keyColumnsOf(table);
+    if (key.empty()) key.emplace_back("rowid");
+    return key;
+}
+
+void Translator::AppendList(const std::vector<std::string>& columns, std::string_view prefix) {
+    for (const std::string& column : columns) {
+        if (&column != &columns.front()) result_.sql += ", ";
+        result_.sql.append(prefix).append(column);
+    }
 }
 
 void Translator::ReadEnd(const SqlToken& end) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,7 +15,10 @@ enum class StatementVerb : std::uint8_t { Select, Insert, Update, Delete, Alter 
 struct TranslationOptions {
     /// Names that stand for parameters where they occur in square brackets; letter case does not
     /// count.
-    std::vector<std::string> parameterNames;
+    std::vector<std::string> parameterNames = {};
+    /// The columns by which a table's rows are known. No function, or no column: by the number that
+    /// the engine gives each row.
+    std::function<std::vector<std::string>(std::string_view table)> keyColumnsOf = {};
 };
 
 /// A statement as the engine below understands it.
@@ -34,8 +38,8 @@ struct Translation {
 ///
 /// - #3/14/2001# becomes '2001-03-14' (engine/sql_dates.h).
 /// - DELETE x.* FROM a x INNER JOIN b ... becomes
-///   DELETE FROM a WHERE rowid IN (SELECT x.rowid FROM a x INNER JOIN b ...); DELETE * FROM loses
-///   its star.
+///   DELETE FROM a WHERE (rowid) IN (SELECT x.rowid FROM a x INNER JOIN b ...), with the table's
+///   key columns where its rows have no numbers; DELETE * FROM loses its star.
 /// - Brackets that group joins directly behind FROM become blanks (engine/join_brackets.h).
 /// - SELECT TOP 10 ... becomes SELECT ... LIMIT 10. Rows equal to the tenth are not added. Only for
 ///   the first SELECT of a statement without UNION.

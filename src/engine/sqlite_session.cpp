@@ -12,6 +12,7 @@
 #include "engine/jet_sql.h"
 #include "engine/open_for_reading.h"
 #include "engine/sqlite_cursor.h"
+#include "engine/table_layout.h"
 #include "support/paths.h"
 
 namespace snippetarium {
@@ -157,7 +158,12 @@ std::unique_ptr<RowCursor> SqliteSession::OpenCursor(std::string_view sql,
 }
 
 std::int64_t SqliteSession::Act(std::string_view text) {
-    const Translation translation = Translate(text, {});
+    TranslationOptions options;
+    options.keyColumnsOf = [this](std::string_view table) {
+        const StatementGuard::Scope scope(guard_, StatementPurpose::Internal);
+        return KeyWithoutRowNumbers(database_.get(), table);
+    };
+    const Translation translation = Translate(text, options);
     RequireVerb(translation, true);
     if (translation.verb == StatementVerb::Alter) {
         const StatementGuard::Scope scope(guard_, StatementPurpose::Alter);

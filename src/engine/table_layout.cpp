@@ -55,6 +55,20 @@ std::vector<TableLayout> ReadTableLayouts(sqlite3* database) {
     return layouts;
 }
 
+std::vector<std::string> KeyWithoutRowNumbers(sqlite3* database, std::string_view table) {
+    const StatementHandle statement = PrepareStatement(
+        database,
+        "SELECT c.name FROM pragma_table_list t, pragma_table_info(t.name) c "
+        "WHERE t.schema = 'main' AND t.name = ?1 COLLATE NOCASE AND t.wr AND c.pk > 0");
+    sqlite3_bind_text(statement.get(), 1, table.data(), static_cast<int>(table.size()),
+                      SQLITE_STATIC);
+    std::vector<std::string> key;
+    for (Recordset column = FetchRows(database, statement.get()); !column.EndOfFile();
+         column.MoveNext())
+        key.push_back(column[std::size_t{0}].Text());
+    return key;
+}
+
 void KeepCommonColumns(TableLayout& layout, const TableLayout& other) {
     std::erase_if(layout.columns, [&](const std::string& column) {
         return std::none_of(other.columns.begin(), other.columns.end(),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 struct sqlite3;
@@ -25,6 +26,10 @@ struct TableLayout {
 
 /// The layouts of all tables but the library's own. Throws EngineError.
 std::vector<TableLayout> ReadTableLayouts(sqlite3* database);
+
+/// The key of a table without row numbers, in the table's order; empty for all others, and where
+/// there is no such table. Throws EngineError.
+std::vector<std::string> KeyWithoutRowNumbers(sqlite3* database, std::string_view table);
 
 /// Takes out the columns that the other layout lacks.
 void KeepCommonColumns(TableLayout& layout, const TableLayout& other);

@@ -1,5 +1,7 @@
 #include "forms/fBookmark.h"
 
+#include <utility>
+
 #include "forms/handler.h"
 #include "forms/icons.h"
 #include "forms/qt_text.h"
@@ -23,6 +25,18 @@ fBookmark::fBookmark(Database& db, QWidget* parent)
 fBookmark::~fBookmark() = default;
 
 void fBookmark::Load() {
+    isStale_ = !isVisible();
+    if (!isStale_) Read();
+}
+
+void fBookmark::showEvent(QShowEvent* event) {
+    ChildPane::showEvent(event);
+    Handle(db_.Reporter(), form_procedure::BookmarkEvent, [this] {
+        if (std::exchange(isStale_, false)) Read();
+    });
+}
+
+void fBookmark::Read() {
     const ListedBookmark* const selected = Selected();
     const NodeIDs node = selected == nullptr ? NodeIDs{} : selected->node;
     bookmarks_.Load();

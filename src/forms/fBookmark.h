@@ -21,7 +21,8 @@ class fBookmark final : public ChildPane {
     fBookmark(Database& db, QWidget* parent);
     ~fBookmark() override;
 
-    /// Reads the bookmarks anew; the one that was selected stays so.
+    /// Reads the bookmarks anew, as soon as the pane can be seen; the one that was selected stays
+    /// so.
     void Load();
 
     bool HasBookmark() const;
@@ -36,13 +37,19 @@ class fBookmark final : public ChildPane {
     void SelectionChanged();
     void MenuRequested(const QPoint& globalPosition);
 
+  protected:
+    void showEvent(QShowEvent* event) override;
+
   private:
+    void Read();
     const ListedBookmark* Selected() const;
     void List(const NodeIDs& selected);
 
     Database& db_;
     BookmarkList bookmarks_;
     std::unique_ptr<Ui::fBookmark> ui_;
+    /// Whether the list is to be read when the pane is shown.
+    bool isStale_ = false;
 };
 
 }  // namespace snippetarium

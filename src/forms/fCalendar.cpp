@@ -1,5 +1,7 @@
 #include "forms/fCalendar.h"
 
+#include <QTextCharFormat>
+
 #include "forms/help_key.h"
 #include "navigator/help.h"
 #include "ui_fCalendar.h"
@@ -12,6 +14,9 @@ fCalendar::fCalendar(Database& db, const QDate& day, QWidget* parent)
     QCalendarWidget* const calendar = ui_->mvwCalendar;
     calendar->setDateRange(QDate(kFirstYear, 1, 1), QDate(kLastYear, 12, 31));
     calendar->setSelectedDate(day);
+    // The control's red for the weekend cannot be read on a dark background.
+    for (const Qt::DayOfWeek weekday : {Qt::Saturday, Qt::Sunday})
+        calendar->setWeekdayTextFormat(weekday, {});
     connect(calendar, &QCalendarWidget::activated, this, &QDialog::accept);
     connect(ui_->cmdToday, &QPushButton::clicked, this,
             [calendar] { calendar->setSelectedDate(QDate::currentDate()); });

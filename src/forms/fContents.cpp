@@ -1,23 +1,16 @@
 #include "forms/fContents.h"
 
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 
 #include "forms/contents_model.h"
 #include "forms/handler.h"
 #include "forms/qt_text.h"
+#include "forms/tree_opening.h"
 #include "store/database.h"
 #include "ui_fContents.h"
 
 namespace snippetarium {
-
-namespace {
-
-/// How long the typing of a filter may pause before the tree follows.
-constexpr int kTypingPause = 200;
-/// With more nodes than this, what a filter left is not opened by itself.
-constexpr int kMostOpened = 500;
-
-}  // namespace
 
 fContents::fContents(Database& db, QWidget* parent)
     : ChildPane(parent), db_(db), pane_(db), deletion_(db), ui_(std::make_unique<Ui::fContents>()) {
@@ -25,7 +18,7 @@ fContents::fContents(Database& db, QWidget* parent)
     model_ = new ContentsModel(pane_, this);
     ui_->trVwClass->setModel(model_);
     filterTimer_.setSingleShot(true);
-    filterTimer_.setInterval(kTypingPause);
+    filterTimer_.setInterval(kFilterPause);
     connect(&filterTimer_, &QTimer::timeout, this, &fContents::ApplyFilter);
     connect(ui_->txtFilter, &QLineEdit::textChanged, this, [this] { filterTimer_.start(); });
     connect(ui_->txtFilter, &QLineEdit::returnPressed, this, [this] {
@@ -43,6 +36,7 @@ ErrorReporter& fContents::Reporter() {
 
 void fContents::ConnectTree() {
     QTreeView* const tree = ui_->trVwClass;
+    tree->installEventFilter(this);
     connect(tree, &QTreeView::expanded, this, &fContents::OnExpanded);
     connect(tree, &QTreeView::doubleClicked, this, &fContents::OnDoubleClicked);
     connect(tree, &QTreeView::customContextMenuRequested, this, &fContents::OnContextMenu);
@@ -132,6 +126,30 @@ void fContents::FocusFilter() {
     ui_->txtFilter->selectAll();
 }
 
+bool fContents::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return ChildPane::eventFilter(watched, event);
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Down:
+        case Qt::Key_Up:
+            return SelectFirst();
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            OnDoubleClicked(ui_->trVwClass->currentIndex());
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool fContents::SelectFirst() {
+    QTreeView* const tree = ui_->trVwClass;
+    if (tree->selectionModel()->hasSelection() || model_->rowCount({}) == 0) return false;
+    // It may be the current one already, though nobody sees that: see OnCurrentChanged.
+    tree->setCurrentIndex({});
+    tree->setCurrentIndex(model_->index(0, 0, {}));
+    return true;
+}
+
 void fContents::OnExpanded(const QModelIndex& index) {
     ContentsItem* const item = ContentsModel::ItemAt(index);
     if (item == nullptr || isSelfMoving_) return;
@@ -167,8 +185,8 @@ void fContents::OnContextMenu(const QPoint& position) {
     const QModelIndex index = tree->indexAt(position);
     if (index.isValid()) tree->setCurrentIndex(index);
     const ContentsItem* const item = ContentsModel::ItemAt(index);
-    emit MenuRequested(item == nullptr ? NodeIDs{} : item->IDs(),
-                       tree->viewport()->mapToGlobal(position));
+    menuNode_ = item == nullptr ? NodeIDs{} : item->IDs();
+    emit MenuRequested(menuNode_, tree->viewport()->mapToGlobal(position));
 }
 
 void fContents::OnNameEntered(const NodeIDs& node, const QString& name) {
@@ -189,24 +207,9 @@ void fContents::ApplyFilter() {
         const QScopedValueRollback moving(isSelfMoving_, true);
         pane_.SetFilter(text);
         ui_->lblFilter->setVisible(pane_.IsFilterCut());
-        if (!text.empty()) ExpandFiltered();
+        if (!text.empty()) OpenLoaded(*ui_->trVwClass, *model_);
         ShowSelection();
     });
-}
-
-void fContents::ExpandFiltered() {
-    int opened = 0;
-    std::function<void(const QModelIndex&)> openBelow = [&](const QModelIndex& parent) {
-        for (int row = 0; row < model_->rowCount(parent); ++row) {
-            const QModelIndex index = model_->index(row, 0, parent);
-            const ContentsItem* const item = ContentsModel::ItemAt(index);
-            if (item->ChildCount() == 0 || item->IsUnloaded()) continue;
-            if (++opened > kMostOpened) return;
-            ui_->trVwClass->expand(index);
-            openBelow(index);
-        }
-    };
-    openBelow({});
 }
 
 }  // namespace snippetarium

@@ -37,6 +37,8 @@ class fContents final : public ChildPane {
 
     /// The current selection; all 0 for none.
     const NodeIDs& Selection() const { return pane_.Selection(); }
+    /// The node whose pop-up menu was opened last; all 0 beside all nodes.
+    const NodeIDs& MenuNode() const { return menuNode_; }
     /// Selects a node, loading what is above it. False where it cannot be shown.
     bool SelectNode(const NodeIDs& node);
     /// The same for a topic: "f56".
@@ -61,15 +63,20 @@ class fContents final : public ChildPane {
     /// A right click on a node, or beside all (all 0).
     void MenuRequested(const NodeIDs& node, const QPoint& globalPosition);
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void ConnectTree();
+    /// The first arrow key in a tree without a selection. False where there is one.
+    bool SelectFirst();
     void OnExpanded(const QModelIndex& index);
     void OnCurrentChanged(const QModelIndex& index);
+    /// Enter does the same.
     void OnDoubleClicked(const QModelIndex& index);
     void OnContextMenu(const QPoint& position);
     void OnNameEntered(const NodeIDs& node, const QString& name);
     void ApplyFilter();
-    void ExpandFiltered();
     void ShowSelection();
     bool SelectBy(const std::function<const ContentsItem*()>& select);
     ErrorReporter& Reporter();
@@ -80,6 +87,7 @@ class fContents final : public ChildPane {
     std::unique_ptr<Ui::fContents> ui_;
     ContentsModel* model_ = nullptr;
     QTimer filterTimer_;
+    NodeIDs menuNode_;
     /// While the program, not the user, selects and expands.
     bool isSelfMoving_ = false;
 };

@@ -17,14 +17,6 @@ namespace snippetarium {
 
 namespace {
 
-/// The text with a place for each of the control's own: toPlainText() makes other spaces of some.
-std::string TextOf(const QPlainTextEdit& control) {
-    QString text = control.document()->toRawText();
-    text.replace(QChar::ParagraphSeparator, '\n');
-    text.replace(QChar::LineSeparator, '\n');
-    return FromQt(text);
-}
-
 TextRange InUnits(const Utf16Map& places, const TextRange& range) {
     return {places.ToUtf16(range.begin), places.ToUtf16(range.end)};
 }

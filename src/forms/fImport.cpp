@@ -26,7 +26,6 @@ namespace snippetarium {
 namespace {
 
 constexpr std::string_view kFolderSetting = "import.folder";
-constexpr std::string_view kEncodingSetting = "import.encoding";
 
 std::vector<std::size_t> ChosenRows(const QListView* list) {
     std::vector<std::size_t> rows;
@@ -184,7 +183,7 @@ void fImport::TakeFirstFolder() {
 /// list shows the one that was taken before.
 void fImport::TakeFolder(const std::string& folder) {
     selection_.ChangeFolder(folder);
-    ui_->dlstSrcDir->Open(selection_.Folder());
+    ui_->dlstSrcDir->Open(selection_.Folder(), selection_.Subfolders());
     SelectDriveOf(ui_->dlstSrcDrive, selection_.Folder());
     ShowSelection();
 }
@@ -219,7 +218,7 @@ void fImport::MoveChosen(QListView* from) {
 
 void fImport::Drop(const std::vector<std::string>& paths) {
     selection_.Drop(paths);
-    ui_->dlstSrcDir->Open(selection_.Folder());
+    ui_->dlstSrcDir->Open(selection_.Folder(), selection_.Subfolders());
     SelectDriveOf(ui_->dlstSrcDrive, selection_.Folder());
     ShowSelection();
 }

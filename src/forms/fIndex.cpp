@@ -1,9 +1,8 @@
 #include "forms/fIndex.h"
 
-#include <QKeyEvent>
-
 #include "forms/fTopicsFound.h"
 #include "forms/handler.h"
+#include "forms/list_keys.h"
 #include "forms/modal.h"
 #include "forms/qt_text.h"
 #include "forms/words_model.h"
@@ -21,7 +20,7 @@ fIndex::fIndex(Database& db, QWidget* parent)
     ui_->setupUi(this);
     ui_->lblIndex->hide();
     ui_->lstIndex->setModel(model_);
-    ui_->txtIndex->installEventFilter(this);
+    new ListKeys(ui_->txtIndex, ui_->lstIndex);
     connect(ui_->txtIndex, &QLineEdit::textEdited, this,
             [this](const QString& typed) { SelectRow(index_.RowFor(FromQt(typed))); });
     const auto open = [this] {
@@ -50,6 +49,10 @@ void fIndex::Load() {
 
 bool fIndex::HasWord() const {
     return ui_->lstIndex->currentIndex().isValid();
+}
+
+void fIndex::SelectWord(const std::string& word) {
+    SelectRow(index_.RowOf(word));
 }
 
 std::string fIndex::SelectedWord() const {
@@ -88,17 +91,6 @@ void fIndex::DeleteSelected() {
 void fIndex::FocusFirst() {
     ui_->txtIndex->setFocus();
     ui_->txtIndex->selectAll();
-}
-
-bool fIndex::eventFilter(QObject* watched, QEvent* event) {
-    // The entry keeps the focus while one goes up and down in the list.
-    if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        for (const int passedOn : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown}) {
-            if (key == passedOn) return QCoreApplication::sendEvent(ui_->lstIndex, event);
-        }
-    }
-    return ChildPane::eventFilter(watched, event);
 }
 
 }  // namespace snippetarium

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "forms/child_pane.h"
 #include "navigator/word_index.h"
@@ -26,6 +27,9 @@ class fIndex final : public ChildPane {
     void Load();
 
     bool HasWord() const;
+    /// Empty where none is selected.
+    std::string SelectedWord() const;
+    void SelectWord(const std::string& word);
     void DeleteSelected();
 
     void FocusFirst() override;
@@ -35,11 +39,7 @@ class fIndex final : public ChildPane {
     void DisplayRequested(const QString& topicKey);
     void SelectionChanged();
 
-  protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   private:
-    std::string SelectedWord() const;
     void SelectRow(std::optional<std::size_t> row);
     void OpenSelected();
 

@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <utility>
 
+#include "forms/editor_windows.h"
 #include "forms/fAbout.h"
 #include "forms/fBookmark.h"
 #include "forms/fContents.h"
@@ -32,6 +33,9 @@ namespace snippetarium {
 namespace {
 
 constexpr int kIdleInterval = 30;
+/// How long after a key or a click, in milliseconds, nobody can be said to do nothing. A step of
+/// the work for idle times would come between the letters that somebody types.
+constexpr qint64 kPauseOfInput = 400;
 /// The windows besides the panes and the help.
 constexpr const char* kReadingForms[] = {"fFind", "fZoom", "fQuickSearch"};
 
@@ -62,10 +66,11 @@ fMain::fMain(Database& db, QtHost& host)
     dock_->AddPane(Pane::Bookmark, bookmarks_, Icon("bookmark"));
     menus_ = new MainMenus(this);
     status_ = new StatusPanels(ui_->StatusBar1);
-    commands_ = new MainCommands(
-        {db_, *this, *dock_, *contents_, *index_, *search_, *bookmarks_, *page_, layout_});
+    commands_ = new MainCommands({db_, *this, *dock_, *contents_, *index_, *search_, *bookmarks_,
+                                  *page_, layout_, run_.Noise()});
     tmAutoLoad_.setObjectName("tmAutoLoad");
     tmAutoLoad_.setInterval(kIdleInterval);
+    qApp->installEventFilter(this);
     db_.SetEndProgram([this] { close(); });
     ConnectParts();
     ConnectLists();
@@ -88,8 +93,7 @@ void fMain::OfferHelp() {
 }
 
 void fMain::ConnectParts() {
-    connect(menus_, &MainMenus::Triggered, commands_, &MainCommands::Run);
-    connect(menus_, &MainMenus::Triggered, this, &fMain::ShowCommandState);
+    connect(menus_, &MainMenus::Triggered, this, &fMain::RunCommand);
     connect(menus_, &MainMenus::AboutToShow, this, &fMain::ShowCommandState);
     connect(commands_, &MainCommands::ZoomMenuRequested, this,
             [this](const QPoint& position) { menus_->PopUp("mnuZoomHide")->popup(position); });
@@ -203,6 +207,10 @@ bool fMain::Start() {
         page_->FocusFirst();
     }
     StartIdleWork();
+    QTimer::singleShot(0, commands_, [this] {
+        Handle(db_.Reporter(), form_procedure::DraftsEvent,
+               [this] { commands_->Editors().OfferDrafts(); });
+    });
     return true;
 }
 
@@ -238,11 +246,19 @@ void fMain::Close() {
 void fMain::closeEvent(QCloseEvent* event) {
     // A job that is running would go on without its catalogue.
     if (run_.State() != RunState::Ended && IsBusy()) return event->ignore();
+    if (run_.State() != RunState::Ended && !commands_->Editors().CloseAll()) return event->ignore();
     tmAutoLoad_.stop();
     idle_.Clear();
     run_.CloseForms();
     run_.ShutDown();
     event->accept();
+}
+
+bool fMain::eventFilter(QObject* watched, QEvent* event) {
+    const QEvent::Type type = event->type();
+    if (type == QEvent::KeyPress || type == QEvent::MouseButtonPress || type == QEvent::Wheel)
+        lastInput_.start();
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void fMain::changeEvent(QEvent* event) {
@@ -299,6 +315,7 @@ void fMain::StartIdleWork() {
 
 void fMain::OnIdle() {
     if (IsBusy() || QApplication::activeModalWidget() != nullptr) return;
+    if (lastInput_.isValid() && !lastInput_.hasExpired(kPauseOfInput)) return;
     Handle(db_.Reporter(), form_procedure::MainWindowEvent, [this] { DoIdleWork(); });
 }
 
@@ -317,6 +334,14 @@ void fMain::DoIdleWork() {
     if (!idle_.IsDone()) return;
     status_->SetWork({});
     tmAutoLoad_.stop();
+}
+
+void fMain::RunCommand(MenuCommand command) {
+    // Compacting wants the catalogue's file for itself, and a backup may be reading it.
+    if (command == MenuCommand::CompactDatabase) idle_.Clear();
+    commands_->Run(command);
+    if (command == MenuCommand::CompactDatabase) StartIdleWork();
+    ShowCommandState();
 }
 
 void fMain::GoToNode(const NodeIDs& node) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QMainWindow>
 #include <QTimer>
 #include <memory>
@@ -8,6 +9,7 @@
 #include <vector>
 
 #include "forms/desktop_layout.h"
+#include "navigator/commands.h"
 #include "navigator/idle_work.h"
 #include "navigator/layout.h"
 #include "navigator/program_run.h"
@@ -49,6 +51,7 @@ class fMain final : public QMainWindow, private ProgramWindow {
   protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void ShowSplash() override;
@@ -70,6 +73,7 @@ class fMain final : public QMainWindow, private ProgramWindow {
     QAction* AsButton(const char* name, const char* image);
     void HidePane(Pane pane);
     void StartIdleWork();
+    void RunCommand(MenuCommand command);
     void OnIdle();
     void DoIdleWork();
     void GoToNode(const NodeIDs& node);
@@ -100,6 +104,7 @@ class fMain final : public QMainWindow, private ProgramWindow {
     MainCommands* commands_;
     IdleWork idle_;
     QTimer tmAutoLoad_;
+    QElapsedTimer lastInput_;
     std::unique_ptr<fAbout> splash_;
     /// Whether what the panes list may have changed, and what the status bar counts.
     bool areListsStale_ = false;

@@ -6,6 +6,7 @@
 #include <QStorageInfo>
 #include <QStyle>
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "forms/qt_text.h"
@@ -59,11 +60,15 @@ FolderList::FolderList(QWidget* parent) : QTreeWidget(parent) {
 }
 
 void FolderList::Open(std::string_view folder) {
+    Open(folder, ListSubfolders(folder));
+}
+
+void FolderList::Open(std::string_view folder, std::vector<std::string> subfolders) {
     folder_ = ToPlatformPath(folder);
     clear();
     QTreeWidgetItem* const open = AddAncestors();
     if (open == nullptr) return;
-    AddSubfolders(open);
+    AddSubfolders(open, std::move(subfolders));
     expandAll();
     setCurrentItem(open);
     scrollToItem(open, QAbstractItemView::PositionAtTop);
@@ -83,14 +88,16 @@ QTreeWidgetItem* FolderList::AddAncestors() {
     return chain.empty() ? nullptr : item;
 }
 
-void FolderList::AddSubfolders(QTreeWidgetItem* parent) {
-    std::vector<std::string> names;
+std::vector<std::string> FolderList::ListSubfolders(std::string_view folder) const {
     try {
-        names = files_->ListFolder(folder_).subfolders;
+        return files_->ListFolder(ToPlatformPath(folder)).subfolders;
     } catch (const Error&) {
         // Whoever takes a folder that cannot be read is told so there.
-        return;
+        return {};
     }
+}
+
+void FolderList::AddSubfolders(QTreeWidgetItem* parent, std::vector<std::string> names) {
     std::erase_if(names, IsHidden);
     std::ranges::sort(names);
     const QIcon icon = style()->standardIcon(QStyle::SP_DirClosedIcon);

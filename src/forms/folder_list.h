@@ -3,6 +3,7 @@
 #include <QTreeWidget>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class QComboBox;
 
@@ -23,6 +24,8 @@ class FolderList final : public QTreeWidget {
 
     /// Opens the folder. Of one that cannot be read no subfolders are shown. Hidden ones never are.
     void Open(std::string_view folder);
+    /// The same with what was listed already: a folder may hold very many files.
+    void Open(std::string_view folder, std::vector<std::string> subfolders);
     const std::string& Folder() const { return folder_; }
     /// The folder that is marked, open or not.
     std::string MarkedFolder() const;
@@ -38,7 +41,8 @@ class FolderList final : public QTreeWidget {
 
   private:
     QTreeWidgetItem* AddAncestors();
-    void AddSubfolders(QTreeWidgetItem* parent);
+    std::vector<std::string> ListSubfolders(std::string_view folder) const;
+    void AddSubfolders(QTreeWidgetItem* parent, std::vector<std::string> names);
 
     const FileSystem* files_ = nullptr;
     std::string folder_;

@@ -5,6 +5,7 @@
 #include <QTabWidget>
 #include <algorithm>
 
+#include "forms/editor_windows.h"
 #include "forms/fAbout.h"
 #include "forms/fBookmark.h"
 #include "forms/fConfigure.h"
@@ -14,6 +15,7 @@
 #include "forms/fSearch.h"
 #include "forms/fTrash.h"
 #include "forms/handler.h"
+#include "forms/list_editors.h"
 #include "forms/main_transfers.h"
 #include "forms/modal.h"
 #include "forms/pane_dock.h"
@@ -25,42 +27,19 @@
 
 namespace snippetarium {
 
-namespace {
-
-/// Those whose windows are there.
-constexpr MenuCommand kMade[] = {
-    MenuCommand::DeleteSelected, MenuCommand::Print,           MenuCommand::Exit,
-    MenuCommand::CopyPageText,   MenuCommand::ClearPage,       MenuCommand::SelectAllPageText,
-    MenuCommand::ToggleWrap,     MenuCommand::CopyWholePage,   MenuCommand::GoBack,
-    MenuCommand::GoForward,      MenuCommand::LargerText,      MenuCommand::SmallerText,
-    MenuCommand::NormalText,     MenuCommand::RenameNode,      MenuCommand::UndoDelete,
-    MenuCommand::ShowTrash,      MenuCommand::DeleteIndexWord, MenuCommand::ShowBookmark,
-    MenuCommand::RemoveBookmark, MenuCommand::AddBookmark,     MenuCommand::CompactDatabase,
-    MenuCommand::Configure,      MenuCommand::ShowHelp,        MenuCommand::ShowAbout,
-    MenuCommand::ShowContents,   MenuCommand::ShowIndex,       MenuCommand::ShowSearch,
-    MenuCommand::ShowBookmarks,  MenuCommand::NextPane,        MenuCommand::BackToPage,
-    MenuCommand::Import,         MenuCommand::ExportShownPage, MenuCommand::ExportSelected,
-    MenuCommand::ExportNode,     MenuCommand::FindInPage,      MenuCommand::ZoomWindow,
-    MenuCommand::FindInZoom,     MenuCommand::CopyZoomText,    MenuCommand::SelectAllZoomText,
-    MenuCommand::QuickSearch,
-};
-
-}  // namespace
-
 MainCommands::MainCommands(const MainParts& parts)
     : QObject(&parts.window),
       parts_(parts),
       transfers_(new MainTransfers(parts.db, parts.window, parts.contents)),
-      reading_(new ReadingWindows(parts.db, parts.window, parts.contents, parts.page)) {
+      reading_(new ReadingWindows(parts.db, parts.window, parts.contents, parts.page)),
+      listEditors_(
+          new ListEditors(parts.db, parts.window, {parts.contents, parts.index, parts.bookmarks})),
+      editors_(
+          new EditorWindows({parts.db, parts.noise, parts.window, parts.contents, parts.page})) {
     connect(reading_, &ReadingWindows::ZoomMenuRequested, this, &MainCommands::ZoomMenuRequested);
 }
 
-bool MainCommands::IsMade(MenuCommand command) {
-    return std::ranges::find(kMade, command) != std::end(kMade);
-}
-
 bool MainCommands::CanRun(MenuCommand command, bool isBusy) const {
-    if (!IsMade(command)) return false;
     if (command == MenuCommand::CopyZoomText) return reading_->HasZoomSelection();
     const fPage& page = parts_.page;
     const ProgramFacts facts = {
@@ -142,6 +121,12 @@ void MainCommands::PerformOnLists(MenuCommand command) {
             return parts_.bookmarks.RemoveSelected();
         case MenuCommand::AddBookmark:
             return parts_.bookmarks.Add(NodeToBookmark());
+        case MenuCommand::EditLanguages:
+        case MenuCommand::EditNoiseWords:
+        case MenuCommand::EditIndexWord:
+        case MenuCommand::AddExistingClass:
+        case MenuCommand::AddExisting:
+            return listEditors_->Perform(command);
         default:
             PerformTransfer(command);
     }
@@ -194,7 +179,8 @@ void MainCommands::PerformOnPage(MenuCommand command) {
         case MenuCommand::NormalText:
             return page.ChangeTextSize(0);
         default:
-            return reading_->Perform(command);
+            reading_->Perform(command);
+            return editors_->Perform(command);
     }
 }
 

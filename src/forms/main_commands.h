@@ -12,7 +12,10 @@ namespace snippetarium {
 
 class ChildPane;
 class Database;
+class EditorWindows;
+class ListEditors;
 class MainTransfers;
+class NoiseWords;
 class PaneDock;
 class ReadingWindows;
 class fBookmark;
@@ -32,6 +35,7 @@ struct MainParts {
     fBookmark& bookmarks;
     fPage& page;
     Layout& layout;
+    const NoiseWords& noise;
 };
 
 /// What the menus, buttons and keys of the main window do.
@@ -41,7 +45,7 @@ class MainCommands final : public QObject {
   public:
     explicit MainCommands(const MainParts& parts);
 
-    /// Whether the command can be given now. One whose window does not exist yet never can.
+    /// Whether the command can be given now.
     bool CanRun(MenuCommand command, bool isBusy) const;
     /// Does nothing where it cannot be given. Reports its failures.
     void Run(MenuCommand command);
@@ -49,13 +53,14 @@ class MainCommands final : public QObject {
     /// Opens the pane at its side, or closes it.
     void TogglePane(Pane pane);
 
+    EditorWindows& Editors() { return *editors_; }
+
   signals:
     void WrapChanged(bool wrap);
     /// A right click into the zoom window.
     void ZoomMenuRequested(const QPoint& globalPosition);
 
   private:
-    static bool IsMade(MenuCommand command);
     void Perform(MenuCommand command);
     void PerformOnPage(MenuCommand command);
     void PerformOnTree(MenuCommand command);
@@ -75,6 +80,8 @@ class MainCommands final : public QObject {
     MainParts parts_;
     MainTransfers* transfers_;
     ReadingWindows* reading_;
+    ListEditors* listEditors_;
+    EditorWindows* editors_;
 };
 
 }  // namespace snippetarium

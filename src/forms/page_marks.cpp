@@ -1,5 +1,6 @@
 #include "forms/page_marks.h"
 
+#include <QApplication>
 #include <QPlainTextEdit>
 #include <QTextBlock>
 #include <algorithm>
@@ -18,6 +19,8 @@ constexpr qsizetype kMostMarks = 1'000;
 QTextCharFormat MarkFormat() {
     QTextCharFormat format;
     format.setBackground(IsDark() ? QColor(0x6b, 0x55, 0x10) : QColor(0xff, 0xe0, 0x7a));
+    // The colours of words are made for the page's own background.
+    format.setForeground(QApplication::palette().color(QPalette::Text));
     return format;
 }
 
@@ -55,6 +58,14 @@ void MarkRanges(QPlainTextEdit& text, const std::vector<TextRange>& ranges, std:
         cursor.setPosition(static_cast<int>(range->end), QTextCursor::KeepAnchor);
         marks.push_back({cursor, format});
     }
+    text.setExtraSelections(marks);
+}
+
+void RecolourMarks(QPlainTextEdit& text) {
+    QList<QTextEdit::ExtraSelection> marks = text.extraSelections();
+    const QTextCharFormat format = MarkFormat();
+    for (QTextEdit::ExtraSelection& mark : marks)
+        mark.format = format;
     text.setExtraSelections(marks);
 }
 

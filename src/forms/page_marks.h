@@ -22,4 +22,7 @@ void MarkWords(QPlainTextEdit& text, const QStringList& words);
 /// around one place. No ranges take the marks away.
 void MarkRanges(QPlainTextEdit& text, const std::vector<TextRange>& ranges, std::size_t around);
 
+/// Gives the marks of a text the look that they have on the background at hand.
+void RecolourMarks(QPlainTextEdit& text);
+
 }  // namespace snippetarium

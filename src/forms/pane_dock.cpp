@@ -1,6 +1,8 @@
 #include "forms/pane_dock.h"
 
+#include <QEvent>
 #include <QScopedValueRollback>
+#include <QTabBar>
 #include <QTabWidget>
 
 namespace snippetarium {
@@ -41,9 +43,11 @@ QTabWidget* PaneDock::MakeSide(const char* name, const QString& accessibleName) 
     tabs->setUsesScrollButtons(true);
     tabs->setMinimumWidth(Layout::kNarrowestPane / 15);
     tabs->hide();
+    tabs->installEventFilter(this);
     connect(tabs, &QTabWidget::tabCloseRequested, this,
             [this, tabs](int index) { emit PaneCloseRequested(PaneAt(tabs, index)); });
     connect(tabs, &QTabWidget::currentChanged, this, [this, tabs](int index) {
+        FitTitles(*tabs);
         if (index >= 0 && !isArranging_) emit PaneRaised(PaneAt(tabs, index));
     });
     return tabs;
@@ -70,6 +74,7 @@ void PaneDock::DockPane(Pane pane, Side side, bool isFront) {
         UndockPane(pane);
         const int index = tabs->addTab(entry.widget, entry.icon, entry.widget->windowTitle());
         tabs->setTabToolTip(index, entry.widget->windowTitle());
+        tabs->tabBar()->setAccessibleTabName(index, entry.widget->windowTitle());
     }
     if (isFront) tabs->setCurrentWidget(entry.widget);
     ShowSides();
@@ -95,6 +100,22 @@ void PaneDock::resizeEvent(QResizeEvent* event) {
 void PaneDock::ShowSides() {
     left_->setVisible(left_->count() > 0);
     right_->setVisible(right_->count() > 0);
+    FitTitles(*left_);
+    FitTitles(*right_);
+}
+
+bool PaneDock::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize) FitTitles(static_cast<QTabWidget&>(*watched));
+    return QSplitter::eventFilter(watched, event);
+}
+
+void PaneDock::FitTitles(QTabWidget& tabs) {
+    for (int tab = 0; tab < tabs.count(); ++tab)
+        tabs.setTabText(tab, tabs.widget(tab)->windowTitle());
+    if (tabs.tabBar()->sizeHint().width() <= tabs.width()) return;
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+        if (tab != tabs.currentIndex()) tabs.setTabText(tab, {});
+    }
 }
 
 void PaneDock::SetSideWidth(Side side, int width) {

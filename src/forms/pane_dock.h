@@ -35,6 +35,7 @@ class PaneDock final : public QSplitter {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     struct Entry {
@@ -45,6 +46,9 @@ class PaneDock final : public QSplitter {
     QTabWidget* MakeSide(const char* name, const QString& accessibleName);
     Pane PaneAt(const QTabWidget* tabs, int index) const;
     void ShowSides();
+    /// Where a side is too narrow for all titles, the tabs behind the front one show their icons
+    /// alone.
+    static void FitTitles(QTabWidget& tabs);
 
     QTabWidget* left_;
     QTabWidget* right_;

@@ -1,6 +1,7 @@
 #include "forms/qt_text.h"
 
 #include <QByteArray>
+#include <QPlainTextEdit>
 
 namespace snippetarium {
 
@@ -22,6 +23,12 @@ std::string LinesFromQt(const QString& text) {
     lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     lines.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
     return lines.toStdString();
+}
+
+std::string TextOf(const QPlainTextEdit& control) {
+    QString text = control.document()->toRawText();
+    text.replace(QChar::ParagraphSeparator, '\n');
+    return FromQt(text);
 }
 
 }  // namespace snippetarium

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+class QPlainTextEdit;
+
 namespace snippetarium {
 
 // Texts on their way between the catalogue (UTF-8, lines end in CR LF) and controls (UTF-16, lines
@@ -17,5 +19,9 @@ QString LinesToQt(std::string_view text);
 std::string FromQt(const QString& text);
 /// The lines of a control with the catalogue's line ends.
 std::string LinesFromQt(const QString& text);
+
+/// What a control holds, a character for each place that its cursor counts: toPlainText() makes
+/// other characters of some. Lines end in LF.
+std::string TextOf(const QPlainTextEdit& control);
 
 }  // namespace snippetarium

@@ -21,15 +21,26 @@ constexpr int kGap = 8;
 /// Units that stand before the first mark at most.
 constexpr std::size_t kMostBefore = 40;
 
+/// A text on one line: a name from a source may have its parameters on several. Each stretch of
+/// white space becomes one blank, and the marks move along.
 MarkedLine Marked(std::string_view text, const std::vector<ByteRange>& ranges) {
-    const Utf16Map places(text);
+    const QString whole = ToQt(text);
     MarkedLine line;
-    line.text = ToQt(text);
-    for (QChar& character : line.text) {
-        if (character < QChar::Space) character = QChar::Space;
+    std::vector<std::size_t> shownAt;
+    bool isAfterBlank = false;
+    for (const QChar character : whole) {
+        const bool isBlank = character.isSpace() || character < QChar::Space;
+        // A mark that begins or ends inside the stretch does so at its blank.
+        shownAt.push_back(static_cast<std::size_t>(line.text.size()) - (isBlank && isAfterBlank));
+        if (!isBlank || !isAfterBlank) line.text += isBlank ? QChar(QChar::Space) : character;
+        isAfterBlank = isBlank;
     }
-    for (const ByteRange& range : ranges)
-        line.marks.push_back({places.ToUtf16(range.begin), places.ToUtf16(range.End())});
+    shownAt.push_back(static_cast<std::size_t>(line.text.size()));
+    const Utf16Map places(text);
+    for (const ByteRange& range : ranges) {
+        line.marks.push_back(
+            {shownAt.at(places.ToUtf16(range.begin)), shownAt.at(places.ToUtf16(range.End()))});
+    }
     return line;
 }
 
@@ -39,6 +50,16 @@ void CutFront(MarkedLine& line, std::size_t units) {
         mark.begin -= std::min(mark.begin, units);
         mark.end -= std::min(mark.end, units);
     }
+}
+
+/// Shortens a line to the width, with an ellipsis at its end.
+void CutEnd(MarkedLine& line, const QFont& font, int width) {
+    const QString shortened = QFontMetrics(font).elidedText(line.text, Qt::ElideRight, width);
+    if (shortened == line.text) return;
+    line.text = shortened;
+    const auto end = static_cast<std::size_t>(shortened.size());
+    for (TextRange& mark : line.marks)
+        mark = {std::min(mark.begin, end), std::min(mark.end, end)};
 }
 
 /// Paints from left to right within a row.
@@ -53,12 +74,18 @@ class RowPainter {
 
     void StartLine(const QRect& place) { place_ = place; }
 
-    void Draw(const MarkedLine& line, const QFont& font) { Draw(line, font, text_); }
+    /// The line gets all of the room that is left, but for `spared` behind it.
+    void Draw(MarkedLine line, const QFont& font, int spared = 0) {
+        CutEnd(line, font, std::max(place_.width() - spared, 0));
+        Draw(line, font, text_);
+    }
     /// What is read second.
     void DrawMuted(const QString& text, const QFont& font) {
         QColor muted = text_;
         muted.setAlphaF(0.7F);
-        Draw({text, {}}, font, muted);
+        MarkedLine line{text, {}};
+        CutEnd(line, font, std::max(place_.width(), 0));
+        Draw(line, font, muted);
     }
 
   private:
@@ -114,7 +141,7 @@ MarkedLine ShownLine(const MatchingLine& line) {
 }
 
 QString QuickHitDelegate::Lead(const QuickHit& hit) {
-    if (hit.tier == QuickTier::Slip) return tr("a similar name");
+    if (hit.tier == QuickTier::Slip) return tr("similar name");
     if (hit.line.number == 0) return {};
     switch (hit.lineOf) {
         case QuickText::Keyword:
@@ -142,13 +169,14 @@ void QuickHitDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     QFont bold = row.font;
     bold.setBold(true);
     line.StartLine(inner.adjusted(kIconSize + kGap, 0, 0, -half));
-    line.Draw(Marked(hit.Name(), hit.nameMatches), bold);
-    line.DrawMuted(PlaceOf(hit), row.font);
+    // A long name leaves room for where it is.
+    const QString place = PlaceOf(hit);
+    const int room = std::min(row.fontMetrics.horizontalAdvance(place), inner.width() / 3) + kGap;
+    line.Draw(Marked(hit.Name(), hit.nameMatches), bold, place.isEmpty() ? 0 : room);
+    line.DrawMuted(place, row.font);
 
-    QFont lead = row.font;
-    lead.setItalic(hit.tier == QuickTier::Slip);
     line.StartLine(inner.adjusted(kIconSize + kGap, half, 0, 0));
-    line.DrawMuted(Lead(hit), lead);
+    line.DrawMuted(Lead(hit), row.font);
     line.Draw(ShownLine(hit.line), FixedFont(row.font));
 }
 

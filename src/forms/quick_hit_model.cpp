@@ -10,11 +10,11 @@ QString PlaceOf(const QuickHit& hit) {
         case QuickKind::Application:
             return {};
         case QuickKind::Class:
-            return ToQt(hit.appName);
+            return ToQt(hit.appName).simplified();
         case QuickKind::Procedure:
             break;
     }
-    return ToQt(hit.appName) + " > " + ToQt(hit.className);
+    return ToQt(hit.appName).simplified() + " > " + ToQt(hit.className).simplified();
 }
 
 QuickHitModel::QuickHitModel(QObject* parent)
@@ -42,11 +42,13 @@ QVariant QuickHitModel::data(const QModelIndex& index, int role) const {
     const QuickHit& hit = HitAt(index.row());
     switch (role) {
         case Qt::DisplayRole:
-            return ToQt(hit.Name());
+            return ToQt(hit.Name()).simplified();
         case Qt::ToolTipRole:
             return ToQt(hit.Name()) + '\n' + PlaceOf(hit);
         case Qt::AccessibleTextRole:
-            return QStringList{ToQt(hit.Name()), PlaceOf(hit), ToQt(hit.line.text)}.join(", ");
+            return QStringList{ToQt(hit.Name()), PlaceOf(hit), ToQt(hit.line.text)}
+                .join(", ")
+                .simplified();
         case Qt::DecorationRole:
             return icons_[static_cast<std::size_t>(hit.kind)];
         default:

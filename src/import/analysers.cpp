@@ -40,8 +40,13 @@ CutFile AnalyseCFamily(const SourceText& source, LineProgress& progress, ImportS
     progress.LinesRead(
         static_cast<std::size_t>(std::count(source.text.begin(), source.text.end(), '\n')));
     return NamedByFile(
-        CutCFamily(source.text, source.kind == CodeFileKind::C ? CDialect::C : CDialect::Cpp,
-                   isHeader ? UnitPlacement::WholeLines : UnitPlacement::Exact),
+        progress.Await(source.text.size(),
+                       [&] {
+                           return CutCFamily(
+                               source.text,
+                               source.kind == CodeFileKind::C ? CDialect::C : CDialect::Cpp,
+                               isHeader ? UnitPlacement::WholeLines : UnitPlacement::Exact);
+                       }),
         source);
 }
 

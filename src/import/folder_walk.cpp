@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
+#include <utility>
 
 #include "import/file_kind.h"
 #include "import/import_window.h"
@@ -142,12 +144,19 @@ void CopyFileListEntries(const std::vector<std::string>& fileList,
 WalkedFiles ReadFileList(const FileSystem& files, std::string_view folder,
                          std::string_view pattern) {
     WalkedFiles list;
-    const FolderListing listing = files.ListFolder(folder);
-    for (const std::string& name : listing.files) {
-        if (IsShownInList(name, pattern)) list.entries.push_back(name);
+    FolderListing listing = files.ListFolder(folder);
+    // Of very many files there are few extensions, and an extension decides.
+    std::map<std::string, bool, std::less<>> isShown;
+    for (std::string& name : listing.files) {
+        const std::string_view extension = FileExtension(name);
+        auto known = isShown.find(extension);
+        if (known == isShown.end())
+            known = isShown.emplace(extension, IsShownInList(name, pattern)).first;
+        if (known->second) list.entries.push_back(std::move(name));
     }
     for (const UnlistedName& name : listing.unlisted)
         list.problems.push_back(DescribeUnlisted(name));
+    list.subfolders = std::move(listing.subfolders);
     return list;
 }
 

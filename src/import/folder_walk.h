@@ -20,6 +20,8 @@ struct WalkedFiles {
     /// Sentences for the report: what could not be listed, and why. A name or a folder that cannot
     /// be listed does not end a walk.
     std::vector<std::string> problems = {};
+    /// Names of the folder's subfolders; only ReadFileList tells them.
+    std::vector<std::string> subfolders = {};
 };
 
 /// What a walk works with. One serves for one walk.
@@ -63,8 +65,8 @@ void RemoveSubfolderEntries(std::vector<std::string>& list);
 void CopyFileListEntries(const std::vector<std::string>& fileList,
                          std::vector<std::string>& target);
 
-/// A folder's file list: the names in it that the list shows (IsShownInList), and as problems those
-/// that cannot be listed. Throws Error where the folder cannot be read.
+/// A folder's file list: the names in it that the list shows (IsShownInList), as problems those
+/// that cannot be listed, and its subfolders. Throws Error where the folder cannot be read.
 WalkedFiles ReadFileList(const FileSystem& files, std::string_view folder,
                          std::string_view pattern);
 

@@ -150,7 +150,7 @@ void ImportJob::ImportEntries(Running& running) {
         progress.SetUnit(0);
         progress.SetTotal(progress.Total() + step);
         db_.GetHost().events.Yield();
-        MakeSafe(running);
+        if (!running.catalogueFailed) MakeSafe(running);
         if (state_.importCancelled || running.catalogueFailed) {
             failed.insert(failed.end(), std::next(entry), entries.end());
             return;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <set>
 #include <unordered_set>
 #include <utility>
 
@@ -37,6 +38,7 @@ std::string LowerCase(std::string_view text) {
 
 /// Appends the names that are not in the list yet.
 void AppendMissing(std::vector<std::string>& list, const std::vector<std::string>& names) {
+    if (list == names) return;  // a folder just taken, which may have very many files
     std::unordered_set<std::string> known(list.begin(), list.end());
     for (const std::string& name : names) {
         if (known.insert(name).second) list.push_back(name);
@@ -65,7 +67,9 @@ std::vector<std::size_t> AllPositions(const std::vector<std::string>& list) {
 
 std::string LanguageText(std::span<const std::string> entries) {
     std::string text;
+    std::set<std::string_view> extensions;
     for (const std::string& entry : entries) {
+        if (!extensions.insert(FileExtension(entry)).second) continue;
         const std::string name(LanguageNameOfExtension(LowerCase(FileExtension(entry))));
         if (FoldCase(text).find(FoldCase(name + ",")) != std::string::npos) continue;
         text += name;
@@ -87,6 +91,7 @@ bool ImportSelection::ChangeFolder(std::string_view folder) {
         if (isOther && !MayLoseSelection()) return false;
         fileList_ = std::move(list.entries);
         fileListProblems_ = std::move(list.problems);
+        subfolders_ = std::move(list.subfolders);
         if (isOther) {
             folder_ = folder;
             sourceFiles_ = {};
@@ -136,6 +141,7 @@ bool ImportSelection::ListSubfolders() {
 }
 
 void ImportSelection::RemoveSelectedFromSource() {
+    if (selectedFiles_.empty()) return;
     std::unordered_set<std::string> selected;
     for (const std::string& entry : selectedFiles_)
         selected.insert(FoldCase(entry));

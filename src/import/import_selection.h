@@ -58,6 +58,8 @@ class ImportSelection {
     /// taken already is only listed again.
     bool ChangeFolder(std::string_view folder);
     const std::string& Folder() const { return folder_; }
+    /// The names of its subfolders when it was taken.
+    const std::vector<std::string>& Subfolders() const { return subfolders_; }
 
     /// Lists the files of the subfolders too, or no more. Walks the folder, behind the progress
     /// window; while that is open, the list stays as it is. False where the walk was cancelled or
@@ -104,6 +106,7 @@ class ImportSelection {
     bool includesSubfolder_ = false;
     /// The folder's own names, and what of them cannot be listed.
     std::vector<std::string> fileList_;
+    std::vector<std::string> subfolders_;
     std::vector<std::string> fileListProblems_;
     std::vector<std::string> sourceFiles_;
     std::vector<std::string> selectedFiles_;

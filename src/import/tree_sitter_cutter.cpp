@@ -61,16 +61,20 @@ std::vector<TextRange> BodiesToSkip(std::string& parseCopy, const CTokens& token
 CutFile CutTypes(std::string_view text, Grammar grammar, UnitPlacement placement,
                  LineProgress& progress) {
     std::string parseCopy = ParseCopy(text);
-    TypeTokens found = TokeniseTypes(parseCopy, grammar);
-    BlankCSharpDirectives(parseCopy, found);
-    const std::vector<TextRange> skipped = BodiesToSkip(parseCopy, found.tokens, grammar);
+    const std::vector<TextRange> skipped = progress.Await(text.size(), [&] {
+        TypeTokens found = TokeniseTypes(parseCopy, grammar);
+        BlankCSharpDirectives(parseCopy, found);
+        return BodiesToSkip(parseCopy, found.tokens, grammar);
+    });
     const ParseResult parsed = ParseSyntax(parseCopy, grammar, progress, skipped);
     if (parsed.end != ParseEnd::Done) return Whole(text, parsed.end);
-    TypeMembers members = FindTypeMembers(parsed.tree.Root(), text);
-    CutFile file = CutUnits(text, members.units,
-                            CommentsAbove(parsed.tree, parseCopy, members.units), placement);
-    file.className = std::move(members.firstType);
-    return file;
+    return progress.Await(text.size(), [&] {
+        TypeMembers members = FindTypeMembers(parsed.tree.Root(), text);
+        CutFile file = CutUnits(text, members.units,
+                                CommentsAbove(parsed.tree, parseCopy, members.units), placement);
+        file.className = std::move(members.firstType);
+        return file;
+    });
 }
 
 }  // namespace
@@ -96,8 +100,10 @@ ScriptUnits FindJavaScriptUnits(std::string_view text, LineProgress& progress) {
     ScriptUnits found;
     if (parsed.end == ParseEnd::TooTangled) found.problems.emplace_back(kTooTangled);
     if (parsed.end != ParseEnd::Done) return found;
-    found.units = FindJavaScriptFunctions(parsed.tree.Root(), text);
-    found.comments = CommentsAbove(parsed.tree, parseCopy, found.units);
+    progress.Await(text.size(), [&] {
+        found.units = FindJavaScriptFunctions(parsed.tree.Root(), text);
+        found.comments = CommentsAbove(parsed.tree, parseCopy, found.units);
+    });
     return found;
 }
 

@@ -75,4 +75,10 @@ std::string ReplacePunctuation(std::string_view doubledText, BlankWidth width) {
     return text;
 }
 
+std::string BlankOutPunctuation(std::string_view doubledKeyword) {
+    std::string blanked = ReplacePunctuation(doubledKeyword, BlankWidth::Same);
+    if (blanked.starts_with("''")) blanked.replace(0, 2, "  ");  // as NormaliseWords drops them
+    return blanked;
+}
+
 }  // namespace snippetarium

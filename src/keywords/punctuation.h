@@ -21,4 +21,8 @@ enum class BlankWidth : std::uint8_t { One, Same };
 /// entry also meets the blanks that entries before it have left.
 std::string ReplacePunctuation(std::string_view doubledText, BlankWidth width);
 
+/// A copy of a keyword string in which all punctuation is blanks of the same width: a word stands
+/// there exactly where it stands in the string.
+std::string BlankOutPunctuation(std::string_view doubledKeyword);
+
 }  // namespace snippetarium

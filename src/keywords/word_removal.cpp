@@ -11,16 +11,6 @@ namespace snippetarium {
 
 namespace {
 
-// The places of the words are found in a copy of the string in which punctuation is blanks of the
-// same width: a word stands there exactly where it stands in the string. Quotes are doubled all the
-// way, as the rules for punctuation want it.
-
-std::string BlankOut(std::string_view doubledKeyword) {
-    std::string blanked = ReplacePunctuation(doubledKeyword, BlankWidth::Same);
-    if (blanked.starts_with("''")) blanked.replace(0, 2, "  ");  // as NormaliseWords drops them
-    return blanked;
-}
-
 void TrimBlanksBehind(std::string& text) {
     text.resize(text.find_last_not_of(' ') + 1);
 }
@@ -28,7 +18,7 @@ void TrimBlanksBehind(std::string& text) {
 /// A separator counts where it can stand between words; a letter cannot.
 std::string UsableSeparator(std::string_view separator) {
     std::string doubled = DoubleSingleQuotes(TrimBlanks(separator));
-    if (!SplitWords(BlankOut(doubled)).empty()) doubled.clear();
+    if (!SplitWords(BlankOutPunctuation(doubled)).empty()) doubled.clear();
     return doubled;
 }
 
@@ -77,7 +67,7 @@ class Remainder {
 std::string RemoveWords(std::string_view keyword, std::string_view separator,
                         const NoiseWords& noise) {
     const std::string doubled = DoubleSingleQuotes(TrimBlanks(keyword));
-    const std::string blanked = BlankOut(doubled);
+    const std::string blanked = BlankOutPunctuation(doubled);
     const std::string usableSeparator = UsableSeparator(separator);
     Remainder remainder(doubled, usableSeparator);
     bool isChanged = false;

@@ -24,7 +24,7 @@ struct ProgramFacts {
 };
 
 /// Whether the command is offered. Where the menus explain a refusal in words ("Please select an
-/// application."), the command stays offered. That a window does not exist is not known here.
+/// application."), the command stays offered.
 bool IsEnabled(MenuCommand command, const ProgramFacts& facts);
 
 }  // namespace snippetarium

@@ -26,6 +26,7 @@ constexpr std::array kAnchors = {
     HelpAnchor{"fCommonWord",     "UseNoiseWords"},
     HelpAnchor{"fConfigure",      "UseSetPosition"},
     HelpAnchor{"fContents",       "UseContents"},
+    HelpAnchor{"fDrafts",         "UseDrafts"},
     HelpAnchor{"fEditSearchWord", "UseEditIndex"},
     HelpAnchor{"fExport",         "UseReuseExport"},
     HelpAnchor{"fFind",           "UseFind"},

@@ -1,9 +1,10 @@
 #include "navigator/idle_work.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
-#include "store/backup.h"
+#include "store/daily_backup.h"
 #include "store/database.h"
 #include "store/text_index.h"
 
@@ -58,10 +59,10 @@ void IdleWork::Clear() {
 }
 
 void AddDailyBackup(IdleWork& idle, Database& db) {
-    idle.Add("Backing up", [&db] {
-        BackUpOncePerDay(db);
-        return IdleStep::Done;
-    });
+    // Shared because a task can be copied; there is one.
+    const auto backup = std::make_shared<DailyBackup>(db);
+    idle.Add("Backing up",
+             [backup] { return backup->Step() ? IdleStep::MoreToDo : IdleStep::Done; });
 }
 
 void AddTextIndexCare(IdleWork& idle, Database& db) {

@@ -14,7 +14,8 @@ enum class IdleStep { MoreToDo, Done };
 
 /// Work that waits until the user does nothing: the main window's timer calls Step again and again.
 ///
-///     idle.Add("Backing up", [&] { BackUpOncePerDay(db); return IdleStep::Done; });
+///     idle.Add("Indexing", [&] { return TendTextIndex(db) ? IdleStep::MoreToDo : IdleStep::Done;
+///     });
 class IdleWork {
   public:
     using Work = std::function<IdleStep()>;
@@ -45,7 +46,8 @@ class IdleWork {
     bool wasCleared_ = false;
 };
 
-/// The first backup of the day.
+/// The first backup of the day. It reads the catalogue's file in the background until it is done or
+/// the work is cleared.
 void AddDailyBackup(IdleWork& idle, Database& db);
 
 /// What the index of texts has to take in and to merge. To be added at the start and after each

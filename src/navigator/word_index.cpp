@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "editors/search_words.h"
 #include "store/database.h"
-#include "store/keyword_rows.h"
 #include "store/reads_keywords.h"
 #include "support/case_fold.h"
 #include "support/guard.h"
@@ -58,13 +58,7 @@ bool WordIndex::DeleteWord(std::string_view word) {
     return Guarded(db_.Reporter(), Procedure::DeleteIndexWord, [&] {
         const std::optional<std::size_t> row = RowOf(word);
         if (!row) return false;
-        const std::string question =
-            "Delete '" + words_[*row].text +
-            "' from the index? The keywords of applications, classes and procedures stay as they "
-            "are.";
-        if (AskYesNo(db_.GetHost().messages, question, kQuestionTitle) != StandardAnswer::Yes)
-            return false;
-        DeleteSearchWord(db_, words_[*row].searchWordID);
+        if (!RemoveIndexWord(db_, words_[*row].text)) return false;
         words_.erase(words_.begin() + static_cast<std::ptrdiff_t>(*row));
         return true;
     });

@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "engine/background_copy.h"
 #include "engine/database_file.h"
-#include "engine/online_copy.h"
 #include "engine/whole_database.h"
 #include "store/database.h"
 #include "store/job_progress.h"
@@ -22,6 +22,7 @@ namespace {
 
 constexpr std::string_view kBackupFolder = "backups";
 constexpr std::size_t kKeptBackups = 10;
+constexpr std::chrono::milliseconds kBetweenReports{10};
 constexpr const char* kTimeFormat = "%Y-%m-%d %H-%M-%S";
 constexpr std::string_view kTimePattern = "0000-00-00 00-00-00";  // a 0 is any digit
 constexpr std::string_view kPrefix = "QRT_SN ";
@@ -131,7 +132,10 @@ std::string WriteBackup(Database& db, BackupReason reason) {
     std::string path = NewBackupPath(db.GetHost(), db.ProgramFolder(), reason);
     JobProgress progress(db.GetHost(), "Snippetarium is backing up the catalogue, please wait...",
                          JobProgress::Cancelling::Impossible);
-    CopyDatabase(db.FilePath(), path, [&](double share) { progress.Show(share); });
+    BackgroundCopy copy(db.FilePath(), path);
+    while (!copy.IsFinished(kBetweenReports))
+        progress.Show(copy.Share());
+    copy.Check();
     RemoveOldBackups(db.ProgramFolder());
     return path;
 }
@@ -141,15 +145,17 @@ std::string BackUpCatalogue(Database& db, BackupReason reason) {
                    [&] { return WriteBackup(db, reason); });
 }
 
+bool IsDailyBackupDue(const Database& db) {
+    if (db.IsReadOnly()) return false;
+    const std::string today = LocalTimeText(db.GetHost().clock.Now(), "%Y-%m-%d");
+    return std::ranges::none_of(ListBackups(db.ProgramFolder()), [&](const Backup& backup) {
+        return backup.name.reason == BackupReason::Daily && backup.name.time.starts_with(today);
+    });
+}
+
 std::string BackUpOncePerDay(Database& db) {
     return Guarded(db.Reporter(), Procedure::BackUpOncePerDay, [&] {
-        if (db.IsReadOnly()) return std::string();
-        const std::string today = LocalTimeText(db.GetHost().clock.Now(), "%Y-%m-%d");
-        for (const Backup& backup : ListBackups(db.ProgramFolder())) {
-            const bool isDaily = backup.name.reason == BackupReason::Daily;
-            if (isDaily && backup.name.time.starts_with(today)) return std::string();
-        }
-        return WriteBackup(db, BackupReason::Daily);
+        return IsDailyBackupDue(db) ? WriteBackup(db, BackupReason::Daily) : std::string();
     });
 }
 

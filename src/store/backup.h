@@ -47,8 +47,11 @@ std::vector<Backup> ListBackups(const std::string& programFolder);
 /// Makes a backup of the catalogue and returns its path, empty when that failed and was reported.
 std::string BackUpCatalogue(Database& db, BackupReason reason);
 
-/// Makes the first backup of the day; for each start of the program. Returns its path, empty when
-/// there is one of today already, when the catalogue is open for reading only, and on a failure.
+/// Whether there is no backup of the day yet; never for a catalogue that is open for reading only.
+bool IsDailyBackupDue(const Database& db);
+
+/// Makes the first backup of the day. Returns its path, empty when none is due, and on a failure.
+/// See DailyBackup for one that nobody has to wait for.
 std::string BackUpOncePerDay(Database& db);
 
 /// The step behind BackUpCatalogue, for work that must not go on without its backup: it throws. The

@@ -39,6 +39,7 @@ enum class FindingKind : std::uint8_t {
     LeftoverToDelete,
     TrashWithoutEntry,
     StaleNames,
+    DraftTextWithoutDraft,
     DateThatIsNone,
     DamagedTextIndex,
     TextIndexWithGaps,

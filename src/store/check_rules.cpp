@@ -20,6 +20,7 @@ constexpr std::string_view kNoSeparator =
 constexpr std::string_view kNoLanguage =
     "languageID <> 0 AND languageID NOT IN (SELECT languageID FROM tblLanguage)";
 constexpr std::string_view kNoTrash = "trashID NOT IN (SELECT trashID FROM tblTrash)";
+constexpr std::string_view kNoDraft = "draftID NOT IN (SELECT draftID FROM tblDraft)";
 constexpr std::string_view kNoAuthor = "authorID NOT IN (SELECT authorID FROM tblAuthor)";
 constexpr std::string_view kNoDate = "dateID NOT IN (SELECT dateID FROM tblDate)";
 constexpr std::string_view kNoOwner =
@@ -137,6 +138,7 @@ constexpr std::array kRules = {
     CheckRule{StaleNames, Fault, "tblNameBlock", kStaleApplicationNames, kNameBlock, "blocks of packed names that differ from the names of the applications", "DELETE FROM tblNameBlock", kNamesAdvice},
     CheckRule{StaleNames, Fault, "tblNameBlock", kStaleClassNames, kNameBlock, "blocks of packed names that differ from the names of the classes", "DELETE FROM tblNameBlock", kNamesAdvice},
     CheckRule{StaleNames, Fault, "tblNameBlock", kStaleCodeNames, kNameBlock, "blocks of packed names that differ from the names of the procedures", "DELETE FROM tblNameBlock", kNamesAdvice},
+    CheckRule{DraftTextWithoutDraft, Fault, "tblDraftText", kNoDraft, "'draftID ' || draftID", "texts of drafts that do not exist", "DELETE FROM tblDraftText", "They are not offered. Mending removes them."},
     CheckRule{DateThatIsNone, Fault, "tblDate", kNoIsoDate, "'dateID ' || dateID", "dates that are no dates", "", "Searches by date miss them. Correct or delete them in the date list of their owners."},
 };
 // clang-format on

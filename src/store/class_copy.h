@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 namespace snippetarium {
 
@@ -19,5 +20,9 @@ class Database;
 /// class is in the contents tree, with all of its procedures or none, and can be deleted there; at
 /// most one keyword string that nobody has is left.
 std::int32_t CopyClass(Database& db, std::int32_t classID, std::int32_t appID);
+
+/// The same under another name. 0, with a message, also where that can be no name.
+std::int32_t CopyClass(Database& db, std::int32_t classID, std::int32_t appID,
+                       std::string_view name);
 
 }  // namespace snippetarium

@@ -224,6 +224,11 @@ bool DeleteClassQuietly(Database& db, std::int32_t classID) {
                    [&] { return Run(db, PlanForClass(db, classID), {}); });
 }
 
+bool DeleteCodeQuietly(Database& db, std::int32_t codeID) {
+    return Guarded(db.Reporter(), Procedure::DeleteCode,
+                   [&] { return Run(db, PlanForCode(db, codeID), {}); });
+}
+
 bool DeleteCodes(Database& db, std::string_view codeIDs, const OnProgress& onProgress) {
     return RunStage(db, Procedure::DeleteCodes, [&] {
         static constexpr std::string_view kTables[] = {"tblCode_Link_Language", "tblFavorite",

@@ -32,6 +32,8 @@ void DeleteApplication(Database& db, std::int32_t appID);
 /// As DeleteClass, without showing anything but failures, and in the write mode that is set: for a
 /// class that is replaced. False when a stage failed.
 bool DeleteClassQuietly(Database& db, std::int32_t classID);
+/// The same for a procedure: for a copy that is not finished.
+bool DeleteCodeQuietly(Database& db, std::int32_t codeID);
 
 // The rows themselves, each function one stage, which returns whether it was done. The set is what
 // stands between the brackets of IN: IDs with commas between them, or a SELECT.

@@ -157,6 +157,8 @@ constexpr std::array kTables = {
     std::string_view("tblTextBlock"),
     std::string_view("tblTextDirty"),
     std::string_view("tblNameBlock"),
+    std::string_view("tblDraft"),
+    std::string_view("tblDraftText"),
 };
 
 constexpr std::array kKinds = {

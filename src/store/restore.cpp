@@ -37,6 +37,7 @@ constexpr LaterTables kLaterTables[] = {
     {"tblClassesToEmpty", 3},
     {"tblText", 3},
     {"tblNameBlock", 3},
+    {"tblDraft", 4},
 };
 // clang-format on
 

@@ -18,8 +18,8 @@ namespace snippetarium {
 inline constexpr std::size_t kNameLimit = 255;
 inline constexpr std::size_t kShortTextLimit = 50;
 /// What a column of long texts takes: code, the text of a class, comments. What a person enters is
-/// never cut to it but refused; an import cuts what is longer and keeps the rest in tblOverlong,
-/// which belongs to the text as long as that has this very length.
+/// refused, or cut to it if he says so; an import cuts what is longer and keeps the rest in
+/// tblOverlong, which belongs to the text as long as that has this very length.
 inline constexpr std::size_t kLongTextLimit = 64'000;
 
 /// The text as an SQL literal: "it's" gives "'it''s'".

@@ -113,8 +113,28 @@ TEST_F(ListCommandsTest, ListAndChangeLanguages) {
     EXPECT_EQ(Output({"languages"}).find("Fortran"), std::string::npos);
 }
 
+TEST_F(ListCommandsTest, ListAndChangeWordsOfTheIndex) {
+    EXPECT_EQ(Output({"index", "--rename", "LEAP", "--to", "jump"}), "Renamed: jump\n");
+    EXPECT_NE(Output({"index"}).find("\njump\n"), std::string::npos) << Output({"index"});
+    EXPECT_NE(Output({"index", "jump"}).find("modCalendar"), std::string::npos);
+    EXPECT_NE(Output({"keywords"}).find("calendar, leap year"), std::string::npos);
+    // Two words become one only where that is wanted.
+    EXPECT_EQ(Run({"--no", "index", "--rename", "jump", "--to", "Ring"}).status, kFailed);
+    EXPECT_EQ(Output({"--yes", "index", "--rename", "jump", "--to", "Ring"}), "Renamed: Ring\n");
+    EXPECT_NE(Output({"index", "ring"}).find("modCalendar"), std::string::npos);
+    EXPECT_NE(Output({"index", "ring"}).find("HeightRing"), std::string::npos);
+    EXPECT_EQ(Run({"--no", "index", "--delete", "ring"}).status, kFailed);
+    EXPECT_EQ(Document({"--yes", "index", "--delete", "ring"}), R"({"word":"ring"})");
+    EXPECT_EQ(Output({"index"}).find("ring"), std::string::npos);
+    EXPECT_EQ(Run({"check"}).status, kDone);
+}
+
 TEST_F(ListCommandsTest, ListAndChangeNoiseWords) {
-    EXPECT_EQ(Output({"noise", "--add", "Leap; month"}), "Added: Leap\nAdded: month\n");
+    EXPECT_EQ(Output({"noise", "--add", "Leap; month"}),
+              "Added: Leap\nAdded: month\nKeywords changed: 1\n");
+    EXPECT_EQ(Output({"noise", "--add", "LEAP"}), "Is a noise word already: LEAP\n");
+    EXPECT_EQ(Document({"noise", "--add", "the; ebb"}),
+              R"({"noiseWords":["ebb"],"alreadyNoiseWords":["the"],"changedKeywords":0})");
     EXPECT_NE(Output({"noise"}).find("Leap"), std::string::npos);
     EXPECT_NE(Output({"keywords", "a2f2"}).find("Search words: calendar year\n"),
               std::string::npos);

@@ -156,9 +156,12 @@ TEST_F(NodeCommandsTest, DeleteWhatIsBelowTooAndSayItBefore) {
     EXPECT_EQ(Run({"--yes", "delete", "a2"}).status, kFailed);
 }
 
-TEST_F(NodeCommandsTest, CopyAClassWithItsProcedures) {
+TEST_F(NodeCommandsTest, CopyAClassWithItsProceduresAndAProcedureByItself) {
     ASSERT_EQ(Run({"add", "application", "Other"}).status, kDone);
     ExpectDone({"copy", "a2f3", "a3"}, "Copied: a3f4  HeightRing\n");
+    ExpectDone({"copy", "a2f3", "a3", "--name", "Ring"}, "Copied: a3f5  Ring\n");
+    ExpectDone({"copy", "a2f2c1", "a3f5", "--name", "Again"}, "Copied: a3f5c10  Again\n");
+    EXPECT_EQ(Show("a3f5c10")["code"], Show("a2f2c1")["code"]);
     const auto copy = Show("a3f4");
     const auto original = Show("a2f3");
     for (const std::string field : {"text", "comment", "path", "language", "authors", "dates"})
@@ -230,6 +233,9 @@ TEST_F(NodeCommandsTest, RefuseBadInputWithAMessageAndWriteNothing) {
         {{"copy", "a2f3", "a2"}, kFailed, "already exists"},
         {{"copy", "a1f3", "a2"}, kFailed, "The key of this class is 'a2f3'."},
         {{"copy", "a2", "a2"}, kWrongUsage, "What is copied is a class"},
+        {{"copy", "a2f2c1", "a2"}, kWrongUsage, "A procedure is copied into a class"},
+        {{"copy", "a2f2c1", "a2f2"}, kFailed, "already exists"},
+        {{"copy", "a2f2c1", "a2f2", "--name", "a\tb"}, kFailed, "A name cannot hold a line break"},
         {{"copy", "a2f3", "a2f2"}, kWrongUsage, "copied into an application"},
         {{"authors", "a2", "--add", " "}, kFailed, "Please enter the author's name."},
         {{"authors", "a2", "--remove", "Ann Lee"}, kFailed, "'Ann Lee' is no author of 'a2'."},
@@ -244,6 +250,11 @@ TEST_F(NodeCommandsTest, RefuseBadInputWithAMessageAndWriteNothing) {
         {{"languages", "--add", "JAVA"}, kFailed, "The language you specified already exists."},
         {{"languages", "--delete", "Java"}, kFailed, "The language 'Java' cannot be deleted, because 3 classes and procedures have it."},
         {{"languages", "--delete", "Jav"}, kFailed, "There is no language 'Jav'."},
+        {{"index", "--rename", "leap", "--to", "leap year"}, kFailed, "Please enter one word."},
+        {{"index", "--rename", "leap", "--to", "the"}, kFailed, "'the' is a noise word"},
+        {{"index", "--rename", "leaps", "--to", "x"}, kFailed, "The index has no word 'leaps'."},
+        {{"index", "--rename", "leap"}, kWrongUsage, "--rename and --to go together."},
+        {{"index", "leap", "--delete", "leap"}, kWrongUsage, "names its word itself"},
         {{"noise", "--add", " ;-! "}, kFailed, "There is no word in"},
         {{"noise", "--delete", "over there"}, kFailed, "'over there' is no noise word."},
         {{"bookmarks", "--add", "a2"}, kWrongUsage, "Classes and procedures are bookmarked"},

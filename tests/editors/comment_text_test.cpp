@@ -24,6 +24,10 @@ TEST(FirstCommentLine, IsFoundInEveryStyleOfComment) {
         {"/*\n * Draws\n */", "Draws"},
         {"// x = a / b", "x = a / b"},
         {"<!-- A page -->", "A page"},
+        {"/// <summary>\n/// Draws <b>all</b>.\n/// </summary>", "Draws <b>all</b>."},
+        {"/// <summary> Draws.</summary>", "Draws."},
+        {"/** <p> Draws", "Draws"},
+        {"// < 3 of them", "< 3 of them"},
         {"'the price in $ * 2*", "the price in $ * 2*"},
     };
     for (const auto& [comment, line] : cases)

@@ -48,15 +48,15 @@ TEST(JetSql, TranslatesWhatTheDialectsDifferIn) {
         {"DELETE * FROM a",                             "DELETE   FROM a"},
         {"DELETE*FROM a WHERE b = 'c'",                 "DELETE FROM a WHERE b = ?1"},
         {"DELETE FROM (a)",                             "DELETE FROM (a)"},
-        {"DELETE a.* FROM a WHERE b IN (SELECT b FROM c UNION SELECT b FROM d)", "DELETE FROM a WHERE rowid IN (SELECT a.rowid FROM a WHERE b IN (SELECT b FROM c UNION SELECT b FROM d))"},
-        {"DELETE a.* FROM a INNER JOIN b",              "DELETE FROM a WHERE rowid IN (SELECT a.rowid FROM a INNER JOIN b)"},
-        {"DELETE x.* FROM a x WHERE x.b = 1;",          "DELETE FROM a WHERE rowid IN (SELECT x.rowid FROM a x WHERE x.b = ?1)"},
-        {"DELETE X . * FROM a AS x",                    "DELETE FROM a WHERE rowid IN (SELECT X.rowid FROM a AS x)"},
-        {"DELETE a.*FROM a",                            "DELETE FROM a WHERE rowid IN (SELECT a.rowid FROM a)"},
-        {"DELETE b.* FROM a JOIN b ON a.i=b.i",         "DELETE FROM b WHERE rowid IN (SELECT b.rowid FROM a JOIN b ON a.i=b.i)"},
-        {"DELETE x.* FROM (a INNER JOIN [b] x ON a.i=x.i) INNER JOIN c ON c.i=x.i", "DELETE FROM [b] WHERE rowid IN (SELECT x.rowid FROM  a INNER JOIN [b] x ON a.i=x.i  INNER JOIN c ON c.i=x.i)"},
-        {"DELETE [x].* FROM a b, c x WHERE b.x IN (SELECT x FROM d)", "DELETE FROM c WHERE rowid IN (SELECT [x].rowid FROM a b, c x WHERE b.x IN (SELECT x FROM d))"},
-        {"DELETE x.* FROM (SELECT a FROM b x) c, (d INNER JOIN e ON f((g), x)), h x", "DELETE FROM h WHERE rowid IN (SELECT x.rowid FROM (SELECT a FROM b x) c, (d INNER JOIN e ON f((g), x)), h x)"},
+        {"DELETE a.* FROM a WHERE b IN (SELECT b FROM c UNION SELECT b FROM d)", "DELETE FROM a WHERE (rowid) IN (SELECT a.rowid FROM a WHERE b IN (SELECT b FROM c UNION SELECT b FROM d))"},
+        {"DELETE a.* FROM a INNER JOIN b",              "DELETE FROM a WHERE (rowid) IN (SELECT a.rowid FROM a INNER JOIN b)"},
+        {"DELETE x.* FROM a x WHERE x.b = 1;",          "DELETE FROM a WHERE (rowid) IN (SELECT x.rowid FROM a x WHERE x.b = ?1)"},
+        {"DELETE X . * FROM a AS x",                    "DELETE FROM a WHERE (rowid) IN (SELECT X.rowid FROM a AS x)"},
+        {"DELETE a.*FROM a",                            "DELETE FROM a WHERE (rowid) IN (SELECT a.rowid FROM a)"},
+        {"DELETE b.* FROM a JOIN b ON a.i=b.i",         "DELETE FROM b WHERE (rowid) IN (SELECT b.rowid FROM a JOIN b ON a.i=b.i)"},
+        {"DELETE x.* FROM (a INNER JOIN [b] x ON a.i=x.i) INNER JOIN c ON c.i=x.i", "DELETE FROM [b] WHERE (rowid) IN (SELECT x.rowid FROM  a INNER JOIN [b] x ON a.i=x.i  INNER JOIN c ON c.i=x.i)"},
+        {"DELETE [x].* FROM a b, c x WHERE b.x IN (SELECT x FROM d)", "DELETE FROM c WHERE (rowid) IN (SELECT [x].rowid FROM a b, c x WHERE b.x IN (SELECT x FROM d))"},
+        {"DELETE x.* FROM (SELECT a FROM b x) c, (d INNER JOIN e ON f((g), x)), h x", "DELETE FROM h WHERE (rowid) IN (SELECT x.rowid FROM (SELECT a FROM b x) c, (d INNER JOIN e ON f((g), x)), h x)"},
         // values of action statements
         {"UPDATE t SET a='it''s''', b = -5, c=.5e1 WHERE d>#3/14/2001#", "UPDATE t SET a=?1, b = -?2, c=?3 WHERE d>?4"},
         {"INSERT INTO tbl2(kls0) VALUES(null,True,''''''   ,1)", "INSERT INTO tbl2(kls0) VALUES(null,True,?1   ,?2)"},
@@ -72,6 +72,19 @@ TEST(JetSql, TranslatesWhatTheDialectsDifferIn) {
     // clang-format on
     for (const auto& [text, sql] : kCases)
         EXPECT_EQ(SqlOf(text), sql) << text;
+}
+
+TEST(JetSql, DeletesByTheKeyOfTablesWhoseRowsHaveNoNumbers) {
+    TranslationOptions options;
+    options.keyColumnsOf = [](std::string_view table) {
+        return table == "links" ? std::vector<std::string>{"a", "b"} : std::vector<std::string>{};
+    };
+    EXPECT_EQ(SqlOf("DELETE x.* FROM [links] x INNER JOIN t ON x.a = t.a", options),
+              "DELETE FROM [links] WHERE (a, b) IN (SELECT x.a, x.b FROM [links] x INNER JOIN t ON "
+              "x.a = t.a)");
+    EXPECT_EQ(SqlOf("DELETE t.* FROM links x INNER JOIN t ON x.a = t.a", options),
+              "DELETE FROM t WHERE (rowid) IN (SELECT t.rowid FROM links x INNER JOIN t ON x.a = "
+              "t.a)");
 }
 
 TEST(JetSql, TakesOutTheValuesThatTheLiteralsMean) {

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "engine/background_copy.h"
 #include "engine/database_file.h"
 #include "tests/engine/test_catalogue.h"
 #include "tests/killed_child.h"
@@ -110,6 +111,26 @@ TEST_F(OnlineCopyTest, LeavesNothingWhenTheDiskTakesNoMore) {
         const int error = ErrorNumberOf([&] { Copy(); });
         if ((error != 3043 && error != 3183) || FilesInFolder() != before) _exit(1);
     });
+}
+
+TEST_F(OnlineCopyTest, InTheBackgroundIsWholeOrNotThere) {
+    using namespace std::chrono_literals;
+    {
+        BackgroundCopy copy(catalogue_.Path(), Target());
+        while (!copy.IsFinished(1ms))
+            EXPECT_LE(copy.Share(), 1.0);
+        copy.Check();
+        EXPECT_EQ(copy.Share(), 1.0);
+        ExpectCopyOfRows("804");
+    }
+    BackgroundCopy second(catalogue_.Path(), Target());
+    EXPECT_EQ(ErrorNumberOf([&] { second.Check(); }), 3051) << "the first one is in its place";
+
+    std::filesystem::remove(Target());
+    Insert(20'000);
+    const std::size_t before = FilesInFolder();
+    { const BackgroundCopy dropped(catalogue_.Path(), Target()); }
+    EXPECT_EQ(FilesInFolder(), before) << "given up";
 }
 
 TEST_F(OnlineCopyTest, IsNotMadeOfADamagedFile) {

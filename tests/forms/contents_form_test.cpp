@@ -68,6 +68,20 @@ TEST_F(ContentsFormTest, LoadsChildrenOnceWhenANodeIsOpened) {
     EXPECT_TRUE(Node({"Paint 0", "Grid0", "Draw1"}).data(Qt::DecorationRole).isValid());
 }
 
+TEST_F(ContentsFormTest, GoesToTheFirstNodeAtTheFirstArrowKey) {
+    for (const int key : {Qt::Key_Down, Qt::Key_Up}) {
+        Tree().setCurrentIndex({});
+        Get<QLineEdit>("txtFilter").setFocus();
+        Tree().setFocus();
+        PressKey(Tree(), key);
+        EXPECT_EQ(Tree().currentIndex(), Tree().model()->index(0, 0));
+        EXPECT_TRUE(Tree().selectionModel()->isSelected(Tree().currentIndex()));
+        EXPECT_FALSE(Get<QPlainTextEdit>("txtPage").toPlainText().isEmpty());
+    }
+    PressKey(Tree(), Qt::Key_Down);
+    EXPECT_EQ(Tree().currentIndex(), Tree().model()->index(1, 0));
+}
+
 TEST_F(ContentsFormTest, RenamesInPlaceAndSaysWhyNot) {
     Open({"Paint 0", "Grid0", "Draw1"});
     Rename("Render<b>");

@@ -16,13 +16,16 @@
 #include <set>
 
 #include "forms/fConfigure.h"
+#include "forms/fFind.h"
 #include "forms/fLogError.h"
 #include "forms/fMsgBox.h"
 #include "forms/fPrgrCancel.h"
 #include "forms/fProgressBar1.h"
 #include "forms/fProgressBar2.h"
+#include "forms/fQuickSearch.h"
 #include "forms/fTopicsFound.h"
 #include "forms/fTrash.h"
+#include "forms/fZoom.h"
 #include "navigator/help.h"
 #include "navigator/node_deletion.h"
 #include "search/topic_list.h"
@@ -82,6 +85,15 @@ constexpr NamedControl kControls[] = {
     {"fMain",         "cmdSrchListTopic", "QPushButton", "&List Topics"},
     {"fMain",         "cmdSrchDisplay", "QPushButton",  "Displa&y"},
     {"fMain",         "lstVwSearch",  "QTreeView",      ""},
+    {"fFind",         "txtFind",      "QLineEdit",      ""},
+    {"fFind",         "chckCase",     "QCheckBox",      "&Match case"},
+    {"fFind",         "chckWord",     "QCheckBox",      "&Whole word"},
+    {"fFind",         "cmdFindNext",  "QPushButton",    "&Find Next"},
+    {"fFind",         "cmdCancel",    "QPushButton",    "&Cancel"},
+    {"fZoom",         "txtZoom",      "QPlainTextEdit", ""},
+    {"fQuickSearch",  "txtQuick",     "QLineEdit",      ""},
+    {"fQuickSearch",  "lstHits",      "QListView",      ""},
+    {"fQuickSearch",  "lblMore",      "QLabel",         ""},
     {"fTopicsFound",  "lstVwTopic",   "QTreeView",      ""},
     {"fTopicsFound",  "cmdDisplay",   "QPushButton",    "&Display"},
     {"fTopicsFound",  "cmdCancel",    "QPushButton",    "&Cancel"},
@@ -158,6 +170,11 @@ class FormsTest : public DesktopFixture {
         if (form == "fPrgrCancel") return std::make_unique<fPrgrCancel>(nullptr);
         if (form == "fTopicsFound")
             return std::make_unique<fTopicsFound>(*db_, topicList_, nullptr);
+        if (form == "fFind") return std::make_unique<fFind>(*db_, nullptr);
+        if (form == "fZoom") return std::make_unique<fZoom>(*db_, nullptr);
+        if (form == "fQuickSearch") {
+            return std::make_unique<fQuickSearch>(*db_, Get<QWidget>("fPage"), *window_);
+        }
         if (form == "fTrash") return std::make_unique<fTrash>(*db_, deletion_, nullptr);
         if (form == "fConfigure") return std::make_unique<fConfigure>(*db_, layout_, nullptr);
         return nullptr;
@@ -222,14 +239,14 @@ TEST_F(FormsTest, HaveAllMenuItemsInTheirMenusAndOrder) {
 }
 
 TEST_F(FormsTest, OpenTheirHelpAtF1AndAtTheHelpButton) {
-    const char* const forms[] = {"fMsgBox", "fConfigure", "fTrash", "fLogError", "fTopicsFound"};
+    const char* const forms[] = {"fMsgBox",      "fConfigure", "fTrash", "fLogError",
+                                 "fTopicsFound", "fFind",      "fZoom",  "fQuickSearch"};
     for (const char* form : forms) {
         const std::unique_ptr<QWidget> window = Make(form);
         window->show();
         qtHost_.Help().Close();
         topics_.clear();
-        QWidget* const inner = window->findChild<QPushButton*>();
-        PressKey(*inner, Qt::Key_F1);
+        PressKey(*window->nextInFocusChain(), Qt::Key_F1);
         EXPECT_TRUE(qtHost_.Help().IsVisible() ||
                     topics_ == std::vector<std::string>{"UseReuseExport"})
             << form;
@@ -242,8 +259,9 @@ TEST_F(FormsTest, OpenTheirHelpAtF1AndAtTheHelpButton) {
 }
 
 TEST_F(FormsTest, CanBeUsedByKeyboardAndByReadersOfTheScreen) {
-    const char* const forms[] = {"fMsgBox", "fLogError",  "fProgressBar2", "fPrgrCancel",
-                                 "fTrash",  "fConfigure", "fMain"};
+    const char* const forms[] = {"fMsgBox",      "fLogError",  "fProgressBar2", "fPrgrCancel",
+                                 "fTrash",       "fConfigure", "fFind",         "fZoom",
+                                 "fQuickSearch", "fMain"};
     for (const char* form : forms) {
         const std::unique_ptr<QWidget> made = Make(form);
         const QWidget& window = made ? *made : static_cast<const QWidget&>(*window_);

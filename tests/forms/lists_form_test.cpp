@@ -6,6 +6,7 @@
 #include <QListView>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QSplitter>
 #include <QTabWidget>
 #include <QTreeView>
 
@@ -33,6 +34,13 @@ class ListsFormTest : public DesktopFixture {
             rows.push_back(text);
         }
         return rows;
+    }
+    QStringList Titles(const char* side) {
+        const auto& tabs = Get<QTabWidget>(side);
+        QStringList titles;
+        for (int tab = 0; tab < tabs.count(); ++tab)
+            titles << tabs.tabText(tab);
+        return titles;
     }
     void Enter(const char* control) { PressKey(Get<QWidget>(control), Qt::Key_Return); }
 };
@@ -160,6 +168,15 @@ TEST_F(ListsFormTest, StandAsTabsAtTheirSideAndComeBackSo) {
     EXPECT_EQ(Get<QTabWidget>("tabLeft").count(), 2);
     EXPECT_EQ(Get<QTabWidget>("tabLeft").currentWidget()->objectName(), "fIndex");
     EXPECT_EQ(Get<QTabWidget>("tabRight").count(), 1);
+    Item("tbrBookmarks").trigger();
+    // Too narrow for three titles: the one in front can be read.
+    Get<QSplitter>("paneDock").setSizes({200, 600, 200});
+    EXPECT_EQ(Titles("tabLeft"), (QStringList{"", "", "Bookmarks"}));
+    Get<QTabWidget>("tabLeft").setCurrentIndex(1);
+    EXPECT_EQ(Titles("tabLeft"), (QStringList{"", "Index", ""}));
+    Get<QSplitter>("paneDock").setSizes({600, 200, 200});
+    EXPECT_EQ(Titles("tabLeft"), (QStringList{"Contents", "Index", "Bookmarks"}));
+    Item("tbrBookmarks").trigger();
     Get<QTabWidget>("tabLeft").setCurrentIndex(0);
     EndProgram();
     StartProgram();

@@ -14,6 +14,7 @@
 #include <QTreeView>
 
 #include "forms/desktop_layout.h"
+#include "forms/fPage.h"
 #include "forms/theme.h"
 #include "store/deletion.h"
 #include "store/reads_other.h"
@@ -74,10 +75,16 @@ TEST_F(MainWindowTest, ColoursTheWordsOfASourceOnLightAndOnDark) {
         return QColor();
     };
     WaitUntil([&] { return colourOfSub().isValid(); });
+    Get<fPage>("fPage").MarkWords({"Draw11"});
+    const auto colourOfMark = [&] {
+        return text.extraSelections().front().format.background().color();
+    };
     const QColor onLight = colourOfSub();
+    const QColor markOnLight = colourOfMark();
     ApplyTheme(Theme::Dark);
     RunEvents();
     EXPECT_GT(colourOfSub().lightness(), onLight.lightness());
+    EXPECT_LT(colourOfMark().lightness(), markOnLight.lightness());
     ApplyTheme(Theme::Desktop);
 }
 

@@ -106,6 +106,9 @@ TEST(QuickHitLine, ShowsTheFirstMarkOfALongLineWithItsIndentationCut) {
         {{.text = front + "Draw x", .matches = {{60, 4}}},
          "…" + front.substr(20) + "Draw x",
          {{41, 45}}},
+        {{.text = "f(int x,\r\n\t  int y)", .matches = {{6, 7}, {12, 3}}},
+         "f(int x, int y)",
+         {{6, 9}, {8, 11}}},
         {{}, "", {}},
     };
     for (const Row& row : rows) {

@@ -53,6 +53,37 @@ TEST_F(AnalysersTest, CutEveryKindOfFileAndNameItsClass) {
     }
 }
 
+/// Steps of the cutting of a large file run beside the window's events.
+TEST_F(AnalysersTest, CutALargeFileAsASmallOne) {
+    constexpr int kCount = 300;
+    const std::string body = "{ a = 1; " + std::string(1000, ';') + " }\n";
+    const auto repeat = [&](const std::string& head) {
+        std::string text;
+        for (int i = 0; i < kCount; ++i)
+            text += head + std::to_string(i) + "()\n" + body;
+        return text;
+    };
+    // clang-format off
+    const std::pair<const char*, std::string> files[] = {
+        {"a.c",    repeat("int f")},
+        {"B.java", "class B {\n" + repeat("void f") + "}\n"},
+        {"C.cs",   "class C\n{\n" + repeat("void f") + "}\n"},
+        {"d.js",   repeat("function f")},
+    };
+    // clang-format on
+    for (const auto& [entry, text] : files) {
+        SCOPED_TRACE(entry);
+        AddFile(entry, text);
+        EXPECT_EQ(Import({entry}).texts.errors, "");
+        const Rows names = Select(
+            "SELECT codeName FROM tblCode WHERE classID = (SELECT max(classID) FROM tblClass) "
+            "ORDER BY codeID");
+        ASSERT_EQ(names.size(), static_cast<std::size_t>(kCount));
+        EXPECT_TRUE(names.front().ends_with("f0()")) << names.front();
+        EXPECT_TRUE(names.back().ends_with("f299()")) << names.back();
+    }
+}
+
 TEST_F(AnalysersTest, TakeNoMoreIncludeFilesInAJobThatHasMetOneWithoutAPage) {
     AddFile("makefile.inc", "SOURCES = a.c\n");
     AddFile("page.inc", "<% Sub S\nEnd Sub %>\n");

@@ -29,7 +29,7 @@ TEST(HelpPage, HasTheAnchorOfEveryWindowThatIsThere) {
     EXPECT_GT(windows, 20U);
 }
 
-TEST(HelpPage, LeadsNowhereThatIsNotThereAndHasEachAnchorOnce) {
+TEST(HelpPage, HasEachAnchorOnceAndAllThatItLeadsToAndShows) {
     const std::string page = ReadHelpPage();
     std::set<std::string> anchors;
     const auto valuesAfter = [&page](const std::string& start, const auto& take) {
@@ -45,6 +45,14 @@ TEST(HelpPage, LeadsNowhereThatIsNotThereAndHasEachAnchorOnce) {
     valuesAfter("<a href=\"#", [&](const std::string& target) {
         EXPECT_TRUE(anchors.contains(target)) << target;
     });
+    // The pictures lie beside the page, with which they are copied.
+    std::set<std::string> pictures;
+    valuesAfter("<img src=\"", [&](const std::string& picture) { pictures.insert(picture); });
+    for (const auto& file : std::filesystem::directory_iterator(SNIPPETARIUM_SOURCES "/help")) {
+        const std::string name = file.path().filename().string();
+        EXPECT_EQ(pictures.erase(name), name.ends_with(".png") ? 1U : 0U) << name;
+    }
+    EXPECT_TRUE(pictures.empty()) << *pictures.begin() << " is missing";
 }
 
 }  // namespace

@@ -6,10 +6,12 @@
 #include <csignal>
 #include <filesystem>
 #include <set>
+#include <thread>
 
 #include "engine/engine_error.h"
 #include "engine/inspection.h"
 #include "store/compact.h"
+#include "store/daily_backup.h"
 #include "store/reads_applications.h"
 #include "tests/child_process.h"
 #include "tests/killed_child.h"
@@ -129,6 +131,31 @@ TEST_F(BackupTest, OnceADay) {
     host_.clock.Advance(24h);
     EXPECT_EQ(BackUpOncePerDay(db_), "") << "nothing can have changed";
     EXPECT_EQ(ListBackups(folder_.Path()).size(), 3U);
+}
+
+TEST_F(BackupTest, OnceADayIsMadeWhileTheProgramGoesOn) {
+    const auto finish = [](DailyBackup& backup) {
+        while (backup.Step())
+            std::this_thread::sleep_for(1ms);
+    };
+    DailyBackup backup(db_);
+    EXPECT_TRUE(backup.Step());
+    ExecuteSQL(db_, "UPDATE tblApplication SET appName = 'written meanwhile'");
+    finish(backup);
+    ASSERT_EQ(ListBackups(folder_.Path()).size(), 1U);
+    EXPECT_EQ(ListBackups(folder_.Path()).front().name.reason, BackupReason::Daily);
+    EXPECT_FALSE(DailyBackup(db_).Step()) << "there is one of today";
+
+    host_.clock.Advance(24h);
+    { EXPECT_TRUE(DailyBackup(db_).Step()); }
+    EXPECT_EQ(BackupFiles().size(), ListBackups(folder_.Path()).size()) << "whole or given up";
+
+    host_.clock.Advance(24h);
+    std::filesystem::remove_all(BackupFolder());
+    WriteBytes(BackupFolder(), "a file in the way");
+    DailyBackup failing(db_);
+    finish(failing);
+    EXPECT_NE(TakeBox().text.find(BackupFolder()), std::string::npos);
 }
 
 TEST_F(BackupTest, ThatFailsIsReportedAndLeavesNoHalfFile) {

@@ -1,5 +1,6 @@
 #include "store/class_copy.h"
 
+#include "store/code_copy.h"
 #include "store/deletion.h"
 #include "store/reads_classes.h"
 #include "tests/store/deletion_fixture.h"
@@ -141,6 +142,71 @@ TEST_F(ClassCopy, ThatFailsLeavesNothing) {
     EXPECT_EQ(CopyClass(db_, 6, 8), 0);
     ExpectFailedStatement();
     EXPECT_EQ(Counts(), before);
+}
+
+TEST_F(ClassCopy, UnderAnotherNameStandsBesideTheOriginal) {
+    const std::int32_t copyID = CopyClass(db_, 6, 5, "It's another");
+    EXPECT_EQ(ClassNameByID(db_, copyID), "It's another");
+    EXPECT_EQ(AppIDByClassID(db_, copyID), 5);
+}
+
+class CodeCopy : public ClassCopy {
+  protected:
+    /// A procedure and what belongs to it, without its ID and its name.
+    Rows CodeAsRead(std::int32_t codeID) {
+        const std::string id = std::to_string(codeID);
+        const std::string owned = " WHERE ownerTableID = 3 AND ownerID = " + id;
+        Rows all;
+        for (const std::string& sql :
+             {"SELECT code, codeComment FROM tblCode WHERE codeID = " + id,
+              "SELECT languageID FROM tblCode_Link_Language WHERE codeID = " + id,
+              "SELECT authorID FROM tbl_Author_Link" + owned,
+              "SELECT dateID FROM tbl_date_link" + owned,
+              "SELECT part, text FROM tblOverlong" + owned,
+              "SELECT k.keyword, k.separatorID, kl.searchWordID FROM (tblKeyword k INNER JOIN "
+              "tblKeyword_link_searchWord kl ON k.keywordID = kl.keywordID) INNER JOIN tblCode cd "
+              "ON cd.keywordID = k.keywordID WHERE cd.codeID = " +
+                  id}) {
+            for (const std::string& row : Select(sql))
+                all.push_back(row);
+        }
+        return all;
+    }
+};
+
+TEST_F(CodeCopy, HasEverythingThatTheProcedureHasAndAMarker) {
+    const Rows original = CodeAsRead(9);
+    ASSERT_EQ(original.size(), 6U);
+    const std::int32_t copyID = CopyCode(db_, 9, 6, "It's drawn");
+    EXPECT_EQ(CodeAsRead(copyID), original);
+    EXPECT_EQ(CodeAsRead(9), original);
+    EXPECT_NE(ClassDIByClassID(db_, 6).find("It's drawn"), std::string::npos);
+    DeleteCode(db_, 9);
+    EXPECT_EQ(CodeAsRead(copyID), original);
+    // One without a class has no text to be marked in.
+    const std::int32_t looseID = CopyCode(db_, copyID, 0, "Loose");
+    EXPECT_EQ(CodeAsRead(looseID), original);
+    EXPECT_EQ(ClassDIByClassID(db_, 1), "");
+}
+
+TEST_F(CodeCopy, ThatIsRefusedOrFailsLeavesNothing) {
+    const Rows before = Counts();
+    const std::string text = ClassDIByClassID(db_, 6);
+    EXPECT_EQ(CopyCode(db_, 9, 6, "DRAW"), 0);
+    EXPECT_TRUE(TakeBox().text.starts_with("A procedure with the name you specified already"));
+    EXPECT_EQ(CopyCode(db_, 99, 6, "New"), 0);
+    EXPECT_NE(TakeBox().text.find("does not exist any more"), std::string::npos);
+    for (const std::string table :
+         {"tblCode", "tbl_Author_Link", "tblOverlong", "tblCode_Link_Language", "tblKeyword",
+          "tblKeyword_link_searchWord"}) {
+        SCOPED_TRACE(table);
+        RefuseInsertsInto(table);
+        EXPECT_EQ(CopyCode(db_, 9, 6, "New"), 0);
+        ExpectFailedStatement();
+        EXPECT_EQ(Counts(), before);
+        EXPECT_EQ(ClassDIByClassID(db_, 6), text);
+        Run("DROP TRIGGER refuse" + table + ";");
+    }
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ TEST_F(Deletion, ThatIsCutShortLeavesNoOldKeywordToAnID) {
     Run("INSERT INTO tblCode(codeID, codeName, classID, keywordID) VALUES (8, 'p', 1, 71);"
         "INSERT INTO tblClassesToEmpty VALUES (6);"
         "DELETE FROM tblKeyword WHERE keywordID = 71;");
-    const std::string keywords = "SELECT codeID, keywordID FROM tblCode";
+    const std::string keywords = "SELECT codeID, keywordID FROM tblCode ORDER BY codeID";
     EXPECT_EQ(Select(keywords), (Rows{"7|71", "8|-"})) << "the one in class 6 is to go too";
     Run("INSERT INTO tblKeyword VALUES (71, 'a stranger''s', 1);");
     EXPECT_EQ(Select(keywords), (Rows{"7|-", "8|-"}));

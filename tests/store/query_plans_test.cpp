@@ -50,6 +50,7 @@ constexpr AllowedStep kAllowed[] = {
     {"qryClassIDByClassNameClassPathAppID", "SEARCH tblClass USING INDEX ixClassApp (appID=? AND className=?)"},
     {"qryClassRSByAppID", "SEARCH tblClass USING INDEX ixClassApp (appID=?)"},
     {"qryCodeCommentCodeByClassID", "SEARCH tblCode USING INDEX ixCodeClass (classID=?)"},
+    {"qryCodeClassAppRSWithSearchWordCodeName", "SEARCH cd USING INDEX ixCodeName (codeName=?)"},
     {"qryCodeNameCommentCodeByClassID", "SEARCH tblCode USING INDEX ixCodeClass (classID=?)"},
     // searches start from the authors, however many, and from one search word or keyword text
     {"author", "SCAN au"},
@@ -77,6 +78,8 @@ constexpr PlannedStatement kStatements[] = {
     {"deleted search word", "DELETE FROM tblKeyword_link_searchWord WHERE searchWordID = 1"},
     {"deleted class", "DELETE FROM tblFavorite WHERE classID = 1"},
     {"deleted text", "DELETE FROM tblOverlong WHERE ownerID = 1 AND ownerTableID = 3"},
+    {"changed name", "DELETE FROM tblNameBlock WHERE ownerTableID = 3 AND block = 1"},
+    {"deleted draft", "DELETE FROM tblDraftText WHERE draftID = 1"},
 };
 // clang-format on
 
@@ -100,7 +103,7 @@ bool IsSound(std::string_view step, StatementVerb verb) {
         return mentions("(dDate>? AND dDate<?)") || mentions("rowid<?");
     if (step.starts_with("SCAN")) return false;
     if (!step.starts_with("SEARCH") || verb != StatementVerb::Select) return true;
-    return mentions("USING INTEGER PRIMARY KEY") || mentions("USING COVERING INDEX");
+    return mentions("PRIMARY KEY") || mentions("USING COVERING INDEX");
 }
 
 class Plans {

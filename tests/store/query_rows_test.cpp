@@ -218,7 +218,7 @@ TEST_F(QueryRows, OfTheDeletionCountsReachZeroWhenTheKeywordsAreGone) {
     EXPECT_EQ(Read("qryCountCodeKeywordsByClassID", {10}), Rows{"1"});
     EXPECT_EQ(Read("qryCountCodeKeywordsByClassID", {13}), Rows{"0"});
     // As in a file in which an owner still names a keyword that is gone.
-    catalogue_.Fill("DROP TRIGGER trgKeywordDeleted; DELETE FROM tblKeyword;");
+    catalogue_.Fill("DROP TRIGGER trgKeywordLinksDeleted; DELETE FROM tblKeyword;");
     for (const std::string_view query :
          {"qryCountCodeKeywordLinksByAppID", "qryCountCodeKeywordsByAppID",
           "qryCountClassKeywordLinksByAppID", "qryCountClassKeywordsByAppID"}) {

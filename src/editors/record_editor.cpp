@@ -1,0 +1,202 @@
+#include "editors/record_editor.h"
+
+#include <iterator>
+#include <utility>
+
+#include "editors/editor_procedures.h"
+#include "keywords/keyword_saving.h"
+#include "keywords/words.h"
+#include "store/database.h"
+#include "store/sql_text.h"
+#include "support/guard.h"
+#include "support/message_boxes.h"
+
+namespace snippetarium {
+
+namespace {
+
+struct KindTexts {
+    OwnerKind kind;
+    std::string_view word;
+    std::string_view newCaption;
+    std::string_view editCaption;
+};
+
+// clang-format off
+constexpr KindTexts kKinds[] = {
+    {OwnerKind::Application, "application", "New Application", "Edit Application"},
+    {OwnerKind::Class, "class", "New Class", "Edit Class"},
+    {OwnerKind::Procedure, "procedure", "New Procedure", "Edit Procedure"},
+};
+// clang-format on
+
+const KindTexts& TextsOf(OwnerKind kind) {
+    for (const KindTexts& texts : kKinds) {
+        if (texts.kind == kind) return texts;
+    }
+    return kKinds[0];
+}
+
+FieldTexts Together(FieldTexts texts, const FieldTexts& more) {
+    texts.insert(texts.end(), more.begin(), more.end());
+    return texts;
+}
+
+}  // namespace
+
+RecordEditor::RecordEditor(Database& db, const NoiseWords& noise, const Owner& owner)
+    : db_(db), noise_(noise), kind_(owner.kind), id_(owner.id) {
+    if (id_ != 0) loadedDetails_ = DetailsToEdit(LoadOwnerDetails(db_, owner));
+    details_ = loadedDetails_;
+}
+
+std::optional<EditorKey> RecordEditor::Key() const {
+    if (IsNew()) return std::nullopt;
+    return EditorKey{kind_, id_};
+}
+
+std::string_view RecordEditor::Caption() const {
+    return IsNew() ? TextsOf(kind_).newCaption : TextsOf(kind_).editCaption;
+}
+
+std::string_view RecordEditor::KindWord() const {
+    return TextsOf(kind_).word;
+}
+
+bool RecordEditor::IsChanged() const {
+    return IsRecordChanged() || details_ != loadedDetails_;
+}
+
+bool RecordEditor::Check() {
+    return Guarded(db_.Reporter(), editor_procedure::CheckEditor, [&] {
+        return CheckRecord() && CheckDetailChanges(db_, ChangesBetween(loadedDetails_, details_));
+    });
+}
+
+SaveOutcome RecordEditor::Save() {
+    return Guarded(db_.Reporter(), editor_procedure::SaveEditor, [&] {
+        SaveOutcome outcome;
+        const Meeting meeting = IsNew() ? Meeting::GoOn : MeetStored();
+        if (meeting == Meeting::GoBack) return outcome;
+        if (!IsNew()) outcome.before = LoadedPlace();
+        if (meeting == Meeting::Reloaded || (!IsNew() && !IsChanged())) {
+            outcome.node = outcome.before;
+            outcome.result =
+                meeting == Meeting::Reloaded ? SaveResult::Reloaded : SaveResult::Saved;
+            return outcome;
+        }
+        if (!ConfirmLosses() || !Check() || !StoreAll(outcome)) return outcome;
+        outcome.wantsKeywords = AskForKeywords();
+        return outcome;
+    });
+}
+
+/// What was stored counts as loaded from then on, also where a later step fails: saving again then
+/// goes on there.
+bool RecordEditor::StoreAll(SaveOutcome& outcome) {
+    if (IsNew() || IsRecordChanged()) {
+        const std::int32_t id = StoreRecord();
+        if (id == 0) return false;
+        id_ = id;
+    }
+    outcome.node = LoadedPlace();
+    const Owner owner{kind_, id_};
+    SaveDetailChanges(db_, noise_, owner, ChangesBetween(loadedDetails_, details_));
+    details_ = loadedDetails_ = DetailsToEdit(LoadOwnerDetails(db_, owner));
+    outcome.result = SaveResult::Saved;
+    return true;
+}
+
+/// Looks at what the catalogue has of the record now, and settles with the user what becomes of it.
+RecordEditor::Meeting RecordEditor::MeetStored() {
+    std::optional<FieldTexts> stored = StoredTexts();
+    if (!stored) {
+        const std::string question =
+            Sql("This ", KindWord(), " has been deleted since it was opened here.\r\n\r\n",
+                "Would you like to store it as a new one?");
+        if (AskYesNo(db_.GetHost().messages, question, kQuestionTitle) != StandardAnswer::Yes)
+            return Meeting::GoBack;
+        BecomeNew();
+        return Meeting::GoOn;
+    }
+    const EditedDetails details = DetailsToEdit(LoadOwnerDetails(db_, {kind_, id_}));
+    *stored = Together(std::move(*stored), TextsOfDetails(details));
+    if (IsChanged()) {
+        const std::string what = ChangedElsewhere(AllLoaded(), AllTexts(), *stored);
+        if (!what.empty()) return MeetChanged(*stored, what);
+    }
+    TakeAll(*stored, Joined(AllLoaded(), AllTexts(), *stored));
+    return Meeting::GoOn;
+}
+
+RecordEditor::Meeting RecordEditor::MeetChanged(const FieldTexts& stored, const std::string& what) {
+    const std::string question =
+        Sql("This ", KindWord(), " has been changed since it was opened here (", what,
+            ").\r\n\r\nClick Yes to store what you changed and to keep the rest as it is now, "
+            "click No to drop your changes and load what is stored, click Cancel to go back.");
+    switch (AskYesNoCancel(db_.GetHost().messages, question, kQuestionTitle)) {
+        case StandardAnswer::Yes:
+            TakeAll(stored, Joined(AllLoaded(), AllTexts(), stored));
+            return Meeting::GoOn;
+        case StandardAnswer::No:
+            TakeAll(stored, stored);
+            return Meeting::Reloaded;
+        case StandardAnswer::Cancel:
+            break;
+    }
+    return Meeting::GoBack;
+}
+
+/// All of it has to be stored then, and nothing of it is.
+void RecordEditor::BecomeNew() {
+    id_ = 0;
+    ForgetStored();
+    loadedDetails_ = {};
+}
+
+bool RecordEditor::AskForKeywords() {
+    const bool hasKeywords = !TrimBlanks(details_.keywords.text).empty();
+    if (hasKeywords || std::exchange(wasAskedForKeywords_, true)) return false;
+    return snippetarium::AskForKeywords(db_.GetHost().messages, KindWord()) == StandardAnswer::Yes;
+}
+
+FieldTexts RecordEditor::AllLoaded() const {
+    return Together(LoadedTexts(), TextsOfDetails(loadedDetails_));
+}
+
+FieldTexts RecordEditor::AllTexts() const {
+    return Together(RecordTexts(), TextsOfDetails(details_));
+}
+
+void RecordEditor::TakeAll(const FieldTexts& loaded, const FieldTexts& texts) {
+    TakeTexts(loaded, texts);
+    SetTexts(loadedDetails_, loaded);
+    SetTexts(details_, texts);
+}
+
+DraftTexts RecordEditor::TextsForDraft() const {
+    DraftTexts draft;
+    if (!IsChanged()) return draft;
+    const FieldTexts loaded = AllLoaded();
+    for (const FieldText& text : AllTexts()) {
+        const std::string& before = *FindText(loaded, text.field);
+        draft.push_back({std::string(text.field), text.text});
+        if (before != text.text) draft.back().loaded = before;
+    }
+    return draft;
+}
+
+void RecordEditor::TakeDraft(const DraftTexts& draft) {
+    const bool isThere = !IsNew() && StoredTexts().has_value();
+    FieldTexts loaded;
+    FieldTexts texts;
+    for (const DraftText& text : draft) {
+        // What the user left alone is as it is stored now.
+        if (isThere && !text.loaded) continue;
+        loaded.push_back({text.field, text.loaded.value_or(text.text)});
+        texts.push_back({text.field, text.text});
+    }
+    TakeAll(loaded, texts);
+}
+
+}  // namespace snippetarium

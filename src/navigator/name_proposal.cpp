@@ -1,0 +1,238 @@
+#include "navigator/name_proposal.h"
+
+#include <algorithm>
+#include <cctype>
+#include <chrono>
+#include <initializer_list>
+
+#include "editors/class_record.h"
+#include "editors/code_record.h"
+#include "import/c_family.h"
+#include "import/c_tokens.h"
+#include "import/page_regions.h"
+#include "import/script_page.h"
+#include "import/tree_sitter_cutter.h"
+#include "import/visual_basic.h"
+#include "navigator/delivered_languages.h"
+#include "navigator/silent_host.h"
+#include "store/class_markers.h"
+#include "store/database.h"
+#include "store/owner.h"
+#include "store/reads_procedures.h"
+#include "store/sql_text.h"
+#include "support/guard.h"
+#include "support/line_ends.h"
+#include "support/utf8.h"
+
+namespace snippetarium {
+
+namespace {
+
+using namespace delivered_language;
+
+constexpr std::string_view kLineBreak = "\r\n";
+/// Its number is one of the procedure editor's.
+constexpr Procedure kProposeName{207};
+/// A proposal comes while somebody types.
+constexpr std::chrono::milliseconds kMostTime{300};
+
+std::string NormalisedText(std::string_view text) {
+    std::string normalised(text);
+    NormaliseLineEnds(normalised);
+    return normalised;
+}
+
+bool IsIdentifier(std::string_view name) {
+    return !name.empty() && std::ranges::all_of(name, [](char character) {
+        const auto byte = static_cast<unsigned char>(character);
+        return std::isalnum(byte) != 0 || byte == '_' || byte >= 0x80U;
+    });
+}
+
+/// Cuts one text as an import cuts a file, as long as there is time.
+class NameFinder {
+  public:
+    CutFile Cut(std::string_view text, std::int32_t languageID) {
+        switch (languageID) {
+            case kVisualBasic:
+                return CutVisualBasic(text, progress_);
+            case kJava:
+                return CutJava(text, progress_);
+            case kCSharp:
+                return CutCSharp(text, progress_);
+            case kC:
+                return CutCFamily(text, CDialect::C, UnitPlacement::Exact);
+            case kCpp:
+            case kCHeader:
+            case kCppHeader:
+                return CutCFamily(text, CDialect::Cpp, UnitPlacement::Exact);
+            case kJavaScript:
+                return CutJavaScript(text, progress_);
+            case kVbScript:
+                return CutVbScript(text, progress_);
+            case kServerPage:
+                return CutScriptPage(text, PageKind::ServerPage, progress_);
+            case kHtmlPage:
+                return CutScriptPage(text, PageKind::Html, progress_);
+            default:
+                return {};
+        }
+    }
+
+    /// The name of the first procedure in a text that stands for itself.
+    std::string NameIn(const std::string& code, std::int32_t languageID,
+                       std::string_view className) {
+        switch (languageID) {
+            case kJava:
+            case kCSharp:
+                return MemberName(Closed(code, true), languageID, className);
+            case kCpp:
+            case kC:
+            case kCHeader:
+            case kCppHeader:
+                return FirstName(Cut(Closed(code, true), languageID));
+            case kJavaScript:
+                return ScriptName(Closed(code, false));
+            case kServerPage:
+                return PageName(code, languageID, {kVbScript, kJavaScript});
+            case kHtmlPage:
+                return PageName(code, languageID, {kJavaScript, kVbScript});
+            default:
+                return FirstName(Cut(code, languageID));
+        }
+    }
+
+    static std::string FirstName(const CutFile& file) {
+        for (const CutProcedure& procedure : file.procedures) {
+            if (!procedure.name.empty()) return procedure.name;
+        }
+        return {};
+    }
+
+  private:
+    /// While a body is being typed, its brackets are open, and before that there is none.
+    static std::string Closed(const std::string& code, bool needsBody) {
+        const CTokens found = TokeniseC(code, CDialect::Cpp);
+        int open = 0;
+        bool hasBody = false;
+        std::string_view before;
+        for (const CToken& token : found.tokens) {
+            const std::string_view text = found.TextOf(token);
+            hasBody = hasBody || text == "{" || (before == "=" && text == ">");
+            open += text == "{" ? 1 : text == "}" ? -1 : 0;
+            before = text;
+        }
+        std::string closed = code;
+        if (!hasBody && needsBody) closed += "\r\n{}";
+        for (; open > 0; --open)
+            closed += "\r\n}";
+        return closed;
+    }
+
+    /// A method is found within its class only. A text that brings its class needs no other.
+    std::string MemberName(const std::string& code, std::int32_t languageID,
+                           std::string_view className) {
+        const CutFile whole = Cut(code + "\r\n", languageID);
+        if (!whole.className.empty()) return FirstName(whole);
+        const bool isNamed = IsIdentifier(className);
+        const std::string type = isNamed ? std::string(className) : "X";
+        const std::string name =
+            FirstName(Cut("class " + type + " {\r\n" + code + "\r\n}\r\n", languageID));
+        return isNamed || name.empty() ? name : name.substr(type.size() + 1);
+    }
+
+    /// A method stands in a class, or in an object behind its name.
+    std::string ScriptName(const std::string& code) {
+        constexpr std::string_view kAround[][2] = {
+            {"", ""}, {"class X {\r\n", "\r\n}"}, {"X = {\r\n", "\r\n}"}};
+        for (const auto& [before, behind] : kAround) {
+            std::string name =
+                FirstName(Cut(std::string(before).append(code).append(behind), kJavaScript));
+            if (before.empty() && !name.empty()) return name;
+            if (name.starts_with("X.")) return name.substr(2);
+        }
+        return {};
+    }
+
+    /// Most procedures of pages come without the tags or percent signs around them.
+    std::string PageName(const std::string& code, std::int32_t languageID,
+                         std::initializer_list<std::int32_t> scripts) {
+        if (HoldsPageCode(code)) return FirstName(Cut(code + "\r\n", languageID));
+        for (const std::int32_t script : scripts) {
+            std::string name = NameIn(code, script, {});
+            if (!name.empty()) return name;
+        }
+        return {};
+    }
+
+    ImportState state_;
+    SilentHost host_{kMostTime, [this] { state_.importCancelled = true; }};
+    LineProgress progress_{host_.GetHost(), state_, 0};
+};
+
+std::string ShortEnough(const std::string& name) {
+    return std::string(CutToCharacters(name, kNameLimit));
+}
+
+std::string_view WithoutBlanks(std::string_view text) {
+    constexpr std::string_view kBlanks = " \t\r\n";
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+/// The class's text with the code in the place of the procedure's marker, and without the other
+/// markers. Empty where there is none.
+std::string TextAround(const ClassRecord& aClass, const MarkedProcedures& procedures,
+                       std::string_view storedName, std::string_view code) {
+    const std::string& text = aClass.declarations;
+    std::string whole;
+    std::size_t copied = 0;
+    bool isFound = false;
+    for (const MarkerPlace& place : FindMarkers(text, procedures)) {
+        const std::size_t start = place.position - 1;
+        whole.append(text, copied, start - copied);
+        copied = start + place.length;
+        if (procedures.codeNames[place.procedure] != storedName) continue;
+        isFound = true;
+        whole.append(code).append(FormOf(procedures.family).lineBreak);
+    }
+    if (!isFound) return {};
+    return whole.append(text, copied).append(kLineBreak);
+}
+
+/// The name that the code has among the procedures of its class; empty where it is none of them.
+std::string NameInClass(Database& db, NameFinder& finder, const CodeRecord& record,
+                        const ClassRecord& aClass, const std::string& code) {
+    if (record.codeID == 0 || aClass.classID == kUndefinedClassID) return {};
+    const std::string text = TextAround(aClass, MarkedProceduresOf(db, aClass.classID),
+                                        CodeNameByID(db, record.codeID), code);
+    if (text.empty()) return {};
+    for (const CutProcedure& procedure : finder.Cut(text, aClass.languageID).procedures) {
+        if (WithoutBlanks(procedure.code) == WithoutBlanks(code)) return procedure.name;
+    }
+    return {};
+}
+
+}  // namespace
+
+std::string ProposedName(const NameQuestion& question) {
+    return ShortEnough(NameFinder().NameIn(NormalisedText(question.code), question.languageID,
+                                           question.className));
+}
+
+std::string ProposedName(Database& db, const CodeRecord& record) {
+    return Guarded(db.Reporter(), kProposeName, [&] {
+        NameFinder finder;
+        const std::string code = NormalisedText(record.code);
+        const ClassRecord aClass =
+            LoadClassRecord(db, ClassOrUndefined(record.classID)).value_or(ClassRecord{});
+        std::string name = NameInClass(db, finder, record, aClass, code);
+        for (const std::int32_t languageID : {record.languageID, aClass.languageID}) {
+            if (name.empty()) name = finder.NameIn(code, languageID, aClass.name);
+        }
+        return ShortEnough(name);
+    });
+}
+
+}  // namespace snippetarium
