@@ -71,6 +71,10 @@ class EditorFixture : public DesktopFixture {
         Find<QPushButton>(editor, button).click();
         RunEvents();
     }
+    /// Answers No to the question whether keywords are to be added.
+    void ExpectNoKeywords() { modal_.ExpectBox(QMessageBox::No); }
+
+    std::string CodeOf(std::int32_t codeID) { return CodeByID(*db_, codeID)["code"].Text(); }
     void Execute(const std::string& script) { db_->GetConnection().RunScript(script); }
 };
 
