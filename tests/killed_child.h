@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <functional>
@@ -18,7 +19,14 @@ namespace snippetarium::test {
         pause();
 }
 
-/// Runs a function that is to end in DieHere, as another program.
+/// From now on the system ends this program when it writes a file beyond so many bytes, whichever
+/// thread does it: a death in the middle of a copy, however fast that is.
+inline void DieBehind(rlim_t bytes) {
+    const rlimit limit{bytes, bytes};
+    setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+/// Runs a function that is to end in DieHere or behind DieBehind, as another program.
 inline void RunUntilItDies(const std::function<void()>& work) {
     EXPECT_THROW(ChildProcess{work}, std::runtime_error) << "it came to its end alive";
 }

@@ -114,10 +114,9 @@ void CloseCatalogue(Database& db) {
 bool RecordExists(Database& db, std::string_view sql) {
     return Guarded(db.Reporter(), Procedure::RecordExists, [&] {
         db.SetCurrentStatement(sql);
-        db.LastRecordset() = db.GetConnection().Execute(db.CurrentStatement());
-        const bool exists = !db.LastRecordset().EndOfFile();
         db.LastRecordset().Close();
-        return exists;
+        // One row is enough, where a recordset would take all of them.
+        return db.GetConnection().OpenCursor(db.CurrentStatement())->Next();
     });
 }
 

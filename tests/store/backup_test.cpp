@@ -189,9 +189,7 @@ TEST_F(BackupTest, CleansUpAfterAProgramThatWasKilledWhileItMadeOne) {
     db_.Close();
     RunUntilItDies([&] {
         OpenCatalogue(db_);
-        // The system ends a program that writes a file beyond this, here in the middle of the copy.
-        const rlimit limit{1 << 16, 1 << 16};
-        setrlimit(RLIMIT_FSIZE, &limit);
+        DieBehind(1 << 16);
         BackUpCatalogue(db_, BackupReason::User);
     });
     ASSERT_EQ(BackupFiles().size(), 1U);

@@ -197,7 +197,7 @@ TEST_F(MigrationTest, KilledDuringItsBackupHasChangedNothing) {
     db_.Close();
     RunUntilItDies([&] {
         db_.Open();
-        host_.events.At(1, DieHere);
+        DieBehind(1 << 16);
         BringUpToDate(db_, kNew, kSteps);
     });
     EXPECT_FALSE(HasBackups());
