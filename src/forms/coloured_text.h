@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPlainTextEdit>
+#include <QTextLayout>
 #include <QTimer>
 #include <cstdint>
 #include <span>
@@ -38,6 +39,12 @@ class ColouredText : public QPlainTextEdit {
     void SetNumbered(bool isNumbered);
     bool IsNumbered() const { return isNumbered_; }
 
+    /// The looks of the words of a line, which begins at `begin` in the control's UTF-16 units.
+    virtual QList<QTextLayout::FormatRange> FormatsOf(const TextRange& line,
+                                                      std::size_t begin) const;
+    /// Where the text's bytes are in the control.
+    const Utf16Map& Places() const { return places_; }
+
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
@@ -48,7 +55,6 @@ class ColouredText : public QPlainTextEdit {
     void WorkFor(std::chrono::milliseconds time);
     void ColourVisible();
     bool Colour(const QTextBlock& block);
-    QList<QTextLayout::FormatRange> FormatsOf(const TextRange& line, std::size_t begin) const;
     void PlaceNumbers();
 
     std::string text_;

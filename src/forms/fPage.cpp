@@ -45,6 +45,8 @@ fPage::fPage(Database& db, QWidget* parent)
     ApplyTextSize();
     connect(ui_->lblHeading, &QLabel::linkActivated, this,
             [this](const QString& key) { emit NodeRequested(ParseNodeKey(FromQt(key))); });
+    connect(ui_->txtPage, &PageText::LinkActivated, this,
+            [this](const QString& key) { emit NodeRequested(ParseNodeKey(FromQt(key))); });
     connect(ui_->txtPage, &QPlainTextEdit::selectionChanged, this, &fPage::SelectionChanged);
     connect(ui_->txtPage, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
         emit MenuRequested(ui_->txtPage->viewport()->mapToGlobal(at));

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTimer>
 #include <chrono>
@@ -55,6 +56,16 @@ inline void PressKey(QWidget& widget, int key, Qt::KeyboardModifiers modifiers =
     QApplication::sendEvent(&widget, &press);
     QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
     QApplication::sendEvent(&widget, &release);
+}
+
+/// A click with the left button at a place of the widget.
+inline void ClickAt(QWidget& widget, const QPoint& place) {
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        const bool isDown = type == QEvent::MouseButtonPress;
+        QMouseEvent event(type, place, widget.mapToGlobal(place), Qt::LeftButton,
+                          isDown ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(&widget, &event);
+    }
 }
 
 /// Acts on modal windows in the order in which they come up. What was expected and did not come

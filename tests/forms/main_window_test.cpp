@@ -88,6 +88,48 @@ TEST_F(MainWindowTest, ColoursTheWordsOfASourceOnLightAndOnDark) {
     ApplyTheme(Theme::Desktop);
 }
 
+TEST_F(MainWindowTest, FollowsTheLinksOfAPageByMouseAndByKeyboard) {
+    StartProgram();
+    SelectFirstProcedure();
+    const QModelIndex cls = Tree().currentIndex().parent();
+    const auto showApplication = [&] { Tree().setCurrentIndex(cls.parent()); };
+    const QString className = cls.data().toString();
+    auto& text = Get<QPlainTextEdit>("txtPage");
+
+    showApplication();
+    const QTextCursor name = text.document()->find(className);
+    ASSERT_FALSE(name.isNull()) << PageText().toStdString();
+    QTextCursor begin = name;
+    begin.setPosition(name.selectionStart());
+    const QRect place = text.cursorRect(begin).united(text.cursorRect(name));
+    const auto formats = name.block().layout()->formats();
+    ASSERT_FALSE(formats.isEmpty());
+    EXPECT_TRUE(formats.back().format.fontUnderline()) << "it looks like a link";
+    QTextCursor end(text.document());
+    end.movePosition(QTextCursor::End);
+    const QPoint below = text.cursorRect(end).bottomLeft() + QPoint(2, 40);
+    for (const QPoint& beside : {place.topRight() + QPoint(400, 3), below}) {
+        ClickAt(*text.viewport(), beside);
+        EXPECT_EQ(Tree().currentIndex(), cls.parent()) << "there is no link";
+    }
+    ClickAt(*text.viewport(), place.center());
+    EXPECT_EQ(Tree().currentIndex(), cls);
+
+    showApplication();
+    text.setFocus();
+    PressKey(text, Qt::Key_Home, Qt::ControlModifier);
+    PressKey(text, Qt::Key_Tab);
+    EXPECT_EQ(text.textCursor().selectedText(), className);
+    PressKey(text, Qt::Key_Return);
+    EXPECT_EQ(Tree().currentIndex(), cls);
+    // Behind the last link and before the first one the keys leave the text, as ever.
+    showApplication();
+    text.setFocus();
+    text.moveCursor(QTextCursor::End);
+    PressKey(text, Qt::Key_Tab);
+    EXPECT_FALSE(text.hasFocus());
+}
+
 TEST_F(MainWindowTest, GoesBackAndForwardThroughWhatWasShown) {
     StartProgram();
     SelectFirstProcedure();
