@@ -258,7 +258,7 @@ void ShowPages(TurnWatch& watch, Database& db, fMain& window) {
                                      "' WHERE codeID = " + std::to_string(node.codeID));
         for (const bool wraps : {false, true}) {
             page->SetWrap(wraps);
-            page->Clear();
+            page->ShowPage({.appID = node.appID});  // one page after another, as one reads
             RunEventsFor(100);
             watch.Start();
             page->ShowPage(node);

@@ -18,6 +18,8 @@ using namespace std::chrono_literals;
 
 constexpr auto kFirstStep = 3ms;
 constexpr auto kNextStep = 6ms;
+/// A longer text takes more than the first step anyway, and is shown sooner without it.
+constexpr std::size_t kColouredAtOnce = 16'000;
 /// Laying out a longer line with thousands of colours would take longer than anybody waits.
 constexpr int kLongestColouredLine = 10'000;
 constexpr int kNumbersMargin = 6;
@@ -55,7 +57,9 @@ void ColouredText::ShowText(std::string text, std::int32_t languageID,
     Begin(std::move(text), languageID, skipped);
     setPlainText(ToQt(text_));
     PlaceNumbers();
-    Resume(kFirstStep);
+    if (text_.size() <= kColouredAtOnce) return Resume(kFirstStep);
+    isSuspended_ = false;
+    work_.start();
 }
 
 void ColouredText::Recolour(std::string text, std::int32_t languageID) {
