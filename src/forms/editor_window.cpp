@@ -239,6 +239,7 @@ void EditorWindow::EditAuthors() {
         details.authors.push_back(author.name);
     footer_->ShowDetails(details);
     Touch();
+    emit AuthorsRenamed();
 }
 
 void EditorWindow::EditDates() {

@@ -36,6 +36,8 @@ class EditorWindow : public QDialog {
   signals:
     /// Where the record was in the tree, and where it is.
     void Saved(const NodeIDs& before, const NodeIDs& node);
+    /// An author may have another name now, wherever he is named.
+    void AuthorsRenamed();
     void Closed();
 
   protected:

@@ -136,6 +136,8 @@ void EditorWindows::OpenEditor(std::unique_ptr<RecordEditor> editor, std::int32_
     EditorWindow* const window = WindowFor(parts_.db, std::move(editor), appID);
     windows_.emplace_back(window);
     connect(window, &EditorWindow::Saved, this, &EditorWindows::OnSaved);
+    connect(window, &EditorWindow::AuthorsRenamed, this,
+            [this] { parts_.page.ShowPage(parts_.page.Shown()); });
     connect(window, &EditorWindow::Closed, this, [this, window] { OnClosed(window); });
     BringToFront(*window);
 }
