@@ -8,6 +8,7 @@
 #include "store/reads_applications.h"
 #include "store/writes_applications.h"
 #include "support/guard.h"
+#include "support/paths.h"
 
 namespace snippetarium {
 
@@ -47,7 +48,7 @@ std::int32_t SaveApplicationRecord(Database& db, const ApplicationRecord& record
     return Guarded(db.Reporter(), Procedure::SaveApplicationRecord, [&] {
         const ApplicationFields fields{
             .name = record.name,
-            .path = record.path,
+            .path = ToCataloguePath(record.path),
             .comment = record.comment,
             .version = record.version,
         };

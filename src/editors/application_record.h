@@ -14,6 +14,7 @@ struct ApplicationRecord {
     /// 0: not stored yet.
     std::int32_t appID = 0;
     std::string name = {};
+    /// Stored with the catalogue's separators, whichever were typed.
     std::string path = {};
     std::string version = {};
     std::string comment = {};

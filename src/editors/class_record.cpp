@@ -11,6 +11,7 @@
 #include "store/reads_classes.h"
 #include "store/writes_classes.h"
 #include "support/guard.h"
+#include "support/paths.h"
 
 namespace snippetarium {
 
@@ -98,7 +99,7 @@ std::int32_t SaveClassRecord(Database& db, const ClassRecord& record) {
         const ClassFields fields{
             .name = finished.name,
             .appID = finished.appID,
-            .pathInApp = finished.pathInApp,
+            .pathInApp = ToCataloguePath(finished.pathInApp),
             .declarations = finished.declarations,
             .comment = finished.comment,
             .languageID = finished.languageID,

@@ -18,6 +18,7 @@ struct ClassRecord {
     /// 0: the undefined application.
     std::int32_t appID = 0;
     std::int32_t languageID = 0;
+    /// Stored with the catalogue's separators, whichever were typed.
     std::string pathInApp = {};
     /// The class's own text, in which a marker stands for each procedure (export/markers.h).
     std::string declarations = {};

@@ -49,7 +49,7 @@ TEST_F(NodeCommandsTest, AddEachKindWithAllItsFields) {
                "Added: a3f4c6  read()\n", "int read() { return '\xe4'; }\r\n");
 
     const auto application = Show("a3");
-    EXPECT_EQ(application["path"], "/home/gauges");
+    EXPECT_EQ(application["path"], "\\home\\gauges") << "as an import of that folder looks for it";
     EXPECT_EQ(application["version"], "2");
     EXPECT_EQ(application["comment"], "All of them");
     EXPECT_EQ(application["authors"].dump(),
@@ -58,7 +58,7 @@ TEST_F(NodeCommandsTest, AddEachKindWithAllItsFields) {
     EXPECT_EQ(application["dates"].dump(), R"(["2001-03-14"])");
     EXPECT_EQ(application["keywords"]["searchWords"], "gauge tide");
     const auto reader = Show("a3f4");
-    EXPECT_EQ(reader["path"], "src/Reader.cpp");
+    EXPECT_EQ(reader["path"], "src\\Reader.cpp");
     EXPECT_EQ(reader["language"], "C++");
     EXPECT_EQ(reader["text"], "class Reader {\r\n};\r\n/***Procedure read()***/");
     EXPECT_NE(reader["comment"].get<std::string>().find("\r\n*Reads\r\n*gauges.\r\n"),
