@@ -113,3 +113,6 @@ CREATE UNIQUE INDEX ixNameBlock ON tblNameBlock(ownerTableID, block);
 
 INSERT INTO sqlite_stat1(tbl, idx, stat) VALUES
     ('tblNameBlock', 'ixNameBlock', '1000 300 1');
+
+-- The last line: the figures count from here on.
+ANALYZE sqlite_schema;

@@ -50,23 +50,35 @@ bool AuthorList::Change(std::size_t row, const AuthorName& name) {
     LinkedAuthor& author = authors_.at(row);
     if (author.name == trimmed) return true;
     author.name = trimmed;
-    if (author.authorID != 0) newNames_[author.authorID] = trimmed;
+    NoteRenaming(author.authorID, trimmed);
     return true;
 }
 
+void AuthorList::NoteRenaming(std::int32_t authorID, const AuthorName& name) {
+    if (authorID == 0) return;
+    // What was only typed on the way to this name was never anybody's.
+    if (!renamings_.empty() && renamings_.back().authorID == authorID) renamings_.pop_back();
+    renamings_.push_back({authorID, name});
+}
+
 void AuthorList::Remove(std::size_t row) {
-    newNames_.erase(authors_.at(row).authorID);
+    std::erase_if(renamings_, [id = authors_.at(row).authorID](const LinkedAuthor& renaming) {
+        return renaming.authorID == id;
+    });
     authors_.erase(authors_.begin() + static_cast<std::ptrdiff_t>(row));
 }
 
 void AuthorList::Store() {
-    for (const auto& [authorID, name] : newNames_) {
-        const std::int32_t nowID = RenameAuthor(db_, authorID, name);
-        for (LinkedAuthor& author : authors_) {
-            if (author.authorID == authorID) author.authorID = nowID;
+    while (!renamings_.empty()) {
+        const LinkedAuthor renaming = renamings_.front();
+        renamings_.erase(renamings_.begin());
+        const std::int32_t nowID = RenameAuthor(db_, renaming.authorID, renaming.name);
+        for (std::vector<LinkedAuthor>* const list : {&authors_, &renamings_}) {
+            for (LinkedAuthor& author : *list) {
+                if (author.authorID == renaming.authorID) author.authorID = nowID;
+            }
         }
     }
-    newNames_.clear();
 }
 
 }  // namespace snippetarium

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -34,9 +33,12 @@ class AuthorList {
     void Store();
 
   private:
+    void NoteRenaming(std::int32_t authorID, const AuthorName& name);
+
     Database& db_;
     std::vector<LinkedAuthor> authors_;
-    std::map<std::int32_t, AuthorName> newNames_;
+    /// In the order in which they were made: one may take the name that another has given up.
+    std::vector<LinkedAuthor> renamings_;
 };
 
 }  // namespace snippetarium

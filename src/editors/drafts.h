@@ -13,8 +13,8 @@ namespace snippetarium {
 class Database;
 
 // Drafts: what was typed into an editor and is not stored yet. An editor's window keeps one some
-// seconds after the last keystroke and drops it when the record is stored or the changes are thrown
-// away; what a crash leaves is offered at the next start.
+// seconds after the first change that is in no draft yet, and drops it when the record is stored or
+// the changes are thrown away; what a crash leaves is offered at the next start.
 //
 // Only the program that may write keeps drafts, and there is one such program at a time. So every
 // draft that no editor of this run has open is a left one.

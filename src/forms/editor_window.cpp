@@ -132,7 +132,8 @@ void EditorWindow::Touch() {
     if (isShowing_ || IsReadOnly()) return;
     footer_->ShowState({});
     pause_.start();
-    draft_.start();
+    // Not at every keystroke anew: who types on and on needs a draft most.
+    if (!draft_.isActive()) draft_.start();
 }
 
 void EditorWindow::LookAtChanges() {

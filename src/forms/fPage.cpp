@@ -62,8 +62,8 @@ void fPage::ReadSettings() {
 
 void fPage::ShowPage(const NodeIDs& node) {
     Page page = ReadPage(db_, node);
-    const bool isSame =
-        page.node == page_.node && page.text == page_.text && page.languageID == page_.languageID;
+    const bool isSame = page.node == page_.node && page.text == page_.text &&
+                        page.links == page_.links && page.languageID == page_.languageID;
     page_ = std::move(page);
     if (page_.node != NodeIDs{}) history_.Visit(page_.node);
     ui_->lblHeading->setText(HeadingHtml());

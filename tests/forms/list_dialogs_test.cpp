@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 #include <QTreeWidget>
 
+#include "editors/author_list.h"
 #include "editors/class_record.h"
 #include "editors/code_record.h"
 #include "editors/languages.h"
@@ -119,6 +120,29 @@ TEST_F(ListDialogsTest, ANameThatIsTypedAndNotAddedIsAskedAbout) {
     EXPECT_EQ(modal_.LastText(), "Add 'Ray' to the authors?");
     ASSERT_EQ(dialog.Authors().size(), 1U);
     EXPECT_EQ(dialog.Authors()[0].name.last, "Ray");
+}
+
+TEST_F(ListDialogsTest, AuthorsWhoTakeEachOthersNamesStayApart) {
+    Give(kClass, {.authors = std::vector<AuthorName>{{"", "", "Smith"}, {"", "", "Jones"}}});
+    Give(kProcedure, {.authors = std::vector<AuthorName>{{"", "", "Smith"}}});
+    const auto names = [&](const Owner& owner) {
+        Texts all;
+        for (const LinkedAuthor& author : LoadOwnerDetails(db_, owner).authors)
+            all.push_back(author.name.last);
+        return all;
+    };
+    const auto change = [&](const std::vector<std::pair<std::size_t, const char*>>& changes) {
+        AuthorList list(db_, LoadOwnerDetails(db_, kClass).authors);
+        for (const auto& [row, last] : changes)
+            EXPECT_TRUE(list.Change(row, {"", "", last}));
+        list.Store();
+    };
+    change({{1, "Brown"}, {0, "Jones"}});
+    EXPECT_EQ(names(kClass), (Texts{"Jones", "Brown"}));
+    EXPECT_EQ(names(kProcedure), Texts{"Jones"});
+    change({{0, "nobody"}, {1, "Jones"}, {0, "Brown"}});
+    EXPECT_EQ(names(kClass), (Texts{"Brown", "Jones"}));
+    EXPECT_EQ(names(kProcedure), Texts{"Brown"});
 }
 
 TEST_F(ListDialogsTest, AChangedAuthorShowsUnderEveryOwnerOnceAccepted) {
