@@ -337,10 +337,13 @@ void fMain::DoIdleWork() {
 }
 
 void fMain::RunCommand(MenuCommand command) {
-    // Compacting wants the catalogue's file for itself, and a backup may be reading it.
-    if (command == MenuCommand::CompactDatabase) idle_.Clear();
+    // Compacting wants the catalogue's file for itself, and an import makes the day's backup if
+    // there is none yet. One that is being made in the background is given up for them.
+    const bool makesBackups =
+        command == MenuCommand::CompactDatabase || command == MenuCommand::Import;
+    if (makesBackups) idle_.Clear();
     commands_->Run(command);
-    if (command == MenuCommand::CompactDatabase) StartIdleWork();
+    if (makesBackups) StartIdleWork();
     ShowCommandState();
 }
 

@@ -1,5 +1,7 @@
 #include "store/daily_backup.h"
 
+#include <utility>
+
 #include "store/backup.h"
 #include "store/database.h"
 #include "support/guard.h"
@@ -17,7 +19,8 @@ bool DailyBackup::Step() {
     return Guarded(db_.Reporter(), Procedure::BackUpOncePerDay, [&] {
         if (!copy_) return Begin();
         if (!copy_->IsFinished(std::chrono::milliseconds(0))) return true;
-        copy_->Check();
+        const std::unique_ptr<BackgroundCopy> copy = std::move(copy_);
+        copy->Check();
         RemoveOldBackups(db_.ProgramFolder());
         return false;
     });
