@@ -6,7 +6,6 @@
 #include "editors/application_editor.h"
 #include "editors/class_editor.h"
 #include "editors/code_editor.h"
-#include "editors/editor_procedures.h"
 #include "store/database.h"
 #include "store/sql_text.h"
 #include "support/guard.h"
@@ -122,7 +121,7 @@ std::unique_ptr<RecordEditor> EditorFor(Database& db, const NoiseWords& noise, c
 }  // namespace
 
 bool SaveDraft(Database& db, RecordEditor& editor) {
-    return Guarded(db.Reporter(), editor_procedure::SaveDraft, [&] {
+    return Guarded(db.Reporter(), Procedure::SaveDraft, [&] {
         if (db.IsReadOnly()) return true;
         const DraftTexts texts = editor.TextsForDraft();
         if (texts.empty()) {
@@ -137,7 +136,7 @@ bool SaveDraft(Database& db, RecordEditor& editor) {
 }
 
 void DropDraft(Database& db, RecordEditor& editor) {
-    Guarded(db.Reporter(), editor_procedure::DropDraft, [&] {
+    Guarded(db.Reporter(), Procedure::DropDraft, [&] {
         if (editor.DraftID() == 0) return;
         DeleteDraft(db, editor.DraftID());
         editor.SetDraftID(0);
@@ -145,7 +144,7 @@ void DropDraft(Database& db, RecordEditor& editor) {
 }
 
 std::vector<Draft> DraftsLeft(Database& db, std::span<const std::int32_t> openDraftIDs) {
-    return Guarded(db.Reporter(), editor_procedure::DraftsLeft, [&] {
+    return Guarded(db.Reporter(), Procedure::DraftsLeft, [&] {
         std::vector<Draft> drafts;
         if (db.IsReadOnly()) return drafts;
         Recordset row =
@@ -168,7 +167,7 @@ std::string DraftTitle(const Draft& draft) {
 
 std::unique_ptr<RecordEditor> OpenDraft(Database& db, const NoiseWords& noise,
                                         std::int32_t draftID) {
-    return Guarded(db.Reporter(), editor_procedure::OpenDraft, [&]() -> std::unique_ptr<RecordEditor> {
+    return Guarded(db.Reporter(), Procedure::OpenDraft, [&]() -> std::unique_ptr<RecordEditor> {
         const Recordset row = db.GetConnection().Execute(Sql(kSelect, IsDraft(draftID)));
         if (row.EndOfFile()) return nullptr;
         std::unique_ptr<RecordEditor> editor = EditorFor(db, noise, DraftIn(db, row));
@@ -180,7 +179,7 @@ std::unique_ptr<RecordEditor> OpenDraft(Database& db, const NoiseWords& noise,
 }
 
 void DeleteDraft(Database& db, std::int32_t draftID) {
-    Guarded(db.Reporter(), editor_procedure::DeleteDraft,
+    Guarded(db.Reporter(), Procedure::DeleteDraft,
             [&] { ExecuteSQL(db, Sql("DELETE FROM tblDraft ", IsDraft(draftID))); });
 }
 

@@ -3,7 +3,6 @@
 #include <iterator>
 #include <utility>
 
-#include "editors/editor_procedures.h"
 #include "keywords/keyword_saving.h"
 #include "keywords/words.h"
 #include "store/database.h"
@@ -82,14 +81,14 @@ bool RecordEditor::IsChanged() const {
 }
 
 bool RecordEditor::Check() {
-    return Guarded(db_.Reporter(), editor_procedure::CheckEditor, [&] {
+    return Guarded(db_.Reporter(), Procedure::CheckEditor, [&] {
         return CheckRecord() && CheckDetailChanges(db_, ChangesBetween(loadedDetails_, details_));
     });
 }
 
 SaveOutcome RecordEditor::Save() {
     SaveOutcome outcome;  // what a failure leaves in it is true
-    Guarded(db_.Reporter(), editor_procedure::SaveEditor, [&] { SaveInto(outcome); });
+    Guarded(db_.Reporter(), Procedure::SaveEditor, [&] { SaveInto(outcome); });
     return outcome;
 }
 

@@ -27,7 +27,7 @@ fCommonWord::fCommonWord(Database& db, QWidget* parent)
 fCommonWord::~fCommonWord() = default;
 
 void fCommonWord::OnEvent(const std::function<void()>& body) {
-    Handle(db_.Reporter(), form_procedure::CommonWordEvent, body);
+    Handle(db_.Reporter(), Procedure::CommonWordEvent, body);
 }
 
 void fCommonWord::Connect() {

@@ -208,7 +208,7 @@ bool fMain::Start() {
     }
     StartIdleWork();
     QTimer::singleShot(0, commands_, [this] {
-        Handle(db_.Reporter(), form_procedure::DraftsEvent,
+        Handle(db_.Reporter(), Procedure::DraftsEvent,
                [this] { commands_->Editors().OfferDrafts(); });
     });
     return true;
@@ -316,7 +316,7 @@ void fMain::StartIdleWork() {
 void fMain::OnIdle() {
     if (IsBusy() || QApplication::activeModalWidget() != nullptr) return;
     if (lastInput_.isValid() && !lastInput_.hasExpired(kPauseOfInput)) return;
-    Handle(db_.Reporter(), form_procedure::MainWindowEvent, [this] { DoIdleWork(); });
+    Handle(db_.Reporter(), Procedure::MainWindowEvent, [this] { DoIdleWork(); });
 }
 
 void fMain::DoIdleWork() {
@@ -348,11 +348,11 @@ void fMain::RunCommand(MenuCommand command) {
 }
 
 void fMain::GoToNode(const NodeIDs& node) {
-    Handle(db_.Reporter(), form_procedure::MainWindowEvent, [&] { contents_->SelectNode(node); });
+    Handle(db_.Reporter(), Procedure::MainWindowEvent, [&] { contents_->SelectNode(node); });
 }
 
 void fMain::GoToTopic(const QString& topicKey) {
-    Handle(db_.Reporter(), form_procedure::MainWindowEvent,
+    Handle(db_.Reporter(), Procedure::MainWindowEvent,
            [&] { contents_->SelectTopic(FromQt(topicKey)); });
 }
 
