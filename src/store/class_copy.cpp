@@ -21,7 +21,8 @@ namespace {
 /// where they were null.
 class ClassCopier {
   public:
-    ClassCopier(Database& db, std::int32_t classID) : db_(db), copier_(db), classID_(classID) {}
+    ClassCopier(Database& db, std::int32_t classID)
+        : db_(db), copier_(db, Procedure::CopyClass), classID_(classID) {}
 
     std::int32_t CopyInto(std::int32_t appID, std::string_view name) {
         try {
