@@ -97,6 +97,7 @@ void fMain::ConnectParts() {
     connect(menus_, &MainMenus::AboutToShow, this, &fMain::ShowCommandState);
     connect(commands_, &MainCommands::ZoomMenuRequested, this,
             [this](const QPoint& position) { menus_->PopUp("mnuZoomHide")->popup(position); });
+    connect(commands_, &MainCommands::ListsChanged, this, &fMain::LoadLists);
     connect(commands_, &MainCommands::WrapChanged, this, &fMain::SetWrapCommands);
     connect(&tmAutoLoad_, &QTimer::timeout, this, &fMain::OnIdle);
     connect(contents_, &fContents::NodeSelected, this, &fMain::OnNodeSelected);
@@ -238,6 +239,13 @@ void fMain::FinishIndexPane() {
     areListsStale_ = false;
 }
 
+void fMain::LoadLists() {
+    areListsStale_ = false;
+    index_->Load();
+    bookmarks_->Load();
+    search_->LoadLanguages();
+}
+
 void fMain::Close() {
     splash_.reset();
     close();
@@ -323,10 +331,8 @@ void fMain::DoIdleWork() {
     if (std::exchange(areCountsStale_, false)) {
         return status_->SetCounts(ToQt(CountsText(db_)));
     }
-    if (std::exchange(areListsStale_, false)) {
-        index_->Load();
-        bookmarks_->Load();
-        search_->LoadLanguages();
+    if (areListsStale_) {
+        LoadLists();
         return;
     }
     status_->SetWork(ToQt(idle_.CurrentName()));

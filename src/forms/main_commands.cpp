@@ -32,11 +32,11 @@ MainCommands::MainCommands(const MainParts& parts)
       parts_(parts),
       transfers_(new MainTransfers(parts.db, parts.window, parts.contents)),
       reading_(new ReadingWindows(parts.db, parts.window, parts.contents, parts.page)),
-      listEditors_(
-          new ListEditors(parts.db, parts.window, {parts.contents, parts.index, parts.bookmarks})),
+      listEditors_(new ListEditors(parts.db, parts.window, {parts.contents, parts.index})),
       editors_(
           new EditorWindows({parts.db, parts.noise, parts.window, parts.contents, parts.page})) {
     connect(reading_, &ReadingWindows::ZoomMenuRequested, this, &MainCommands::ZoomMenuRequested);
+    connect(listEditors_, &ListEditors::ListsChanged, this, &MainCommands::ListsChanged);
 }
 
 bool MainCommands::CanRun(MenuCommand command, bool isBusy) const {
