@@ -104,7 +104,7 @@ std::int32_t CopyClass(Database& db, std::int32_t classID, std::int32_t appID,
         if (!MayAddClass(db, name, target)) return std::int32_t{0};
         BulkWriting writing(db.GetConnection());
         const std::int32_t copyID = ClassCopier(db, classID).CopyInto(target, name);
-        writing.Finish();
+        FinishWriting(db, writing);
         return copyID;
     });
 }

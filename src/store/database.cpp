@@ -153,4 +153,8 @@ std::int64_t ExecuteSQL(Database& db, std::string_view sql) {
     });
 }
 
+void FinishWriting(Database& db, BulkWriting& writing) {
+    GuardedStage(db.Reporter(), Procedure::FinishWriting, [&] { writing.Finish(); });
+}
+
 }  // namespace snippetarium

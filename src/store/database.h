@@ -111,5 +111,8 @@ std::int32_t MaxIDValue(Database& db, std::string_view column, std::string_view 
 void ClearParameters(Database& db);
 /// Executes an INSERT, UPDATE, DELETE or ALTER TABLE; returns the number of rows it changed.
 std::int64_t ExecuteSQL(Database& db, std::string_view sql);
+/// Ends the bulk writing of an operation that has done its work. What it wrote stands, also where
+/// it could not be made safe: that is reported, and the operation goes on.
+void FinishWriting(Database& db, BulkWriting& writing);
 
 }  // namespace snippetarium
