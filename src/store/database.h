@@ -20,7 +20,7 @@ namespace snippetarium {
 /// The catalogue's file and, beside it, the one that a compaction writes.
 inline constexpr std::string_view kCatalogueFileName = "QRT_SN.mde";
 inline constexpr std::string_view kCompactionFileName = "Q1R1T_SN1.mde";
-/// Held, beside the catalogue, by the program that may write.
+/// Held, beside the catalogue, by the program that may write (store/catalogue_file.h).
 inline constexpr std::string_view kWriterLockFileName = "QRT_SN.lock";
 
 /// The catalogue as the program has it open for one run: the connection, the command that all named
