@@ -118,6 +118,24 @@ class SamplesTest : public ImportFixture {
     std::map<std::string, std::string> bytes_;
 };
 
+TEST_F(SamplesTest, ProposeTheNamesThatTheImportGaveWhereTheTextAloneSaysThem) {
+    std::vector<std::string> others;
+    for (const CodeRecord& record : Procedures()) {
+        const std::string className = LoadClassRecord(db_, record.classID)->name;
+        const std::string proposed = ProposedName({record.code, LanguageOf(record), className});
+        // The import tells a second procedure of one name from the first.
+        const bool isTwin = record.name == proposed + " (2)";
+        if (proposed != record.name && !isTwin) others.push_back(proposed + " -> " + record.name);
+    }
+    // These have a part of their name, or the tags of their page, around them in the file.
+    EXPECT_EQ(others,
+              (std::vector<std::string>{
+                  "add(name, hours, declination) -> sky.add(name, hours, declination)",
+                  "brightest() -> sky.brightest()", " -> ShowEntries(entries)",
+                  "Ledger.Entry() -> Ledger.Entry.Entry()",
+                  "Of(const std::string& word) -> WordCount::Of(const std::string& word)"}));
+}
+
 TEST_F(SamplesTest, AreGuessedToBeWhatTheyAre) {
     const std::pair<std::string_view, std::int32_t> files[] = {
         {"frmTides.frm", 1},   {"modCalendar.bas", 1}, {"clsHarbour.cls", 1}, {"nightly.vbs", 8},
