@@ -11,6 +11,7 @@
 #include "import/import_selection.h"
 #include "import/import_start.h"
 #include "keywords/noise_words.h"
+#include "store/cut_short_imports.h"
 #include "store/reads_applications.h"
 #include "support/disk_file_system.h"
 #include "support/encoding.h"
@@ -205,6 +206,7 @@ void Run(CommandContext& context) {
     const ImportAnswers answers = AnswersIn(context.Given());
     const std::string encoding = EncodingIn(context.Given());
     Database& db = context.Catalogue(CatalogueUse::Change);
+    TellOfCutShortImports(db);
     const DiskFileSystem files;
     ImportState state;
     ImportList list = ListFiles(context, db, state, files);

@@ -11,6 +11,7 @@
 #include "import/unit_limits.h"
 #include "keywords/keyword_saving.h"
 #include "store/author_links.h"
+#include "store/cut_short_imports.h"
 #include "store/database.h"
 #include "store/deletion.h"
 #include "store/named_query.h"
@@ -77,12 +78,17 @@ StoreResult UnitStore::Store(const CutFile& file, const ClassSource& source) {
                       " is in the catalogue already.");
         return StoreResult::LeftAlone;
     }
+    if (isUnderWay_) ListCutShortClass(db_);  // the one before failed
+    NoteClassUnderWay(db_);
+    isUnderWay_ = true;
     ClassAtHand stored = AddNewClass(file, source, className);
     const StoreResult result = StoreProcedures(stored, file, source);
     if (result == StoreResult::Stored) {
         for (const std::int32_t classID : before)
             DeleteOverwritten(classID, source.entry);
     }
+    NoteClassComplete(db_);
+    isUnderWay_ = false;
     return result;
 }
 

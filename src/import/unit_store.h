@@ -46,8 +46,9 @@ enum class StoreResult : std::uint8_t {
 ///
 /// Nothing is done in one go that can be cut in half: the class's row comes first, with the text
 /// before its first procedure, then one procedure after the other, then the class's whole text with
-/// the markers. A kill of the program leaves every procedure that was stored, a cancelled import
-/// also their markers. A class that is overwritten is deleted once the new one is complete.
+/// the markers. A kill of the program leaves every procedure that was stored, and a note of it
+/// (store/cut_short_imports.h); a cancelled import also leaves their markers. A class that is
+/// overwritten is deleted once the new one is complete.
 ///
 /// Problems go into the state's report. A failure of the catalogue is thrown.
 class UnitStore {
@@ -82,6 +83,7 @@ class UnitStore {
     /// the second must not overwrite the first.
     std::set<std::int32_t> storedClasses_;
     std::map<std::string, std::int32_t> languages_;
+    bool isUnderWay_ = false;
 };
 
 }  // namespace snippetarium

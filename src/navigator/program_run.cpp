@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "store/cut_short_imports.h"
 #include "store/database.h"
 #include "support/guard.h"
 
@@ -44,6 +45,7 @@ void ProgramRun::Start() {
     stage([&] { window_.CloseSplash(); });
     stage([&] { layout_.Arrange(); });
     stage([&] { window_.FinishIndexPane(); });
+    stage([&] { TellOfCutShortImports(db_); });
     state_ = RunState::Ready;
 }
 

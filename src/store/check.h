@@ -37,6 +37,7 @@ enum class FindingKind : std::uint8_t {
     SourceFormWithoutClass,
     OverlongTextWithoutOwner,
     LeftoverToDelete,
+    ClassCutShort,
     TrashWithoutEntry,
     StaleNames,
     DraftTextWithoutDraft,

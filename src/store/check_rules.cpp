@@ -45,6 +45,13 @@ constexpr std::string_view kNoIsoDate =
     "date(substr(dDate, 1, 10), '+0 days') || ' ' || "
     "coalesce(time(substr(dDate, 12), '+0 seconds'), '')), 1)";
 
+// store/cut_short_imports.h says what the settings mean. The one of a class that is under way
+// counts too: a check only reads, and may be the first to look after the end of the import.
+constexpr std::string_view kCutShort =
+    "classID IN (SELECT CAST(substr(name, 17) AS INTEGER) FROM tblSetting WHERE substr(name, 1, "
+    "16) = 'import.cutShort ' UNION ALL SELECT min(classID) FROM tblClass WHERE classID > (SELECT "
+    "CAST(value AS INTEGER) FROM tblSetting WHERE name = 'import.underWay'))";
+
 // A block of packed names holds exactly those of its rows, in the same letters.
 constexpr std::string_view kStaleApplicationNames =
     "ownerTableID = 1 AND (entries IS NOT (SELECT group_concat(substr('000' || (appID % 1024), -4) "
@@ -83,6 +90,10 @@ constexpr std::string_view kNamesAdvice =
     "Quick search misses names. Mending removes the blocks; they are made anew when the catalogue "
     "is opened.";
 
+constexpr std::string_view kCutShortAdvice =
+    "Some of their procedures may be missing. Import their files again and choose to overwrite the "
+    "classes, unless an import is running just now.";
+
 constexpr std::string_view kTrashID = "'trashID ' || trashID";
 
 constexpr std::string_view kLostTrash = "deleted rows whose entry in the trash does not exist";
@@ -120,6 +131,7 @@ constexpr std::array kRules = {
     CheckRule{OverlongTextWithoutOwner, Fault, "tblOverlong", kNoOwner, kOwner, "cut off ends of texts whose owner does not exist", "DELETE FROM tblOverlong", kLinkAdvice},
     CheckRule{LeftoverToDelete, Fault, "tblIDsToDelete", "1", "coalesce('ID ' || ID, 'no ID')", "rows that a deletion which was cut short left in its list", "DELETE FROM tblIDsToDelete", kLinkAdvice},
     CheckRule{LeftoverToDelete, Fault, "tblClassesToEmpty", "1", kClassID, "classes that a deletion which was cut short left in its list", "DELETE FROM tblClassesToEmpty", kLinkAdvice},
+    CheckRule{ClassCutShort, Information, "tblClass", kCutShort, "'classID ' || classID", "classes whose import was cut short", "", kCutShortAdvice},
     CheckRule{TrashWithoutEntry, Fault, "tblTrashApplication", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashApplication", kTrashAdvice},
     CheckRule{TrashWithoutEntry, Fault, "tblTrashClass", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashClass", kTrashAdvice},
     CheckRule{TrashWithoutEntry, Fault, "tblTrashCode", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashCode", kTrashAdvice},

@@ -4,6 +4,7 @@
 
 #include "engine/engine_error.h"
 #include "store/catalogue_file.h"
+#include "store/cut_short_imports.h"
 #include "store/emptied_classes.h"
 #include "store/migration.h"
 #include "store/packed_names.h"
@@ -77,6 +78,7 @@ void Database::Open() {
             // own, as IDs of other things.
             connection_.ExecuteAction("DELETE FROM tblIDsToDelete WHERE true");
             ForgetClassesToEmpty(*this);
+            ListCutShortClass(*this);
             PurgeTrash(*this, host_.clock.Now());
             PackNames(*this);
         }

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "export/markers.h"
+#include "store/check.h"
+#include "store/cut_short_imports.h"
 #include "store/writes_languages.h"
 #include "support/utf8.h"
 #include "tests/import/unit_store_fixture.h"
@@ -233,12 +235,36 @@ TEST_F(UnitStoreTest, KilledAnywhereLeavesTheProceduresStoredSoFar) {
             Store(file, std::to_string(yield) + ".bas");
         });
     }
+    RunUntilItDies([&] {
+        OpenCatalogue(db_);
+        db_.SetStatementObserver([](std::string_view sql) {
+            if (sql.starts_with("INSERT INTO tblClass ")) DieHere();
+        });
+        Store(file, "3.bas");
+    });
     OpenCatalogue(db_);
+    Store({.className = "modAfter"}, "after.bas");  // not the class that did not come to be
+    TellOfCutShortImports(db_);
+    const std::string told = TakeBox().text;
+    EXPECT_NE(told.find("modDraw in Paint (1.bas)\r\n    modDraw in Paint (2.bas)\r\n"),
+              std::string::npos)
+        << told;
+    TellOfCutShortImports(db_);  // once
     EXPECT_EQ(Select("SELECT classPathInApp, classDI FROM tblClass WHERE classID > 1"),
-              (Rows{"1.bas|head\r\n", "2.bas|head\r\n"}));
+              (Rows{"1.bas|head\r\n", "2.bas|head\r\n", "after.bas|-"}));
     EXPECT_EQ(Select("SELECT codeName, classID, languageID FROM tblCode c INNER JOIN "
                      "tblCode_Link_Language l ON c.codeID = l.codeID ORDER BY c.codeID"),
               (Rows{"A()|2|1", "A()|3|1", "B()|3|1"}));
+
+    // What is imported again is whole, and the other one is still on the list.
+    state_.overwriteChoice = OverwriteChoice::Yes;
+    Store(file, "2.bas");
+    EXPECT_EQ(CutShortClasses(db_).size(), 1U);
+    const CheckReport report = CheckCatalogue(db_);
+    EXPECT_TRUE(report.IsSound());
+    ASSERT_EQ(report.findings.size(), 1U);
+    EXPECT_EQ(report.findings[0].kind, FindingKind::ClassCutShort);
+    EXPECT_EQ(report.findings[0].examples, std::vector<std::string>{"classID 2"});
 }
 
 }  // namespace
