@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <numeric>
 #include <optional>
 
 #include "engine/engine_error.h"
@@ -84,6 +85,28 @@ std::vector<std::int64_t> TextLookup::Check(const IndexedTable& table, unsigned 
     ReadIDs(SelectIDs(table) + std::string(table.idColumn) + " IN tblTextCandidates(?1) AND " +
                 Compare(table, column, comparison),
             numbers, &pattern, ids);
+    return ids;
+}
+
+std::vector<std::int64_t> TextLookup::Read(const IndexedTable& table, unsigned column,
+                                           TextComparison comparison, const std::string& pattern) {
+    std::vector<std::int64_t> ids;
+    ReadIDs(SelectIDs(table) + Compare(table, column, comparison), {}, &pattern, ids);
+    return ids;
+}
+
+TextCandidates TextLookup::EveryID(const IndexedTable& table) {
+    const TextExtent extent = ReadExtent(table);
+    std::int64_t indexed = 0;
+    for (const TextExtent::Segment& segment : extent.segments)
+        indexed += segment.rows;
+    std::vector<std::int64_t> ids;
+    ReadIDs("SELECT max(" + std::string(table.idColumn) + ") FROM " + std::string(table.name), {},
+            nullptr, ids);
+    const std::int64_t highest = ids.front();
+    if (highest > 2 * indexed) return std::nullopt;
+    ids.resize(static_cast<std::size_t>(highest));
+    std::iota(ids.begin(), ids.end(), std::int64_t{1});
     return ids;
 }
 

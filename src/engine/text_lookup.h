@@ -58,6 +58,13 @@ class TextLookup {
     std::vector<std::int64_t> Check(const IndexedTable& table, unsigned column,
                                     TextComparison comparison, const std::string& pattern,
                                     std::vector<std::int64_t> candidates);
+    /// The rows for which the comparison holds; reads them all.
+    std::vector<std::int64_t> Read(const IndexedTable& table, unsigned column,
+                                   TextComparison comparison, const std::string& pattern);
+    /// All numbers up to the highest ID, for a table whose rows are going to be read all, or nearly
+    /// all: in the order of their IDs they are read as they lie in the file. Nothing where most of
+    /// these numbers would be none of a row, or nobody knows.
+    TextCandidates EveryID(const IndexedTable& table);
     /// The rows of a table that belong to these rows of its parent.
     std::vector<std::int64_t> ChildrenOf(const IndexedTable& table,
                                          std::vector<std::int64_t> parents);

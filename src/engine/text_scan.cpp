@@ -47,9 +47,12 @@ TextScan::TextScan(const TextColumn& column, std::string_view literal, ShortText
 
 TextScan::TextScan(const TextColumn& column, TextComparison comparison, std::string pattern)
     : column_(column), comparison_(comparison), pattern_(std::move(pattern)) {
-    trigrams_ =
-        TrigramsOf(comparison_ == TextComparison::Like ? LikePattern(pattern_).PlainRuns()
-                                                       : std::vector<std::string>{pattern_});
+    const std::vector<std::string> runs = comparison_ == TextComparison::Like
+                                              ? LikePattern(pattern_).PlainRuns()
+                                              : std::vector<std::string>{pattern_};
+    trigrams_ = TrigramsOf(runs);
+    for (auto run = runs.begin(); trigrams_.empty() && !pair_ && run != runs.end(); ++run)
+        pair_ = PairOf(*run);
 }
 
 TextCandidates TextScan::Candidates() const {

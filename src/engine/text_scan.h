@@ -105,7 +105,7 @@ class TextScan {
     TextComparison comparison_ = TextComparison::Like;
     std::string pattern_;
     std::vector<Trigram> trigrams_;
-    /// The literal, where it has two characters.
+    /// What is looked for, or a part of it, where that is no longer than two characters.
     std::optional<Pair> pair_;
     ShortTexts shortTexts_ = ShortTexts::AreFound;
     std::size_t piece_ = kPiece;
