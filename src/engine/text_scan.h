@@ -83,8 +83,12 @@ class TextScan {
     /// A list of the segment that is looked at; its bytes where they had to be read to find it.
     struct List {
         TextKey key = 0;
-        std::size_t size = 0;
         std::optional<std::string> postings = {};
+    };
+    /// The lists of trigrams of which a row must have one, and how many bytes they are together.
+    struct Choice {
+        std::vector<List> lists;
+        std::size_t size = 0;
     };
 
     void AdvanceStage(TextLookup& lookup);
@@ -94,7 +98,8 @@ class TextScan {
     void LookAtChangedRows(TextLookup& lookup);
     void LookAt(TextLookup& lookup, std::vector<std::int64_t> rows);
     void FindLists(TextLookup& lookup);
-    void FollowNextList(TextLookup& lookup);
+    Choice FindChoice(TextLookup& lookup, const std::vector<Trigram>& trigrams);
+    void FollowNextChoice(TextLookup& lookup);
     void FollowPair(TextLookup& lookup);
     void AddBehind(TextLookup& lookup, const Pair& pair, IdSet& rows);
     void AddBefore(TextLookup& lookup, const Pair& pair, IdSet& rows);
@@ -106,7 +111,8 @@ class TextScan {
     TextColumn column_;
     TextComparison comparison_ = TextComparison::Like;
     std::string pattern_;
-    std::vector<Trigram> trigrams_;
+    /// A row that has the text has one trigram of each of these.
+    std::vector<std::vector<Trigram>> trigrams_;
     /// What is looked for, or a part of it, where that is no longer than two characters.
     std::optional<Pair> pair_;
     ShortTexts shortTexts_ = ShortTexts::AreFound;
@@ -122,7 +128,7 @@ class TextScan {
     std::int64_t lastWaiting_ = 0;
     std::size_t segment_ = 0;
     /// Those that are still to be followed, the shortest last.
-    std::vector<List> lists_;
+    std::vector<Choice> choices_;
     /// What is common to the lists that were.
     std::optional<IdSet> common_;
     /// What was read of the index with this piece.
