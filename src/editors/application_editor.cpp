@@ -1,6 +1,5 @@
 #include "editors/application_editor.h"
 
-#include "editors/editor_procedures.h"
 #include "editors/loss_questions.h"
 #include "editors/record_editor_impl.h"
 #include "support/guard.h"
@@ -42,7 +41,7 @@ std::unique_ptr<ApplicationEditor> NewApplicationEditor(Database& db, const Nois
 
 std::unique_ptr<ApplicationEditor> OpenApplicationEditor(Database& db, const NoiseWords& noise,
                                                          std::int32_t appID) {
-    return Guarded(db.Reporter(), editor_procedure::OpenEditor,
+    return Guarded(db.Reporter(), Procedure::OpenEditor,
                    [&] { return OpenRecordEditor<ApplicationRecord>(db, noise, appID); });
 }
 

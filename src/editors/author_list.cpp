@@ -71,8 +71,8 @@ void AuthorList::Remove(std::size_t row) {
 void AuthorList::Store() {
     while (!renamings_.empty()) {
         const LinkedAuthor renaming = renamings_.front();
-        renamings_.erase(renamings_.begin());
         const std::int32_t nowID = RenameAuthor(db_, renaming.authorID, renaming.name);
+        renamings_.erase(renamings_.begin());
         for (std::vector<LinkedAuthor>* const list : {&authors_, &renamings_}) {
             for (LinkedAuthor& author : *list) {
                 if (author.authorID == renaming.authorID) author.authorID = nowID;

@@ -29,7 +29,8 @@ class AuthorList {
     bool Change(std::size_t row, const AuthorName& name);
     void Remove(std::size_t row);
 
-    /// Writes the changed names of authors whom the catalogue has. Throws.
+    /// Writes the changed names of authors whom the catalogue has, one after the other. Throws; the
+    /// next call goes on with the one that failed.
     void Store();
 
   private:

@@ -3,18 +3,23 @@
 #include "editors/catalogue_lists.h"
 #include "store/database.h"
 #include "store/reads_authors_dates.h"
-#include "store/sql_text.h"
 
 namespace snippetarium {
 
 namespace {
 
+/// All at once, so that a failure leaves both authors as they were.
 void Unite(Database& db, std::int32_t authorID, std::int32_t otherID) {
-    for (Recordset row = AuthorsLinkRSByAuthorID(db, authorID); !row.EndOfFile(); row.MoveNext()) {
-        const auto kind = static_cast<OwnerKind>(row["ownerTableID"].Long());
-        RelinkAuthor(db, {kind, row["ownerID"].Long()}, authorID, otherID);
-    }
-    ExecuteSQL(db, Sql("DELETE FROM tblAuthor WHERE authorID = ", authorID));
+    const std::vector<BoundValue> ids{authorID, otherID};
+    const BoundStatement statements[] = {
+        {"DELETE FROM tbl_Author_Link WHERE authorID = ?1 AND EXISTS (SELECT 1 FROM "
+         "tbl_Author_Link other WHERE other.authorID = ?2 AND other.ownerID = "
+         "tbl_Author_Link.ownerID AND other.ownerTableID = tbl_Author_Link.ownerTableID)",
+         ids},
+        {"UPDATE tbl_Author_Link SET authorID = ?2 WHERE authorID = ?1", ids},
+        {"DELETE FROM tblAuthor WHERE authorID = ?1", {authorID}},
+    };
+    db.GetConnection().RunTransaction(statements);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "editors/class_editor.h"
 
-#include "editors/editor_procedures.h"
 #include "editors/loss_questions.h"
 #include "editors/record_editor_impl.h"
 #include "store/sql_text.h"
@@ -60,7 +59,7 @@ std::int32_t LanguageOfNewestClass(Database& db, std::int32_t appID) {
 
 std::unique_ptr<ClassEditor> NewClassEditor(Database& db, const NoiseWords& noise,
                                             std::int32_t appID) {
-    return Guarded(db.Reporter(), editor_procedure::OpenEditor, [&] {
+    return Guarded(db.Reporter(), Procedure::OpenEditor, [&] {
         return std::make_unique<ClassEditor>(
             db, noise,
             ClassRecord{.appID = ApplicationOrUndefined(appID),
@@ -70,7 +69,7 @@ std::unique_ptr<ClassEditor> NewClassEditor(Database& db, const NoiseWords& nois
 
 std::unique_ptr<ClassEditor> OpenClassEditor(Database& db, const NoiseWords& noise,
                                              std::int32_t classID) {
-    return Guarded(db.Reporter(), editor_procedure::OpenEditor,
+    return Guarded(db.Reporter(), Procedure::OpenEditor,
                    [&] { return OpenRecordEditor<ClassRecord>(db, noise, classID); });
 }
 

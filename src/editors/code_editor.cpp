@@ -1,6 +1,5 @@
 #include "editors/code_editor.h"
 
-#include "editors/editor_procedures.h"
 #include "editors/loss_questions.h"
 #include "editors/record_editor_impl.h"
 #include "store/reads_classes.h"
@@ -43,7 +42,7 @@ template class RecordEditorOf<CodeRecord>;
 
 std::unique_ptr<CodeEditor> NewCodeEditor(Database& db, const NoiseWords& noise,
                                           std::int32_t classID) {
-    return Guarded(db.Reporter(), editor_procedure::OpenEditor, [&] {
+    return Guarded(db.Reporter(), Procedure::OpenEditor, [&] {
         const std::int32_t place = ClassOrUndefined(classID);
         return std::make_unique<CodeEditor>(
             db, noise, CodeRecord{.classID = place, .languageID = LanguageIDByClassID(db, place)});
@@ -52,7 +51,7 @@ std::unique_ptr<CodeEditor> NewCodeEditor(Database& db, const NoiseWords& noise,
 
 std::unique_ptr<CodeEditor> OpenCodeEditor(Database& db, const NoiseWords& noise,
                                            std::int32_t codeID) {
-    return Guarded(db.Reporter(), editor_procedure::OpenEditor,
+    return Guarded(db.Reporter(), Procedure::OpenEditor,
                    [&] { return OpenRecordEditor<CodeRecord>(db, noise, codeID); });
 }
 

@@ -6,7 +6,6 @@
 #include "editors/application_editor.h"
 #include "editors/class_editor.h"
 #include "editors/code_editor.h"
-#include "editors/editor_procedures.h"
 #include "store/database.h"
 #include "store/sql_text.h"
 #include "support/guard.h"
@@ -29,23 +28,23 @@ std::string NameIn(const DraftTexts& texts) {
 /// The rows of a draft in the place of those of its ID. Both tables are written in one go, so that
 /// a crash leaves the old draft or the new one. A new draft has no ID yet: the table gives it the
 /// greatest.
-std::string WritingScript(const RecordEditor& editor, const DraftTexts& texts,
-                          std::string_view savedOn) {
-    const std::int32_t draftID = editor.DraftID();
-    const std::string id = draftID == 0 ? "NULL" : std::to_string(draftID);
-    std::string script =
-        Sql("DELETE FROM tblDraft WHERE draftID = ", draftID,
-            ";\nINSERT INTO tblDraft(draftID, savedOn, kind, ownerID, name) VALUES (", id, ", ",
-            SqlText(savedOn), ", ", editor.Kind(), ", ", editor.ID(), ", ", SqlText(NameIn(texts)),
-            ");\n");
-    const std::string draft =
-        draftID == 0 ? "(SELECT max(draftID) FROM tblDraft)" : std::to_string(draftID);
+void WriteDraft(Database& db, const RecordEditor& editor, const DraftTexts& texts,
+                std::string_view savedOn) {
+    const BoundValue draftID =
+        editor.DraftID() == 0 ? BoundValue(std::monostate()) : BoundValue(editor.DraftID());
+    const std::string name = NameIn(texts);
+    std::vector<BoundStatement> statements{
+        {"DELETE FROM tblDraft WHERE draftID = ?1", {draftID}},
+        {"INSERT INTO tblDraft(draftID, savedOn, kind, ownerID, name) VALUES (?1, ?2, ?3, ?4, ?5)",
+         {draftID, savedOn, static_cast<std::int64_t>(editor.Kind()), editor.ID(), name}}};
     for (const DraftText& text : texts) {
-        script += Sql("INSERT INTO tblDraftText(draftID, field, text, loaded) VALUES (", draft,
-                      ", ", SqlText(text.field), ", ", SqlText(text.text), ", ",
-                      text.loaded ? SqlText(*text.loaded) : std::string("NULL"), ");\n");
+        const BoundValue loaded = text.loaded ? BoundValue(*text.loaded) : std::monostate();
+        statements.push_back(
+            {"INSERT INTO tblDraftText(draftID, field, text, loaded) VALUES "
+             "(coalesce(?1, (SELECT max(draftID) FROM tblDraft)), ?2, ?3, ?4)",
+             {draftID, text.field, text.text, loaded}});
     }
-    return script;
+    db.GetConnection().RunTransaction(statements);
 }
 
 std::string IsDraft(std::int32_t draftID) {
@@ -122,7 +121,7 @@ std::unique_ptr<RecordEditor> EditorFor(Database& db, const NoiseWords& noise, c
 }  // namespace
 
 bool SaveDraft(Database& db, RecordEditor& editor) {
-    return Guarded(db.Reporter(), editor_procedure::SaveDraft, [&] {
+    return Guarded(db.Reporter(), Procedure::SaveDraft, [&] {
         if (db.IsReadOnly()) return true;
         const DraftTexts texts = editor.TextsForDraft();
         if (texts.empty()) {
@@ -130,14 +129,14 @@ bool SaveDraft(Database& db, RecordEditor& editor) {
             return true;
         }
         const std::string savedOn = LocalTimeText(db.GetHost().clock.Now(), "%Y-%m-%d %H:%M:%S");
-        db.GetConnection().RunScript(WritingScript(editor, texts, savedOn));
+        WriteDraft(db, editor, texts, savedOn);
         if (editor.DraftID() == 0) editor.SetDraftID(MaxIDValue(db, "draftID", "tblDraft"));
         return true;
     });
 }
 
 void DropDraft(Database& db, RecordEditor& editor) {
-    Guarded(db.Reporter(), editor_procedure::DropDraft, [&] {
+    Guarded(db.Reporter(), Procedure::DropDraft, [&] {
         if (editor.DraftID() == 0) return;
         DeleteDraft(db, editor.DraftID());
         editor.SetDraftID(0);
@@ -145,7 +144,7 @@ void DropDraft(Database& db, RecordEditor& editor) {
 }
 
 std::vector<Draft> DraftsLeft(Database& db, std::span<const std::int32_t> openDraftIDs) {
-    return Guarded(db.Reporter(), editor_procedure::DraftsLeft, [&] {
+    return Guarded(db.Reporter(), Procedure::DraftsLeft, [&] {
         std::vector<Draft> drafts;
         if (db.IsReadOnly()) return drafts;
         Recordset row =
@@ -168,20 +167,19 @@ std::string DraftTitle(const Draft& draft) {
 
 std::unique_ptr<RecordEditor> OpenDraft(Database& db, const NoiseWords& noise,
                                         std::int32_t draftID) {
-    return Guarded(
-        db.Reporter(), editor_procedure::OpenDraft, [&]() -> std::unique_ptr<RecordEditor> {
-            const Recordset row = db.GetConnection().Execute(Sql(kSelect, IsDraft(draftID)));
-            if (row.EndOfFile()) return nullptr;
-            std::unique_ptr<RecordEditor> editor = EditorFor(db, noise, DraftIn(db, row));
-            if (!editor) return nullptr;
-            editor->TakeDraft(TextsOfDraft(db, draftID));
-            editor->SetDraftID(draftID);
-            return editor;
-        });
+    return Guarded(db.Reporter(), Procedure::OpenDraft, [&]() -> std::unique_ptr<RecordEditor> {
+        const Recordset row = db.GetConnection().Execute(Sql(kSelect, IsDraft(draftID)));
+        if (row.EndOfFile()) return nullptr;
+        std::unique_ptr<RecordEditor> editor = EditorFor(db, noise, DraftIn(db, row));
+        if (!editor) return nullptr;
+        editor->TakeDraft(TextsOfDraft(db, draftID));
+        editor->SetDraftID(draftID);
+        return editor;
+    });
 }
 
 void DeleteDraft(Database& db, std::int32_t draftID) {
-    Guarded(db.Reporter(), editor_procedure::DeleteDraft,
+    Guarded(db.Reporter(), Procedure::DeleteDraft,
             [&] { ExecuteSQL(db, Sql("DELETE FROM tblDraft ", IsDraft(draftID))); });
 }
 

@@ -31,6 +31,10 @@ bool RefuseEntry(Database& db, std::string_view message) {
     return false;
 }
 
+bool RefuseSeveralWords(Database& db) {
+    return RefuseEntry(db, "Please enter one word. Blanks and punctuation separate words.");
+}
+
 bool IsOneLine(Database& db, std::string_view name) {
     return std::ranges::none_of(name, IsControl) || RefuseEntry(db, kNotOneLine);
 }

@@ -15,6 +15,9 @@ class Database;
 /// Tells the user why an entry is refused. Returns false.
 bool RefuseEntry(Database& db, std::string_view message);
 
+/// Refuses what is more than one word.
+bool RefuseSeveralWords(Database& db);
+
 /// A name is one line: no line break, tab or other control character. An import takes names with
 /// line breaks as they come, so a name that stays as it is is not asked about.
 bool IsOneLine(Database& db, std::string_view name);

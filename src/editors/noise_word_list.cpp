@@ -18,8 +18,6 @@ namespace snippetarium {
 namespace {
 
 constexpr std::string_view kEmpty = "Please enter a word.";
-constexpr std::string_view kSeveral =
-    "Please enter one word. Blanks and punctuation separate words.";
 constexpr std::string_view kTooLong = "The word you specified is too long (over 255 characters).";
 
 std::string Question(std::string_view word, const NoiseEffect& effect) {
@@ -32,12 +30,15 @@ std::string Question(std::string_view word, const NoiseEffect& effect) {
 
 bool MayAdd(Database& db, const NoiseWords& noise, const std::vector<std::string>& words) {
     if (words.empty()) return RefuseEntry(db, kEmpty);
-    if (words.size() > 1) return RefuseEntry(db, kSeveral);
+    if (words.size() > 1) return RefuseSeveralWords(db);
     const std::string& word = words.front();
     if (CharacterCount(word) > kNameLimit) return RefuseEntry(db, kTooLong);
     if (noise.IsNoiseWord(word))
         return RefuseEntry(db, Sql("'", word, "' is a noise word already."));
-    const NoiseEffect effect = EffectOfNoise(db, word);
+    return true;
+}
+
+bool MayTakeEffect(Database& db, std::string_view word, const NoiseEffect& effect) {
     if (effect.keywords + effect.searchWords == 0) return true;
     return AskYesNo(db.GetHost().messages, Question(word, effect), kQuestionTitle) ==
            StandardAnswer::Yes;
@@ -64,9 +65,14 @@ NoiseEffect EffectOfNoise(Database& db, std::string_view entry) {
     return effect;
 }
 
-bool AddListedNoiseWord(Database& db, NoiseWords& noise, std::string_view entry) {
+std::optional<NoiseEffect> AddListedNoiseWord(Database& db, NoiseWords& noise,
+                                              std::string_view entry) {
     const std::vector<std::string> words = WordsToAdd(entry);
-    return MayAdd(db, noise, words) && AddNoiseWord(db, noise, words.front()) == 1;
+    if (!MayAdd(db, noise, words)) return std::nullopt;
+    const std::string& word = words.front();
+    const NoiseEffect effect = EffectOfNoise(db, word);
+    if (!MayTakeEffect(db, word, effect) || AddNoiseWord(db, noise, word) != 1) return std::nullopt;
+    return effect;
 }
 
 bool DeleteListedNoiseWord(Database& db, NoiseWords& noise, std::string_view word) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,12 +26,15 @@ struct NoiseEffect {
 /// Throws.
 NoiseEffect EffectOfNoise(Database& db, std::string_view entry);
 
-// The editor of noise words. Each operation returns whether it was done; where it may not be, or
-// the user decided otherwise, nothing is written.
+// The editor of noise words. Where an operation may not be done, or the user decided otherwise,
+// nothing is written.
 
-/// One word of at most 255 characters that is none yet. Asks where keywords change by it.
-bool AddListedNoiseWord(Database& db, NoiseWords& noise, std::string_view entry);
+/// One word of at most 255 characters that is none yet. Asks where keywords change by it. Returns
+/// what has become different; nothing where it was not done.
+std::optional<NoiseEffect> AddListedNoiseWord(Database& db, NoiseWords& noise,
+                                              std::string_view entry);
 
+/// Returns whether it was done.
 bool DeleteListedNoiseWord(Database& db, NoiseWords& noise, std::string_view word);
 
 }  // namespace snippetarium

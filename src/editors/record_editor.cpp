@@ -3,7 +3,6 @@
 #include <iterator>
 #include <utility>
 
-#include "editors/editor_procedures.h"
 #include "keywords/keyword_saving.h"
 #include "keywords/words.h"
 #include "store/database.h"
@@ -37,6 +36,20 @@ const KindTexts& TextsOf(OwnerKind kind) {
     return kKinds[0];
 }
 
+void PutID(NodeIDs& place, OwnerKind kind, std::int32_t id) {
+    switch (kind) {
+        case OwnerKind::Application:
+            place.appID = id;
+            return;
+        case OwnerKind::Class:
+            place.classID = id;
+            return;
+        case OwnerKind::Procedure:
+            place.codeID = id;
+            return;
+    }
+}
+
 FieldTexts Together(FieldTexts texts, const FieldTexts& more) {
     texts.insert(texts.end(), more.begin(), more.end());
     return texts;
@@ -68,43 +81,57 @@ bool RecordEditor::IsChanged() const {
 }
 
 bool RecordEditor::Check() {
-    return Guarded(db_.Reporter(), editor_procedure::CheckEditor, [&] {
+    return Guarded(db_.Reporter(), Procedure::CheckEditor, [&] {
         return CheckRecord() && CheckDetailChanges(db_, ChangesBetween(loadedDetails_, details_));
     });
 }
 
 SaveOutcome RecordEditor::Save() {
-    return Guarded(db_.Reporter(), editor_procedure::SaveEditor, [&] {
-        SaveOutcome outcome;
-        const Meeting meeting = IsNew() ? Meeting::GoOn : MeetStored();
-        if (meeting == Meeting::GoBack) return outcome;
-        if (!IsNew()) outcome.before = LoadedPlace();
-        if (meeting == Meeting::Reloaded || (!IsNew() && !IsChanged())) {
-            outcome.node = outcome.before;
-            outcome.result =
-                meeting == Meeting::Reloaded ? SaveResult::Reloaded : SaveResult::Saved;
-            return outcome;
-        }
-        if (!ConfirmLosses() || !Check() || !StoreAll(outcome)) return outcome;
-        outcome.wantsKeywords = AskForKeywords();
-        return outcome;
-    });
+    SaveOutcome outcome;  // what a failure leaves in it is true
+    Guarded(db_.Reporter(), Procedure::SaveEditor, [&] { SaveInto(outcome); });
+    return outcome;
+}
+
+void RecordEditor::SaveInto(SaveOutcome& outcome) {
+    const Meeting meeting = IsNew() ? Meeting::GoOn : MeetStored();
+    if (meeting == Meeting::GoBack) return;
+    if (!IsNew()) outcome.before = LoadedPlace();
+    if (meeting == Meeting::Reloaded || (!IsNew() && !IsChanged())) {
+        outcome.node = outcome.before;
+        outcome.result = meeting == Meeting::Reloaded ? SaveResult::Reloaded : SaveResult::Saved;
+        return;
+    }
+    if (ConfirmLosses() && Check() && StoreAll(outcome)) outcome.wantsKeywords = AskForKeywords();
 }
 
 /// What was stored counts as loaded from then on, also where a later step fails: saving again then
 /// goes on there.
 bool RecordEditor::StoreAll(SaveOutcome& outcome) {
-    if (IsNew() || IsRecordChanged()) {
-        const std::int32_t id = StoreRecord();
-        if (id == 0) return false;
-        id_ = id;
-    }
-    outcome.node = LoadedPlace();
+    if (!StoreRecordFirst(outcome)) return false;
     const Owner owner{kind_, id_};
     SaveDetailChanges(db_, noise_, owner, ChangesBetween(loadedDetails_, details_));
     details_ = loadedDetails_ = DetailsToEdit(LoadOwnerDetails(db_, owner));
     outcome.result = SaveResult::Saved;
     return true;
+}
+
+/// Once the row is written nothing may fail before its ID is kept, so its place is found first.
+bool RecordEditor::StoreRecordFirst(SaveOutcome& outcome) {
+    outcome.node = RecordPlace();
+    if (!IsNew() && !IsRecordChanged()) return true;
+    NodeIDs place = std::exchange(outcome.node, {});
+    const std::int32_t id = StoreRecord();
+    if (id == 0) return false;
+    id_ = id;
+    isReadBackDue_ = true;
+    PutID(place, kind_, id_);
+    outcome.node = place;
+    // Columns cut texts, and comments get frames.
+    const std::optional<FieldTexts> stored = StoredTexts();
+    isReadBackDue_ = false;
+    if (stored) TakeTexts(*stored, *stored);
+    outcome.node = stored ? LoadedPlace() : NodeIDs{};
+    return stored.has_value();
 }
 
 /// Looks at what the catalogue has of the record now, and settles with the user what becomes of it.
@@ -121,7 +148,8 @@ RecordEditor::Meeting RecordEditor::MeetStored() {
     }
     const EditedDetails details = DetailsToEdit(LoadOwnerDetails(db_, {kind_, id_}));
     *stored = Together(std::move(*stored), TextsOfDetails(details));
-    if (IsChanged()) {
+    const bool isOwnWork = std::exchange(isReadBackDue_, false);
+    if (IsChanged() && !isOwnWork) {
         const std::string what = ChangedElsewhere(AllLoaded(), AllTexts(), *stored);
         if (!what.empty()) return MeetChanged(*stored, what);
     }

@@ -18,7 +18,8 @@ namespace snippetarium {
 class Database;
 
 enum class SaveResult : std::uint8_t {
-    /// Nothing is stored, or not all of it: the user has been told why, or wants to go on editing.
+    /// Nothing is stored, or not all of it (then the outcome has a node): the user has been told
+    /// why, or wants to go on editing.
     NotSaved,
     Saved,
     /// The user wants what somebody else stored meanwhile, and the editor has it now.
@@ -27,7 +28,8 @@ enum class SaveResult : std::uint8_t {
 
 struct SaveOutcome {
     SaveResult result = SaveResult::NotSaved;
-    /// Where the record was in the tree, and where it is. All 0 where it was not, or is not.
+    /// Where the record was in the tree, and where it is. All 0 where it was not; `node` also where
+    /// the record's own row was not written.
     NodeIDs before = {};
     NodeIDs node = {};
     /// The record has no keywords, and the user wants to give it some now.
@@ -116,9 +118,11 @@ class RecordEditor {
     virtual bool IsRecordChanged() const = 0;
     virtual bool ConfirmLosses() = 0;
     virtual bool CheckRecord() = 0;
-    /// Writes the record and loads it again. Its ID; 0 where that was not possible.
+    /// Writes the record, which counts as loaded then. Its ID; 0 where that was not possible.
     virtual std::int32_t StoreRecord() = 0;
     virtual NodeIDs LoadedPlace() const = 0;
+    /// Where it is to be. The ID of the record itself is missing while it is new.
+    virtual NodeIDs RecordPlace() const = 0;
 
     enum class Meeting : std::uint8_t { GoOn, GoBack, Reloaded };
 
@@ -128,7 +132,9 @@ class RecordEditor {
     void BecomeNew();
     Meeting MeetStored();
     Meeting MeetChanged(const FieldTexts& stored, const std::string& what);
+    void SaveInto(SaveOutcome& outcome);
     bool StoreAll(SaveOutcome& outcome);
+    bool StoreRecordFirst(SaveOutcome& outcome);
     bool AskForKeywords();
 
     Database& db_;
@@ -138,6 +144,8 @@ class RecordEditor {
     EditedDetails loadedDetails_;
     EditedDetails details_;
     std::int32_t draftID_ = 0;
+    /// What is stored of the record is this editor's work, but could not be read since.
+    bool isReadBackDue_ = false;
     bool wasAskedForKeywords_ = false;
 };
 

@@ -79,15 +79,20 @@ bool RecordEditorOf<RecordType>::CheckRecord() {
 template <typename RecordType>
 std::int32_t RecordEditorOf<RecordType>::StoreRecord() {
     const std::int32_t id = RecordKind<RecordType>::kSave(Catalogue(), record_);
-    const auto stored = RecordKind<RecordType>::kLoad(Catalogue(), id);
-    if (!stored) return 0;
-    loaded_ = record_ = *stored;
+    if (id == 0) return 0;
+    record_.*RecordKind<RecordType>::kID = id;
+    loaded_ = record_;
     return id;
 }
 
 template <typename RecordType>
 NodeIDs RecordEditorOf<RecordType>::LoadedPlace() const {
     return RecordKind<RecordType>::Place(Catalogue(), loaded_);
+}
+
+template <typename RecordType>
+NodeIDs RecordEditorOf<RecordType>::RecordPlace() const {
+    return RecordKind<RecordType>::Place(Catalogue(), record_);
 }
 
 /// An editor of what is stored under this ID; null where nothing is.

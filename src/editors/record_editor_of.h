@@ -30,6 +30,7 @@ class RecordEditorOf final : public RecordEditor {
     bool CheckRecord() override;
     std::int32_t StoreRecord() override;
     NodeIDs LoadedPlace() const override;
+    NodeIDs RecordPlace() const override;
 
     RecordType loaded_;
     RecordType record_;

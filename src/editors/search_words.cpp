@@ -14,8 +14,6 @@ namespace snippetarium {
 namespace {
 
 constexpr std::string_view kTooLong = "The word you specified is too long (over 50 characters).";
-constexpr std::string_view kSeveral =
-    "Please enter one word. Blanks and punctuation separate words.";
 constexpr std::string_view kDigit = "A search word does not begin with a digit.";
 constexpr std::string_view kGone = "The index does not have this word any more.";
 
@@ -31,7 +29,7 @@ bool CheckSearchWord(Database& db, const NoiseWords& noise, std::string_view ent
     if (CharacterCount(word) > kShortTextLimit) return RefuseEntry(db, kTooLong);
     const std::string separated = SeparateWords(word);
     if (TrimBlanks(separated) != word || SplitWords(word).size() != 1)
-        return RefuseEntry(db, kSeveral);
+        return RefuseSeveralWords(db);
     if (noise.IsNoiseWord(word))
         return RefuseEntry(db, Sql("'", word, "' is a noise word, which is never a search word."));
     return KeywordToSearchWords(word, noise) == word || RefuseEntry(db, kDigit);

@@ -59,11 +59,11 @@ void BulkLog::CheckpointWhenDue() {
     int copied = 0;
     const int result =
         sqlite3_wal_checkpoint_v2(database_, nullptr, SQLITE_CHECKPOINT_PASSIVE, &pages, &copied);
-    if (result != SQLITE_OK && (result & 0xFF) != SQLITE_BUSY) ThrowEngineError(database_, result);
-    // What is copied is overwritten from the log's start. Where a reader is in the way the log goes
+    // What is copied is overwritten from the log's start. Where that is not possible the log goes
     // on growing, and is not tried again with every statement.
-    copiedAtPages_ = copied == pages ? 0 : pages;
-    pages_ = copiedAtPages_;
+    const bool isCopied = result == SQLITE_OK && copied == pages;
+    if (isCopied) pages_ = 0;
+    copiedAtPages_ = pages_;
     lastCheckpoint_ = now;
 }
 

@@ -39,8 +39,10 @@ class BulkLog {
     /// Call it before whatever must not meet an open read: a checkpoint, a script that may change
     /// the schema, and a write that is to be tried again. False when no place was held.
     bool LetGo();
-    /// Call it after a write: copies the log into the file where that is due. Throws EngineError
-    /// where the file cannot be written; that a reader is in the way is no failure.
+    /// Call it after a write: copies the log into the file where that is due. The write stands, so
+    /// nothing is thrown: that a reader is in the way is no failure, and where the file cannot be
+    /// written the log goes on growing, and whoever empties it at the end is told
+    /// (Session::Checkpoint).
     void CheckpointWhenDue();
 
   private:

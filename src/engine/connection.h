@@ -57,6 +57,9 @@ class Connection {
     }
     std::int64_t ExecuteAction(std::string_view text) { return OpenSession().Act(text); }
     void RunScript(std::string_view script) { OpenSession().RunScript(script); }
+    void RunTransaction(std::span<const BoundStatement> statements) {
+        OpenSession().RunTransaction(statements);
+    }
     std::int32_t UserVersion() { return OpenSession().UserVersion(); }
     void SetWriteMode(WriteMode mode);
     WriteMode GetWriteMode() const { return writeMode_; }
@@ -79,8 +82,9 @@ class Connection {
 };
 
 /// Bulk writing on a connection. Finish makes safe what was written and goes back to the mode for
-/// single edits. An object that dies unfinished, because the job failed, does the same but tells of
-/// no failure: what could not be made safe then is so with the next single edit.
+/// single edits; where it throws, what was written stands (Session::Checkpoint). An object that
+/// dies unfinished, because the job failed, does the same but tells of no failure: what could not
+/// be made safe then is so with the next single edit.
 ///
 /// One that is made while another is at work, by a job within a job, leaves all that to the outer
 /// one, which must outlive it.

@@ -10,8 +10,9 @@
 
 namespace snippetarium {
 
-/// A value for a parameter of a statement. A text must live as long as the cursor.
-using BoundValue = std::variant<std::int64_t, std::string_view>;
+/// A value for a parameter of a statement, ?1, ?2 and so on; std::monostate is null. A text must
+/// live as long as the statement runs.
+using BoundValue = std::variant<std::int64_t, std::string_view, std::monostate>;
 
 /// Reads the rows of a statement one by one, where a Recordset with all of them would be too much:
 /// a reader that looks at many rows and keeps few. Unlike a recordset it is in the middle of a

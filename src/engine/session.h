@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "engine/cancel_poll.h"
 #include "engine/command.h"
@@ -16,6 +17,12 @@
 namespace snippetarium {
 
 class TextScan;
+
+/// A statement of the program's own, in the engine's own SQL, with its values.
+struct BoundStatement {
+    std::string_view sql;
+    std::vector<BoundValue> values = {};
+};
 
 enum class AccessMode : std::uint8_t { ReadWrite, Read };
 
@@ -62,6 +69,10 @@ class Session {
     /// Runs statements in the engine's own SQL, as they stand and as one transaction: all or
     /// nothing. For the program's own texts only: schema and migrations.
     virtual void RunScript(std::string_view script) = 0;
+    /// Runs statements that change rows, as one transaction: all or nothing. Other than a script
+    /// they cannot change the tables themselves, so what is prepared stays prepared: for what is
+    /// written while a user works.
+    virtual void RunTransaction(std::span<const BoundStatement> statements) = 0;
     /// Does a piece of a look-up in the text index: see TextScan.
     virtual bool Advance(TextScan& scan) = 0;
     /// Does some milliseconds of what the text index has to do, or as much as makes sense at once.
@@ -74,7 +85,9 @@ class Session {
     /// Going back to EachStatement also makes safe what was written so far. Where that fails, the
     /// mode is set all the same.
     virtual void SetWriteMode(WriteMode mode) = 0;
-    /// Makes everything written so far safe, and the file at hand the only one that matters.
+    /// Makes everything written so far safe, and the file at hand the only one that matters. Where
+    /// that fails nothing is lost: what was written is in the log beside the file, and the error
+    /// says so.
     virtual void Checkpoint() = 0;
     /// Null: searches cannot be cancelled. The poll must live as long as it is set.
     virtual void SetCancelPoll(const CancelPoll* poll) = 0;

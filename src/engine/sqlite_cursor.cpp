@@ -7,25 +7,35 @@
 
 namespace snippetarium {
 
+namespace {
+
+int BindValue(sqlite3_stmt* statement, int index, const BoundValue& value) {
+    if (const auto* number = std::get_if<std::int64_t>(&value))
+        return sqlite3_bind_int64(statement, index, *number);
+    const auto* text = std::get_if<std::string_view>(&value);
+    if (text == nullptr) return sqlite3_bind_null(statement, index);
+    // A text without an address would be taken for null.
+    const char* const bytes = text->data() == nullptr ? "" : text->data();
+    return sqlite3_bind_text64(statement, index, bytes, text->size(), SQLITE_STATIC, SQLITE_UTF8);
+}
+
+}  // namespace
+
+void BindValues(sqlite3* database, sqlite3_stmt* statement, std::span<const BoundValue> values) {
+    int index = 0;
+    for (const BoundValue& value : values) {
+        const int result = BindValue(statement, ++index, value);
+        if (result != SQLITE_OK) ThrowEngineError(database, result);
+    }
+}
+
 SqliteCursor::SqliteCursor(sqlite3* database, sqlite3_stmt* statement,
                            std::span<const BoundValue> values)
     : database_(database), statement_(statement), run_(statement) {
     if (sqlite3_stmt_readonly(statement) == 0) {
         throw EngineError(EngineErrorCode::NotAllowed, "A read must not change the catalogue.");
     }
-    int index = 0;
-    for (const BoundValue& value : values) {
-        ++index;
-        int result = SQLITE_OK;
-        if (const auto* number = std::get_if<std::int64_t>(&value)) {
-            result = sqlite3_bind_int64(statement, index, *number);
-        } else {
-            const auto& text = std::get<std::string_view>(value);
-            result = sqlite3_bind_text64(statement, index, text.data(), text.size(), SQLITE_STATIC,
-                                         SQLITE_UTF8);
-        }
-        if (result != SQLITE_OK) ThrowEngineError(database, result);
-    }
+    BindValues(database, statement, values);
 }
 
 bool SqliteCursor::Next() {

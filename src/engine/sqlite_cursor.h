@@ -10,6 +10,9 @@ struct sqlite3_stmt;
 
 namespace snippetarium {
 
+/// Gives a statement's parameters their values. Throws EngineError.
+void BindValues(sqlite3* database, sqlite3_stmt* statement, std::span<const BoundValue> values);
+
 /// A cursor on a prepared statement, which it resets when it is done.
 class SqliteCursor final : public RowCursor {
   public:

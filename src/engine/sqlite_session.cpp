@@ -13,6 +13,7 @@
 #include "engine/open_for_reading.h"
 #include "engine/sqlite_cursor.h"
 #include "engine/table_layout.h"
+#include "support/ascii_search.h"
 #include "support/paths.h"
 
 namespace snippetarium {
@@ -23,6 +24,8 @@ constexpr std::size_t kCachedStatements = 128;
 /// How many steps of the engine lie between two looks at the cancel poll: some tens of
 /// microseconds.
 constexpr int kStepsBetweenPolls = 2000;
+constexpr std::string_view kQueryTable = "tblNamedQuery";
+
 bool IsIdentifier(std::string_view text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), [](char character) {
         return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
@@ -53,6 +56,13 @@ void RequireVerb(const Translation& translation, bool isAction) {
                       isAction
                           ? "A statement that changes the catalogue was expected, not a SELECT."
                           : "A SELECT was expected, not a statement that changes the catalogue.");
+}
+
+std::string NotCopiedText(const std::string& path, const std::string& reason) {
+    return "What was saved last is stored, but only in the file '" + LogPath(path) +
+           "': it could not be copied into the catalogue itself. " + reason +
+           " Until then keep both files together. The copying is tried again with what is saved "
+           "next, and when the catalogue is closed or opened.";
 }
 
 int PollCancel(void* poll) {
@@ -176,6 +186,7 @@ std::int64_t SqliteSession::Act(std::string_view text) {
     const StatementRun run(statement);
     BindLiterals(database_.get(), statement, translation);
     const std::int64_t changed = RunAction(statement);
+    NoteAction(translation.sql);
     if (writeMode_ == WriteMode::Bulk && care_ && care_->NoteWritten(text.size())) {
         bulkLog_.LetGo();
         const StatementGuard::Scope ownStatements(guard_, StatementPurpose::Internal);
@@ -207,9 +218,40 @@ void SqliteSession::RunScript(std::string_view script) {
     if (lookup_) lookup_->Clear();
     if (care_) care_->Forget();
     bulkLog_.LetGo();
+    InTransaction([&] { RunStatements(database_.get(), std::string(script)); });
+}
+
+void SqliteSession::RunTransaction(std::span<const BoundStatement> statements) {
+    const StatementGuard::Scope scope(guard_, StatementPurpose::Internal);
+    bulkLog_.LetGo();
+    InTransaction([&] {
+        for (const BoundStatement& statement : statements)
+            RunBound(statement);
+    });
+    for (const BoundStatement& statement : statements)
+        NoteAction(statement.sql);
+    bulkLog_.CheckpointWhenDue();
+}
+
+void SqliteSession::RunBound(const BoundStatement& statement) {
+    const StatementGuard::Scope scope(guard_, StatementPurpose::Action);
+    sqlite3_stmt* const prepared = statements_.Get(database_.get(), statement.sql);
+    const StatementRun run(prepared);
+    BindValues(database_.get(), prepared, statement.values);
+    const int result = sqlite3_step(prepared);
+    if (result != SQLITE_DONE) ThrowEngineError(database_.get(), result);
+}
+
+/// A query that was changed is not to be run as it was.
+void SqliteSession::NoteAction(std::string_view sql) {
+    if (FindIgnoringAsciiCase(sql, kQueryTable) != std::string_view::npos) namedQueries_.Clear();
+}
+
+template <typename Body>
+void SqliteSession::InTransaction(Body&& body) {
     RunStatements(database_.get(), "BEGIN IMMEDIATE");
     try {
-        RunStatements(database_.get(), std::string(script));
+        std::forward<Body>(body)();
         RunStatements(database_.get(), "COMMIT");
     } catch (...) {
         // Some failures have rolled back already; then there is nothing left to do.
@@ -244,8 +286,11 @@ void SqliteSession::Checkpoint() {
                                                  SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
     // A reader in another program keeps the log from being emptied; what it holds is safe all the
     // same.
-    if (result != SQLITE_OK && (result & 0xFF) != SQLITE_BUSY) {
+    if (result == SQLITE_OK || (result & 0xFF) == SQLITE_BUSY) return;
+    try {
         ThrowEngineError(database_.get(), result);
+    } catch (const EngineError& error) {
+        throw EngineError(error.Code(), NotCopiedText(path_, error.Description()));
     }
 }
 

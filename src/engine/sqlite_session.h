@@ -39,6 +39,7 @@ class SqliteSession final : public Session {
                                           std::span<const BoundValue> values) override;
     std::int64_t Act(std::string_view text) override;
     void RunScript(std::string_view script) override;
+    void RunTransaction(std::span<const BoundStatement> statements) override;
     bool Advance(TextScan& scan) override;
     bool TendTextIndex(TendingPace pace) override;
     std::int32_t UserVersion() override;
@@ -64,6 +65,10 @@ class SqliteSession final : public Session {
     auto Searching(Find&& find);
     StatementHandle PrepareSearch(std::string_view text, std::string_view sql);
     std::int64_t RunAction(sqlite3_stmt* statement);
+    template <typename Body>
+    void InTransaction(Body&& body);
+    void RunBound(const BoundStatement& statement);
+    void NoteAction(std::string_view sql);
 
     std::string path_;
     SearchCancel cancel_;

@@ -1,11 +1,14 @@
 #include "engine/whole_database.h"
 
 #include <filesystem>
+#include <optional>
 #include <system_error>
+#include <utility>
 
 #include "engine/database_file.h"
 #include "engine/engine_error.h"
 #include "engine/sqlite_handle.h"
+#include "support/file_lock.h"
 
 namespace snippetarium {
 
@@ -26,11 +29,32 @@ void ReadBack(const std::string& path) {
                           "catalogue, then restore a backup or recover what can be read.");
 }
 
+FileLock ClaimMaking(const std::string& lockPath, const std::string& targetPath) {
+    try {
+        std::optional<FileLock> lock = FileLock::TryAcquire(lockPath);
+        if (lock) return std::move(*lock);
+    } catch (const Error& error) {
+        throw EngineError(
+            EngineErrorCode::CannotOpen,
+            "The file '" + targetPath + "' cannot be written: " + error.Description());
+    }
+    throw EngineError(EngineErrorCode::CannotOpen,
+                      "The file '" + targetPath + "' is just being made. Try again later.");
+}
+
 }  // namespace
 
 void MakeSureOf(const std::string& path) {
     ReadBack(path);
     SyncToDisk(path);
+}
+
+void RemoveIfAbandoned(const std::string& unfinishedPath) {
+    // The file itself is not opened to find out: closing it again would drop the locks that a copy
+    // in this program holds on it.
+    const std::optional<FileLock> making =
+        FileLock::TryAcquire(unfinishedPath + kUnfinishedLockSuffix);
+    if (making) RemoveDatabaseFiles(unfinishedPath);
 }
 
 void WriteWholeDatabase(const std::string& targetPath,
@@ -41,6 +65,7 @@ void WriteWholeDatabase(const std::string& targetPath,
                           "There is a file '" + targetPath + "' already; it was left as it is.");
     }
     const std::string unfinished = targetPath + kUnfinishedSuffix;
+    const FileLock making = ClaimMaking(unfinished + kUnfinishedLockSuffix, targetPath);
     RemoveDatabaseFiles(unfinished);  // what a program that was killed may have left
     try {
         write(unfinished);

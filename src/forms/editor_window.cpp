@@ -171,7 +171,11 @@ bool EditorWindow::Store() {
     const ErrorReporter::EventScope operations(db_.Reporter());
     const SaveOutcome outcome = editor_->Save();
     ShowAll();
-    if (outcome.result == SaveResult::NotSaved) return false;
+    if (outcome.result == SaveResult::NotSaved) {
+        // A later step failed: the record itself is there, and the tree shows it.
+        if (outcome.node != NodeIDs{}) emit Saved(outcome.before, outcome.node);
+        return false;
+    }
     pause_.stop();
     draft_.stop();
     DropDraft(db_, *editor_);

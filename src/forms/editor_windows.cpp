@@ -64,7 +64,7 @@ EditorWindow* WindowFor(Database& db, std::unique_ptr<RecordEditor> editor, std:
 
 EditorWindows::EditorWindows(const Parts& parts) : QObject(&parts.window), parts_(parts) {
     connect(&parts_.contents, &fContents::EditRequested, this, [this](const EditTarget& target) {
-        Handle(parts_.db.Reporter(), form_procedure::RunCommand, [&] { Open(target); });
+        Handle(parts_.db.Reporter(), Procedure::RunCommand, [&] { Open(target); });
     });
 }
 
@@ -143,7 +143,7 @@ void EditorWindows::OpenEditor(std::unique_ptr<RecordEditor> editor, std::int32_
 }
 
 void EditorWindows::OnSaved(const NodeIDs& before, const NodeIDs& node) {
-    Handle(parts_.db.Reporter(), form_procedure::RunCommand, [&] {
+    Handle(parts_.db.Reporter(), Procedure::RunCommand, [&] {
         if (before != NodeIDs{} && before != node) parts_.page.History().Forget(before);
         parts_.contents.Refresh();
         if (node != NodeIDs{} && !parts_.contents.SelectNode(node)) parts_.page.ShowPage(node);

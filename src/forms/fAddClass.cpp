@@ -2,7 +2,6 @@
 
 #include "editors/copy_names.h"
 #include "editors/field_rules.h"
-#include "forms/form_procedures.h"
 #include "forms/qt_text.h"
 #include "navigator/node.h"
 #include "store/class_copy.h"
@@ -18,7 +17,7 @@ fAddClass::fAddClass(Database& db, std::int32_t appID, QWidget* parent)
                                 .arg(ToQt(NameOfNode(db, {.appID = appID})).simplified()),
                   .source = tr("C&lass to copy:"),
                   .nothingSelected = "Please select a class/module.",
-                  .procedure = form_procedure::AddClassEvent},
+                  .procedure = Procedure::AddClassEvent},
                  parent),
       appID_(appID) {}
 

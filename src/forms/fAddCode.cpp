@@ -2,7 +2,6 @@
 
 #include "editors/copy_names.h"
 #include "editors/field_rules.h"
-#include "forms/form_procedures.h"
 #include "forms/qt_text.h"
 #include "navigator/node.h"
 #include "store/code_copy.h"
@@ -18,7 +17,7 @@ fAddCode::fAddCode(Database& db, std::int32_t classID, QWidget* parent)
                                 .arg(ToQt(NameOfNode(db, {.classID = classID})).simplified()),
                   .source = tr("&Procedure to copy:"),
                   .nothingSelected = "Please select a subroutine.",
-                  .procedure = form_procedure::AddCodeEvent},
+                  .procedure = Procedure::AddCodeEvent},
                  parent),
       classID_(classID) {}
 

@@ -25,7 +25,7 @@ fAddDate::fAddDate(Database& db, std::vector<std::string> dates, QWidget* parent
 fAddDate::~fAddDate() = default;
 
 void fAddDate::OnEvent(const std::function<void()>& body) {
-    Handle(db_.Reporter(), form_procedure::AddDateEvent, body);
+    Handle(db_.Reporter(), Procedure::AddDateEvent, body);
 }
 
 void fAddDate::Connect() {

@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFileDialog>
 
-#include "forms/form_procedures.h"
 #include "forms/qt_text.h"
 #include "support/paths.h"
 #include "ui_fApplication.h"
@@ -12,7 +11,7 @@ namespace snippetarium {
 
 fApplication::fApplication(Database& db, std::unique_ptr<ApplicationEditor> editor)
     : EditorWindow(db, std::move(editor),
-                   {.form = "fApplication", .procedure = form_procedure::ApplicationEvent}),
+                   {.form = "fApplication", .procedure = Procedure::ApplicationEvent}),
       ui_(std::make_unique<Ui::fApplication>()) {
     ui_->setupUi(this);
     Connect();

@@ -30,7 +30,7 @@ fAuthors::fAuthors(Database& db, std::vector<LinkedAuthor> authors, QWidget* par
 fAuthors::~fAuthors() = default;
 
 void fAuthors::OnEvent(const std::function<void()>& body) {
-    Handle(db_.Reporter(), form_procedure::AuthorsEvent, body);
+    Handle(db_.Reporter(), Procedure::AuthorsEvent, body);
 }
 
 void fAuthors::Connect() {

@@ -14,7 +14,7 @@ fBookmark::fBookmark(Database& db, QWidget* parent)
     : ChildPane(parent), db_(db), bookmarks_(db), ui_(std::make_unique<Ui::fBookmark>()) {
     ui_->setupUi(this);
     connect(ui_->lstBookmark, &QListWidget::itemActivated, this, [this] {
-        Handle(db_.Reporter(), form_procedure::BookmarkEvent, [this] { DisplaySelected(); });
+        Handle(db_.Reporter(), Procedure::BookmarkEvent, [this] { DisplaySelected(); });
     });
     connect(ui_->lstBookmark, &QListWidget::currentRowChanged, this, &fBookmark::SelectionChanged);
     connect(ui_->lstBookmark, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
@@ -31,7 +31,7 @@ void fBookmark::Load() {
 
 void fBookmark::showEvent(QShowEvent* event) {
     ChildPane::showEvent(event);
-    Handle(db_.Reporter(), form_procedure::BookmarkEvent, [this] {
+    Handle(db_.Reporter(), Procedure::BookmarkEvent, [this] {
         if (std::exchange(isStale_, false)) Read();
     });
 }

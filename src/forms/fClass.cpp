@@ -1,6 +1,5 @@
 #include "forms/fClass.h"
 
-#include "forms/form_procedures.h"
 #include "forms/language_choice.h"
 #include "forms/qt_text.h"
 #include "ui_fClass.h"
@@ -15,8 +14,7 @@ constexpr int kTextHeight = 400;
 }  // namespace
 
 fClass::fClass(Database& db, std::unique_ptr<ClassEditor> editor)
-    : EditorWindow(db, std::move(editor),
-                   {.form = "fClass", .procedure = form_procedure::ClassEvent}),
+    : EditorWindow(db, std::move(editor), {.form = "fClass", .procedure = Procedure::ClassEvent}),
       ui_(std::make_unique<Ui::fClass>()),
       language_(nullptr) {
     ui_->setupUi(this);

@@ -1,6 +1,5 @@
 #include "forms/fCode.h"
 
-#include "forms/form_procedures.h"
 #include "forms/language_choice.h"
 #include "forms/qt_text.h"
 #include "navigator/name_proposal.h"
@@ -18,8 +17,7 @@ constexpr int kTextHeight = 400;
 }  // namespace
 
 fCode::fCode(Database& db, std::unique_ptr<CodeEditor> editor, std::int32_t appID)
-    : EditorWindow(db, std::move(editor),
-                   {.form = "fCode", .procedure = form_procedure::CodeEvent}),
+    : EditorWindow(db, std::move(editor), {.form = "fCode", .procedure = Procedure::CodeEvent}),
       ui_(std::make_unique<Ui::fCode>()),
       language_(nullptr),
       appID_(appID) {

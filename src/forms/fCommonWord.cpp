@@ -27,7 +27,7 @@ fCommonWord::fCommonWord(Database& db, QWidget* parent)
 fCommonWord::~fCommonWord() = default;
 
 void fCommonWord::OnEvent(const std::function<void()>& body) {
-    Handle(db_.Reporter(), form_procedure::CommonWordEvent, body);
+    Handle(db_.Reporter(), Procedure::CommonWordEvent, body);
 }
 
 void fCommonWord::Connect() {
@@ -62,12 +62,12 @@ void fCommonWord::ShowState() {
 
 void fCommonWord::Add() {
     const std::string entry = FromQt(ui_->txtWord->text());
-    const NoiseEffect effect = EffectOfNoise(db_, entry);
     ui_->txtWord->setFocus();
-    if (!AddListedNoiseWord(db_, noise_, entry)) return ui_->txtWord->selectAll();
+    const std::optional<NoiseEffect> effect = AddListedNoiseWord(db_, noise_, entry);
+    if (!effect) return ui_->txtWord->selectAll();
     List();
     ui_->txtWord->clear();
-    const std::string strings = Counted(effect.keywords, "keyword string", "keyword strings");
+    const std::string strings = Counted(effect->keywords, "keyword string", "keyword strings");
     Report(tr("'%1' is a noise word now. %2 changed.").arg(ToQt(entry).trimmed(), ToQt(strings)));
 }
 

@@ -32,9 +32,8 @@ fConfigure::fConfigure(Database& db, Layout& layout, QWidget* parent)
     : QDialog(parent), db_(db), layout_(layout), ui_(std::make_unique<Ui::fConfigure>()) {
     ui_->setupUi(this);
     ShowSettings();
-    connect(ui_->cmdOK, &QPushButton::clicked, this, [this] {
-        Handle(db_.Reporter(), form_procedure::ConfigureEvent, [this] { Store(); });
-    });
+    connect(ui_->cmdOK, &QPushButton::clicked, this,
+            [this] { Handle(db_.Reporter(), Procedure::ConfigureEvent, [this] { Store(); }); });
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui_->cmdHelp, &QPushButton::clicked, this, &fConfigure::OpenHelpPage);
     new HelpKey(this, [this] { OpenHelpPage(); });
@@ -84,7 +83,7 @@ void fConfigure::Store() {
 }
 
 void fConfigure::OpenHelpPage() {
-    Handle(db_.Reporter(), form_procedure::ConfigureEvent,
+    Handle(db_.Reporter(), Procedure::ConfigureEvent,
            [this] { OpenHelp(db_, AnchorOf("fConfigure")); });
 }
 

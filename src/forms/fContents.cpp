@@ -153,7 +153,7 @@ bool fContents::SelectFirst() {
 void fContents::OnExpanded(const QModelIndex& index) {
     ContentsItem* const item = ContentsModel::ItemAt(index);
     if (item == nullptr || isSelfMoving_) return;
-    Handle(Reporter(), form_procedure::ContentsEvent, [&] {
+    Handle(Reporter(), Procedure::ContentsEvent, [&] {
         pane_.Expand(*item);
         const QScopedValueRollback moving(isSelfMoving_, true);
         ShowSelection();
@@ -166,14 +166,14 @@ void fContents::OnCurrentChanged(const QModelIndex& index) {
     if (item == nullptr || isSelfMoving_) return;
     // A tree that gets the focus makes its first node the current one without selecting it.
     if (!ui_->trVwClass->selectionModel()->isSelected(index)) return;
-    Handle(Reporter(), form_procedure::ContentsEvent, [&] {
+    Handle(Reporter(), Procedure::ContentsEvent, [&] {
         pane_.Click(item);
         emit NodeSelected(pane_.Selection());
     });
 }
 
 void fContents::OnDoubleClicked(const QModelIndex& index) {
-    Handle(Reporter(), form_procedure::ContentsEvent, [&] {
+    Handle(Reporter(), Procedure::ContentsEvent, [&] {
         const ContentsItem* const item = ContentsModel::ItemAt(index);
         if (item == nullptr || item->Kind() == NodeKind::Placeholder) return;
         if (const EditRequest request = pane_.DoubleClick(*item)) emit EditRequested(*request);
@@ -190,7 +190,7 @@ void fContents::OnContextMenu(const QPoint& position) {
 }
 
 void fContents::OnNameEntered(const NodeIDs& node, const QString& name) {
-    Handle(Reporter(), form_procedure::ContentsEvent, [&] {
+    Handle(Reporter(), Procedure::ContentsEvent, [&] {
         if (!pane_.Rename(node, FromQt(name))) return;
         const QScopedValueRollback moving(isSelfMoving_, true);
         ShowSelection();
@@ -200,7 +200,7 @@ void fContents::OnNameEntered(const NodeIDs& node, const QString& name) {
 }
 
 void fContents::ApplyFilter() {
-    Handle(Reporter(), form_procedure::ContentsEvent, [&] {
+    Handle(Reporter(), Procedure::ContentsEvent, [&] {
         filterTimer_.stop();
         const std::string text = FromQt(ui_->txtFilter->text());
         if (text == pane_.Filter()) return;

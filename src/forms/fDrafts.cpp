@@ -31,9 +31,8 @@ fDrafts::fDrafts(Database& db, std::vector<Draft> drafts, QWidget* parent)
     connect(ui_->lstDrafts, &QListWidget::itemSelectionChanged, this, &fDrafts::EnableButtons);
     connect(ui_->lstDrafts, &QListWidget::itemActivated, this, &QDialog::accept);
     connect(ui_->cmdOpen, &QPushButton::clicked, this, &QDialog::accept);
-    connect(ui_->cmdThrowAway, &QPushButton::clicked, this, [this] {
-        Handle(db_.Reporter(), form_procedure::DraftsEvent, [this] { ThrowAway(); });
-    });
+    connect(ui_->cmdThrowAway, &QPushButton::clicked, this,
+            [this] { Handle(db_.Reporter(), Procedure::DraftsEvent, [this] { ThrowAway(); }); });
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     ConnectHelp(db_, this, ui_->cmdHelp);
 }

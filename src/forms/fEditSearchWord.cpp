@@ -53,7 +53,7 @@ fEditSearchWord::fEditSearchWord(Database& db, const NoiseWords& noise, std::str
 fEditSearchWord::~fEditSearchWord() = default;
 
 void fEditSearchWord::OnEvent(const std::function<void()>& body) {
-    Handle(db_.Reporter(), form_procedure::EditSearchWordEvent, body);
+    Handle(db_.Reporter(), Procedure::EditSearchWordEvent, body);
 }
 
 void fEditSearchWord::Connect() {

@@ -51,7 +51,7 @@ fExport::fExport(Database& db, FileSystem& files, const ExportTarget& target, QW
 fExport::~fExport() = default;
 
 void fExport::OnEvent(const std::function<void()>& body) {
-    Handle(db_.Reporter(), form_procedure::ExportEvent, [&] {
+    Handle(db_.Reporter(), Procedure::ExportEvent, [&] {
         if (isWorking_) return;
         const QScopedValueRollback working(isWorking_, true);
         // An operation that fails has reported it; the form then goes on with what there is.

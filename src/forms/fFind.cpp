@@ -78,7 +78,7 @@ FindRequest fFind::Request() const {
 
 void fFind::SelectNext() {
     if (text_.isNull()) return;
-    Handle(db_.Reporter(), form_procedure::FindEvent, [this] {
+    Handle(db_.Reporter(), Procedure::FindEvent, [this] {
         const std::string page = TextOf(*text_);
         const Utf16Map places(page);
         const FindRequest request = Request();

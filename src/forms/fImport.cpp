@@ -79,7 +79,7 @@ fImport::fImport(Database& db, const FileSystem& files, ImportState& state, QWid
 fImport::~fImport() = default;
 
 void fImport::OnEvent(const std::function<void()>& body) {
-    Handle(db_.Reporter(), form_procedure::ImportEvent, [&] {
+    Handle(db_.Reporter(), Procedure::ImportEvent, [&] {
         if (isWorking_) return;
         const Working working(*this);
         // An operation that fails has reported it; the form then goes on with what there is.

@@ -24,7 +24,7 @@ fIndex::fIndex(Database& db, QWidget* parent)
     connect(ui_->txtIndex, &QLineEdit::textEdited, this,
             [this](const QString& typed) { SelectRow(index_.RowFor(FromQt(typed))); });
     const auto open = [this] {
-        Handle(db_.Reporter(), form_procedure::IndexEvent, [this] { OpenSelected(); });
+        Handle(db_.Reporter(), Procedure::IndexEvent, [this] { OpenSelected(); });
     };
     connect(ui_->txtIndex, &QLineEdit::returnPressed, this, open);
     connect(ui_->lstIndex, &QListView::activated, this, open);

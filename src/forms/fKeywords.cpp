@@ -48,7 +48,7 @@ fKeywords::fKeywords(Database& db, const Owner& owner, KeywordEntry entry, QWidg
 fKeywords::~fKeywords() = default;
 
 void fKeywords::OnEvent(const std::function<void()>& body) {
-    Handle(db_.Reporter(), form_procedure::KeywordsEvent, body);
+    Handle(db_.Reporter(), Procedure::KeywordsEvent, body);
 }
 
 void fKeywords::Connect() {

@@ -27,7 +27,7 @@ fLanguage::fLanguage(Database& db, QWidget* parent)
 fLanguage::~fLanguage() = default;
 
 void fLanguage::OnEvent(const std::function<void()>& body) {
-    Handle(db_.Reporter(), form_procedure::LanguageEvent, body);
+    Handle(db_.Reporter(), Procedure::LanguageEvent, body);
 }
 
 void fLanguage::Connect() {

@@ -36,9 +36,9 @@ fLogError::fLogError(Database& db, std::string_view label, std::string_view repo
     ui_->txtLog->setPlainText(LinesToQt(report));
     connect(ui_->cmdClose, &QPushButton::clicked, this, &QDialog::accept);
     connect(ui_->cmdSaveAS, &QPushButton::clicked, this,
-            [this] { Handle(db_.Reporter(), form_procedure::SaveReport, [this] { SaveAs(); }); });
+            [this] { Handle(db_.Reporter(), Procedure::SaveReport, [this] { SaveAs(); }); });
     new HelpKey(this, [this] {
-        Handle(db_.Reporter(), form_procedure::SaveReport,
+        Handle(db_.Reporter(), Procedure::SaveReport,
                [this] { OpenHelp(db_, AnchorOf("fLogError")); });
     });
 }

@@ -97,6 +97,7 @@ void fMain::ConnectParts() {
     connect(menus_, &MainMenus::AboutToShow, this, &fMain::ShowCommandState);
     connect(commands_, &MainCommands::ZoomMenuRequested, this,
             [this](const QPoint& position) { menus_->PopUp("mnuZoomHide")->popup(position); });
+    connect(commands_, &MainCommands::ListsChanged, this, &fMain::LoadLists);
     connect(commands_, &MainCommands::WrapChanged, this, &fMain::SetWrapCommands);
     connect(&tmAutoLoad_, &QTimer::timeout, this, &fMain::OnIdle);
     connect(contents_, &fContents::NodeSelected, this, &fMain::OnNodeSelected);
@@ -208,7 +209,7 @@ bool fMain::Start() {
     }
     StartIdleWork();
     QTimer::singleShot(0, commands_, [this] {
-        Handle(db_.Reporter(), form_procedure::DraftsEvent,
+        Handle(db_.Reporter(), Procedure::DraftsEvent,
                [this] { commands_->Editors().OfferDrafts(); });
     });
     return true;
@@ -236,6 +237,13 @@ void fMain::FinishIndexPane() {
     search_->LoadLanguages();
     bookmarks_->Load();
     areListsStale_ = false;
+}
+
+void fMain::LoadLists() {
+    areListsStale_ = false;
+    index_->Load();
+    bookmarks_->Load();
+    search_->LoadLanguages();
 }
 
 void fMain::Close() {
@@ -316,17 +324,15 @@ void fMain::StartIdleWork() {
 void fMain::OnIdle() {
     if (IsBusy() || QApplication::activeModalWidget() != nullptr) return;
     if (lastInput_.isValid() && !lastInput_.hasExpired(kPauseOfInput)) return;
-    Handle(db_.Reporter(), form_procedure::MainWindowEvent, [this] { DoIdleWork(); });
+    Handle(db_.Reporter(), Procedure::MainWindowEvent, [this] { DoIdleWork(); });
 }
 
 void fMain::DoIdleWork() {
     if (std::exchange(areCountsStale_, false)) {
         return status_->SetCounts(ToQt(CountsText(db_)));
     }
-    if (std::exchange(areListsStale_, false)) {
-        index_->Load();
-        bookmarks_->Load();
-        search_->LoadLanguages();
+    if (areListsStale_) {
+        LoadLists();
         return;
     }
     status_->SetWork(ToQt(idle_.CurrentName()));
@@ -348,11 +354,11 @@ void fMain::RunCommand(MenuCommand command) {
 }
 
 void fMain::GoToNode(const NodeIDs& node) {
-    Handle(db_.Reporter(), form_procedure::MainWindowEvent, [&] { contents_->SelectNode(node); });
+    Handle(db_.Reporter(), Procedure::MainWindowEvent, [&] { contents_->SelectNode(node); });
 }
 
 void fMain::GoToTopic(const QString& topicKey) {
-    Handle(db_.Reporter(), form_procedure::MainWindowEvent,
+    Handle(db_.Reporter(), Procedure::MainWindowEvent,
            [&] { contents_->SelectTopic(FromQt(topicKey)); });
 }
 

@@ -73,6 +73,7 @@ class fMain final : public QMainWindow, private ProgramWindow {
     QAction* AsButton(const char* name, const char* image);
     void HidePane(Pane pane);
     void StartIdleWork();
+    void LoadLists();
     void RunCommand(MenuCommand command);
     void OnIdle();
     void DoIdleWork();

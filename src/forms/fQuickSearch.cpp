@@ -113,7 +113,7 @@ bool fQuickSearch::OnKey(int key) {
 }
 
 void fQuickSearch::StartSearch() {
-    Handle(db_.Reporter(), form_procedure::QuickSearchEvent, [this] {
+    Handle(db_.Reporter(), Procedure::QuickSearchEvent, [this] {
         search_ = std::make_unique<QuickSearch>(db_, FromQt(ui_->txtQuick->text()));
         isListStale_ = true;
         isChoosing_ = false;
@@ -124,7 +124,7 @@ void fQuickSearch::StartSearch() {
 void fQuickSearch::Step() {
     if (!search_) return;
     if (QApplication::activeModalWidget() != nullptr) return stepTimer_.start(kWaitForDialog);
-    Handle(db_.Reporter(), form_procedure::QuickSearchEvent, [this] {
+    Handle(db_.Reporter(), Procedure::QuickSearchEvent, [this] {
         const bool hasMore = search_->Step();
         ShowHits(hasMore);
         // The next step comes when the window has nothing else to do.
@@ -180,7 +180,7 @@ void fQuickSearch::Choose() {
     const QModelIndex chosen = ui_->lstHits->currentIndex();
     isChoosing_ = isListStale_;
     if (isListStale_ || !chosen.isValid()) return;
-    Handle(db_.Reporter(), form_procedure::QuickSearchEvent, [&] {
+    Handle(db_.Reporter(), Procedure::QuickSearchEvent, [&] {
         const NodeIDs node = model_->HitAt(chosen.row()).ids;
         QStringList words;
         for (const std::string& word :

@@ -38,7 +38,7 @@ fSaveTo::~fSaveTo() = default;
 
 void fSaveTo::Connect() {
     const auto onEvent = [this](const auto& body) {
-        Handle(db_.Reporter(), form_procedure::SaveToEvent, body);
+        Handle(db_.Reporter(), Procedure::SaveToEvent, body);
     };
     connect(ui_->dlstDrive, &QComboBox::activated, this, [this, onEvent](int row) {
         onEvent([&] { OpenFolder(FromQt(ui_->dlstDrive->itemData(row).toString())); });

@@ -53,7 +53,7 @@ fSearch::fSearch(Database& db, QWidget* parent)
 fSearch::~fSearch() = default;
 
 void fSearch::OnEvent(const std::function<void()>& body) {
-    Handle(db_.Reporter(), form_procedure::SearchEvent, body);
+    Handle(db_.Reporter(), Procedure::SearchEvent, body);
 }
 
 void fSearch::ConnectFields() {

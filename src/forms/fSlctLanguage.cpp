@@ -34,7 +34,7 @@ fSlctLanguage::fSlctLanguage(Database& db, std::int32_t languageID, QWidget* par
 fSlctLanguage::~fSlctLanguage() = default;
 
 void fSlctLanguage::OnEvent(const std::function<void()>& body) {
-    Handle(db_.Reporter(), form_procedure::SelectLanguageEvent, body);
+    Handle(db_.Reporter(), Procedure::SelectLanguageEvent, body);
 }
 
 void fSlctLanguage::Connect() {

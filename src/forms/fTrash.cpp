@@ -46,11 +46,11 @@ fTrash::fTrash(Database& db, NodeDeletion& deletion, QWidget* parent)
     List();
     connect(ui_->lstVwTrash, &QTreeWidget::itemSelectionChanged, this, &fTrash::EnableButtons);
     connect(ui_->lstVwTrash, &QTreeWidget::itemActivated, this,
-            [this] { Handle(db_.Reporter(), form_procedure::TrashEvent, [this] { Restore(); }); });
+            [this] { Handle(db_.Reporter(), Procedure::TrashEvent, [this] { Restore(); }); });
     connect(ui_->cmdRestore, &QPushButton::clicked, this,
-            [this] { Handle(db_.Reporter(), form_procedure::TrashEvent, [this] { Restore(); }); });
+            [this] { Handle(db_.Reporter(), Procedure::TrashEvent, [this] { Restore(); }); });
     connect(ui_->cmdEmpty, &QPushButton::clicked, this,
-            [this] { Handle(db_.Reporter(), form_procedure::TrashEvent, [this] { Empty(); }); });
+            [this] { Handle(db_.Reporter(), Procedure::TrashEvent, [this] { Empty(); }); });
     connect(ui_->cmdClose, &QPushButton::clicked, this, &QDialog::accept);
     connect(ui_->cmdHelp, &QPushButton::clicked, this, &fTrash::OpenHelpPage);
     new HelpKey(this, [this] { OpenHelpPage(); });
@@ -107,8 +107,7 @@ void fTrash::Empty() {
 }
 
 void fTrash::OpenHelpPage() {
-    Handle(db_.Reporter(), form_procedure::TrashEvent,
-           [this] { OpenHelp(db_, AnchorOf("fTrash")); });
+    Handle(db_.Reporter(), Procedure::TrashEvent, [this] { OpenHelp(db_, AnchorOf("fTrash")); });
 }
 
 }  // namespace snippetarium

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "forms/form_procedures.h"
 #include "support/guard.h"
 
 namespace snippetarium {

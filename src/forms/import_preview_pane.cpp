@@ -79,8 +79,7 @@ ImportPreviewPane::ImportPreviewPane(QWidget* parent)
     timer_.setSingleShot(true);
     timer_.setInterval(kPause);
     connect(&timer_, &QTimer::timeout, this, [this] {
-        if (host_)
-            Handle(host_->reporter, form_procedure::ImportPreviewEvent, [this] { CutWanted(); });
+        if (host_) Handle(host_->reporter, Procedure::ImportPreviewEvent, [this] { CutWanted(); });
     });
     connect(ui_->trVwPreview, &QTreeWidget::currentItemChanged, this,
             &ImportPreviewPane::ShowMarkedText);

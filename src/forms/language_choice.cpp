@@ -17,7 +17,7 @@ LanguageChoice::LanguageChoice(Database& db, QComboBox* box, QPushButton* button
     connect(box, &QComboBox::currentIndexChanged, this, [this] { emit Changed(ID()); });
     connect(box, &QComboBox::activated, this, [this] { isUsersChoice_ = true; });
     connect(button, &QPushButton::clicked, this, [this] {
-        Handle(db_.Reporter(), form_procedure::LanguageChoiceEvent, [this] { OpenList(); });
+        Handle(db_.Reporter(), Procedure::LanguageChoiceEvent, [this] { OpenList(); });
     });
 }
 
@@ -29,8 +29,7 @@ void LanguageChoice::Show(std::int32_t languageID) {
 
 void LanguageChoice::Guess(std::string_view text) {
     if (isUsersChoice_) return;
-    Handle(db_.Reporter(), form_procedure::LanguageChoiceEvent,
-           [&] { Select(GuessedLanguage(text)); });
+    Handle(db_.Reporter(), Procedure::LanguageChoiceEvent, [&] { Select(GuessedLanguage(text)); });
 }
 
 void LanguageChoice::Select(std::int32_t languageID) {

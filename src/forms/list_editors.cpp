@@ -4,7 +4,6 @@
 
 #include "forms/fAddClass.h"
 #include "forms/fAddCode.h"
-#include "forms/fBookmark.h"
 #include "forms/fCommonWord.h"
 #include "forms/fContents.h"
 #include "forms/fEditSearchWord.h"
@@ -79,8 +78,7 @@ void ListEditors::AddCode(const CopyTarget& target) {
 
 void ListEditors::ShowChanges() {
     panes_.contents.Refresh();
-    panes_.index.Load();
-    panes_.bookmarks.Load();
+    emit ListsChanged();
 }
 
 }  // namespace snippetarium

@@ -10,7 +10,6 @@ class QWidget;
 namespace snippetarium {
 
 class Database;
-class fBookmark;
 class fContents;
 class fIndex;
 
@@ -24,7 +23,6 @@ class ListEditors final : public QObject {
     struct Panes {
         fContents& contents;
         fIndex& index;
-        fBookmark& bookmarks;
     };
 
     /// All outlive this.
@@ -32,6 +30,10 @@ class ListEditors final : public QObject {
 
     /// The commands of these editors; others are left alone.
     void Perform(MenuCommand command);
+
+  signals:
+    /// The lists beside the tree are to be loaded now: what is selected next may be new.
+    void ListsChanged();
 
   private:
     void EditLanguages();

@@ -32,11 +32,11 @@ MainCommands::MainCommands(const MainParts& parts)
       parts_(parts),
       transfers_(new MainTransfers(parts.db, parts.window, parts.contents)),
       reading_(new ReadingWindows(parts.db, parts.window, parts.contents, parts.page)),
-      listEditors_(
-          new ListEditors(parts.db, parts.window, {parts.contents, parts.index, parts.bookmarks})),
+      listEditors_(new ListEditors(parts.db, parts.window, {parts.contents, parts.index})),
       editors_(
           new EditorWindows({parts.db, parts.noise, parts.window, parts.contents, parts.page})) {
     connect(reading_, &ReadingWindows::ZoomMenuRequested, this, &MainCommands::ZoomMenuRequested);
+    connect(listEditors_, &ListEditors::ListsChanged, this, &MainCommands::ListsChanged);
 }
 
 bool MainCommands::CanRun(MenuCommand command, bool isBusy) const {
@@ -59,7 +59,7 @@ bool MainCommands::CanRun(MenuCommand command, bool isBusy) const {
 }
 
 void MainCommands::Run(MenuCommand command) {
-    Handle(parts_.db.Reporter(), form_procedure::RunCommand, [&] { Perform(command); });
+    Handle(parts_.db.Reporter(), Procedure::RunCommand, [&] { Perform(command); });
 }
 
 void MainCommands::Perform(MenuCommand command) {
@@ -207,7 +207,7 @@ ChildPane& MainCommands::FormOf(Pane pane) const {
 }
 
 void MainCommands::TogglePane(Pane pane) {
-    Handle(parts_.db.Reporter(), form_procedure::RunCommand, [&] {
+    Handle(parts_.db.Reporter(), Procedure::RunCommand, [&] {
         if (parts_.layout.IsOpen(pane)) {
             parts_.layout.HidePane(pane);
         } else {
@@ -236,7 +236,7 @@ void MainCommands::NextPane() {
 void MainCommands::ShowTrash() {
     fTrash trash(parts_.db, parts_.contents.Deletion(), &parts_.window);
     connect(&trash, &fTrash::BroughtBack, this, [this](const NodeIDs& node) {
-        Handle(parts_.db.Reporter(), form_procedure::TrashEvent, [&] {
+        Handle(parts_.db.Reporter(), Procedure::TrashEvent, [&] {
             parts_.contents.Refresh();
             parts_.contents.SelectNode(node);
         });

@@ -57,6 +57,8 @@ class MainCommands final : public QObject {
 
   signals:
     void WrapChanged(bool wrap);
+    /// The lists beside the tree are to be loaded now.
+    void ListsChanged();
     /// A right click into the zoom window.
     void ZoomMenuRequested(const QPoint& globalPosition);
 

@@ -15,7 +15,7 @@ MainTransfers::MainTransfers(Database& db, QWidget& window, fContents& contents)
 void MainTransfers::Import() {
     fImport dialog(db_, files_, importState_, &window_);
     connect(&dialog, &fImport::Imported, this, [this](std::int32_t appID) {
-        Handle(db_.Reporter(), form_procedure::ImportEvent, [&] {
+        Handle(db_.Reporter(), Procedure::ImportEvent, [&] {
             contents_.Refresh();
             contents_.SelectNode({.appID = appID});
         });

@@ -61,7 +61,7 @@ fQuickSearch& ReadingWindows::QuickLine() {
 }
 
 void ReadingWindows::GoTo(const NodeIDs& node, const QStringList& words) {
-    Handle(db_.Reporter(), form_procedure::QuickSearchEvent, [&] {
+    Handle(db_.Reporter(), Procedure::QuickSearchEvent, [&] {
         if (!contents_.SelectNode(node)) page_.ShowPage(node);
         page_.MarkWords(words);
         page_.FocusFirst();

@@ -126,11 +126,13 @@ ImportOutcome ImportJob::RunToEnd(const ImportRequest& request) {
     for (const std::string& problem : request.problems)
         AppendReportLine(state_.importErrorLog, problem);
     ImportEntries(running);
-    const bool isSafe = GuardedStage(db_.Reporter(), Procedure::FinishImport, [&] {
-        running.writing.Finish();
-        return true;
-    });
-    if (!isSafe) running.catalogueFailed = true;
+    // What has failed already has been told. The mode for single edits comes back all the same.
+    if (!running.catalogueFailed) {
+        running.catalogueFailed = !GuardedStage(db_.Reporter(), Procedure::FinishImport, [&] {
+            running.writing.Finish();
+            return true;
+        });
+    }
     return {.ending = Ending(running),
             .time = TimeText(clock.Steady() - start),
             .texts = {.errors = state_.importErrorLog,

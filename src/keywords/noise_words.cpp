@@ -24,7 +24,7 @@ void RemoveFromKeywords(Database& db, const NoiseWords& words) {
         if (without != keyword)
             UpdateKeyword(db, row["keywordID"].Long(), without, row["separatorID"].Long());
     }
-    writing.Finish();
+    FinishWriting(db, writing);
 }
 
 }  // namespace

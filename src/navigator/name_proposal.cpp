@@ -5,8 +5,6 @@
 #include <chrono>
 #include <initializer_list>
 
-#include "editors/class_record.h"
-#include "editors/code_record.h"
 #include "import/c_family.h"
 #include "import/c_tokens.h"
 #include "import/page_regions.h"
@@ -15,12 +13,7 @@
 #include "import/visual_basic.h"
 #include "navigator/delivered_languages.h"
 #include "navigator/silent_host.h"
-#include "store/class_markers.h"
-#include "store/database.h"
-#include "store/owner.h"
-#include "store/reads_procedures.h"
 #include "store/sql_text.h"
-#include "support/guard.h"
 #include "support/line_ends.h"
 #include "support/utf8.h"
 
@@ -30,9 +23,6 @@ namespace {
 
 using namespace delivered_language;
 
-constexpr std::string_view kLineBreak = "\r\n";
-/// Its number is one of the procedure editor's.
-constexpr Procedure kProposeName{207};
 /// A proposal comes while somebody types.
 constexpr std::chrono::milliseconds kMostTime{300};
 
@@ -174,65 +164,11 @@ std::string ShortEnough(const std::string& name) {
     return std::string(CutToCharacters(name, kNameLimit));
 }
 
-std::string_view WithoutBlanks(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
-/// The class's text with the code in the place of the procedure's marker, and without the other
-/// markers. Empty where there is none.
-std::string TextAround(const ClassRecord& aClass, const MarkedProcedures& procedures,
-                       std::string_view storedName, std::string_view code) {
-    const std::string& text = aClass.declarations;
-    std::string whole;
-    std::size_t copied = 0;
-    bool isFound = false;
-    for (const MarkerPlace& place : FindMarkers(text, procedures)) {
-        const std::size_t start = place.position - 1;
-        whole.append(text, copied, start - copied);
-        copied = start + place.length;
-        if (procedures.codeNames[place.procedure] != storedName) continue;
-        isFound = true;
-        whole.append(code).append(FormOf(procedures.family).lineBreak);
-    }
-    if (!isFound) return {};
-    return whole.append(text, copied).append(kLineBreak);
-}
-
-/// The name that the code has among the procedures of its class; empty where it is none of them.
-std::string NameInClass(Database& db, NameFinder& finder, const CodeRecord& record,
-                        const ClassRecord& aClass, const std::string& code) {
-    if (record.codeID == 0 || aClass.classID == kUndefinedClassID) return {};
-    const std::string text = TextAround(aClass, MarkedProceduresOf(db, aClass.classID),
-                                        CodeNameByID(db, record.codeID), code);
-    if (text.empty()) return {};
-    for (const CutProcedure& procedure : finder.Cut(text, aClass.languageID).procedures) {
-        if (WithoutBlanks(procedure.code) == WithoutBlanks(code)) return procedure.name;
-    }
-    return {};
-}
-
 }  // namespace
 
 std::string ProposedName(const NameQuestion& question) {
     return ShortEnough(NameFinder().NameIn(NormalisedText(question.code), question.languageID,
                                            question.className));
-}
-
-std::string ProposedName(Database& db, const CodeRecord& record) {
-    return Guarded(db.Reporter(), kProposeName, [&] {
-        NameFinder finder;
-        const std::string code = NormalisedText(record.code);
-        const ClassRecord aClass =
-            LoadClassRecord(db, ClassOrUndefined(record.classID)).value_or(ClassRecord{});
-        std::string name = NameInClass(db, finder, record, aClass, code);
-        for (const std::int32_t languageID : {record.languageID, aClass.languageID}) {
-            if (name.empty()) name = finder.NameIn(code, languageID, aClass.name);
-        }
-        return ShortEnough(name);
-    });
 }
 
 }  // namespace snippetarium

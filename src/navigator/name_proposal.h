@@ -6,9 +6,6 @@
 
 namespace snippetarium {
 
-class Database;
-struct CodeRecord;
-
 struct NameQuestion {
     /// The procedure's text, with any line ends; it may be unfinished.
     std::string_view code = {};
@@ -25,10 +22,5 @@ struct NameQuestion {
 ///     Private Sub Draw(x)          Visual Basic              gives    Draw(x)
 ///     void draw(int x) {}          Java, class Grid          gives    Grid.draw(int x)
 std::string ProposedName(const NameQuestion& question);
-
-/// The same for a procedure with its class around it. Where the class's text has a marker of the
-/// procedure, it is read as an import would find it in the file: what stands around the marker can
-/// be in the name ("sky.add(name)" in an object called sky). Empty on a failure, which is reported.
-std::string ProposedName(Database& db, const CodeRecord& record);
 
 }  // namespace snippetarium

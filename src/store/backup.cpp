@@ -61,13 +61,16 @@ bool IsTimeTaken(const std::vector<Backup>& backups, const std::string& time) {
                        [&](const Backup& backup) { return backup.name.time == time; });
 }
 
-/// What a copy was when the program that made it was killed. One that is open is just being made.
+/// What a copy was when the program that made it was killed.
 void RemoveUnfinished(const std::string& folder) {
     const std::string suffix = std::string(kSuffix) + kUnfinishedSuffix;
+    const std::string lockSuffix = suffix + kUnfinishedLockSuffix;
     for (const std::string& file : DiskFileSystem().ListFolder(folder).files) {
-        if (!file.starts_with(kPrefix) || !file.ends_with(suffix)) continue;
-        const std::string path = ToPlatformPath(JoinPath(folder, file));
-        if (!IsFileOpen(path)) RemoveDatabaseFiles(path);
+        if (!file.starts_with(kPrefix)) continue;
+        std::string path = ToPlatformPath(JoinPath(folder, file));
+        if (file.ends_with(lockSuffix))
+            path.resize(path.size() - std::string_view(kUnfinishedLockSuffix).size());
+        if (path.ends_with(suffix)) RemoveIfAbandoned(path);
     }
 }
 

@@ -11,6 +11,7 @@
 #include "engine/integrity.h"
 #include "engine/online_copy.h"
 #include "store/backup.h"
+#include "store/catalogue_file.h"
 #include "store/database.h"
 #include "support/file_errors.h"
 #include "support/local_time.h"
@@ -29,18 +30,9 @@ constexpr std::string_view kNewFileName = "QRT_SN new.mde";
 }
 
 FileLock ClaimWriting(const std::string& programFolder, const std::string& catalogue) {
-    std::optional<FileLock> lock =
-        FileLock::TryAcquire(ToPlatformPath(JoinPath(programFolder, kWriterLockFileName)));
+    std::optional<FileLock> lock = FileLock::TryAcquire(WriterLockPath(programFolder));
     if (!lock || IsFileOpen(catalogue)) ThrowOpenElsewhere(catalogue);
     return std::move(*lock);
-}
-
-/// The catalogue's file itself where its name is a link, so that the link stays.
-std::string CataloguePath(const std::string& programFolder) {
-    const std::string path = ToPlatformPath(JoinPath(programFolder, kCatalogueFileName));
-    std::error_code error;
-    const std::filesystem::path target = std::filesystem::canonical(path, error);
-    return error ? path : target.string();
 }
 
 void MoveIfThere(const std::string& from, const std::string& to) {
@@ -64,7 +56,7 @@ void NameAside(const std::string& path, const std::string& aside) {
 CatalogueExchange::CatalogueExchange(const Host& host, const std::string& programFolder)
     : host_(host),
       programFolder_(programFolder),
-      oldPath_(CataloguePath(programFolder)),
+      oldPath_(CatalogueFile(programFolder)),
       newPath_(
           (std::filesystem::path(oldPath_).parent_path() / std::string(kNewFileName)).string()),
       writing_(ClaimWriting(programFolder, oldPath_)) {
@@ -136,6 +128,7 @@ void CatalogueExchange::PutNewInPlace() {
                           "A program is writing into the catalogue '" + oldPath_ +
                               "'. Close that program and try again.");
     }
+    std::filesystem::remove(oldPath_ + "-shm", error);  // a killed program's; it is of no log now
     RenameFile(newPath_, oldPath_);
     claim_.reset();
 }

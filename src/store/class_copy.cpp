@@ -21,7 +21,8 @@ namespace {
 /// where they were null.
 class ClassCopier {
   public:
-    ClassCopier(Database& db, std::int32_t classID) : db_(db), copier_(db), classID_(classID) {}
+    ClassCopier(Database& db, std::int32_t classID)
+        : db_(db), copier_(db, Procedure::CopyClass), classID_(classID) {}
 
     std::int32_t CopyInto(std::int32_t appID, std::string_view name) {
         try {
@@ -103,7 +104,7 @@ std::int32_t CopyClass(Database& db, std::int32_t classID, std::int32_t appID,
         if (!MayAddClass(db, name, target)) return std::int32_t{0};
         BulkWriting writing(db.GetConnection());
         const std::int32_t copyID = ClassCopier(db, classID).CopyInto(target, name);
-        writing.Finish();
+        FinishWriting(db, writing);
         return copyID;
     });
 }

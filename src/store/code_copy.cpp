@@ -30,7 +30,7 @@ std::int32_t CopyRow(Database& db, std::int32_t codeID, std::int32_t classID,
 }
 
 void CopyBelongings(Database& db, std::int32_t codeID, std::int32_t copyID) {
-    OwnerCopier copier(db);
+    OwnerCopier copier(db, Procedure::CopyCode);
     try {
         copier.CopyLinks({OwnerKind::Procedure, codeID}, copyID);
         copier.CopyKeyword(KeywordIDByCodeID(db, codeID), {OwnerKind::Procedure, copyID});
@@ -46,7 +46,7 @@ void CopyBelongings(Database& db, std::int32_t codeID, std::int32_t copyID) {
 
 std::int32_t CopyCode(Database& db, std::int32_t codeID, std::int32_t classID,
                       std::string_view name) {
-    return Guarded(db.Reporter(), Procedure::AddCode, [&] {
+    return Guarded(db.Reporter(), Procedure::CopyCode, [&] {
         const std::int32_t target = ClassOrUndefined(classID);
         if (!MayAddCode(db, name, target)) return std::int32_t{0};
         const std::int32_t copyID = CopyRow(db, codeID, target, name);

@@ -1,11 +1,14 @@
 #include "store/compact.h"
 
+#include <filesystem>
 #include <string>
+#include <system_error>
 
 #include "engine/compaction.h"
 #include "engine/database_file.h"
 #include "engine/engine_error.h"
 #include "store/backup.h"
+#include "store/catalogue_file.h"
 #include "store/database.h"
 #include "store/text_index.h"
 #include "support/busy_pointer.h"
@@ -47,10 +50,17 @@ std::string ConnectionStringFor(const std::string& path) {
     return "Provider=" + std::string(kCatalogueProvider) + ";Data Source=" + path;
 }
 
+/// Where the catalogue is a link to another disk, the copy could not take its name from here.
+std::string TargetFolder(const Database& db) {
+    std::error_code error;
+    if (!std::filesystem::is_symlink(db.FilePath(), error)) return db.ProgramFolder();
+    return std::filesystem::path(CatalogueFile(db.ProgramFolder())).parent_path().string();
+}
+
 void Compact(Database& db) {
     const BusyPointer pointer(db.GetHost().events);
     const std::string sourcePath = db.ProgramFolder() + "/" + std::string(kCatalogueFileName);
-    const std::string targetPath = db.ProgramFolder() + "/" + std::string(kCompactionFileName);
+    const std::string targetPath = TargetFolder(db) + "/" + std::string(kCompactionFileName);
     // A copy that an earlier attempt left when the program was killed is worth nothing.
     RemoveDatabaseFiles(targetPath);
 

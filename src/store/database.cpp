@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "engine/engine_error.h"
+#include "store/catalogue_file.h"
 #include "store/emptied_classes.h"
 #include "store/migration.h"
 #include "store/packed_names.h"
@@ -55,7 +56,7 @@ void Database::EndProgram() const {
 void Database::AcquireWriting() {
     mode_ = wantedMode_;
     if (mode_ == AccessMode::Read || writing_) return;
-    writing_ = FileLock::TryAcquire(ToPlatformPath(JoinPath(programFolder_, kWriterLockFileName)));
+    writing_ = FileLock::TryAcquire(WriterLockPath(programFolder_));
     if (!writing_) mode_ = AccessMode::Read;
 }
 
@@ -151,6 +152,10 @@ std::int64_t ExecuteSQL(Database& db, std::string_view sql) {
         db.SetCurrentStatement(sql);
         return db.GetConnection().ExecuteAction(db.CurrentStatement());
     });
+}
+
+void FinishWriting(Database& db, BulkWriting& writing) {
+    GuardedStage(db.Reporter(), Procedure::FinishWriting, [&] { writing.Finish(); });
 }
 
 }  // namespace snippetarium

@@ -20,7 +20,7 @@ namespace snippetarium {
 /// The catalogue's file and, beside it, the one that a compaction writes.
 inline constexpr std::string_view kCatalogueFileName = "QRT_SN.mde";
 inline constexpr std::string_view kCompactionFileName = "Q1R1T_SN1.mde";
-/// Held, beside the catalogue, by the program that may write.
+/// Held, beside the catalogue, by the program that may write (store/catalogue_file.h).
 inline constexpr std::string_view kWriterLockFileName = "QRT_SN.lock";
 
 /// The catalogue as the program has it open for one run: the connection, the command that all named
@@ -111,5 +111,8 @@ std::int32_t MaxIDValue(Database& db, std::string_view column, std::string_view 
 void ClearParameters(Database& db);
 /// Executes an INSERT, UPDATE, DELETE or ALTER TABLE; returns the number of rows it changed.
 std::int64_t ExecuteSQL(Database& db, std::string_view sql);
+/// Ends the bulk writing of an operation that has done its work. What it wrote stands, also where
+/// it could not be made safe: that is reported, and the operation goes on.
+void FinishWriting(Database& db, BulkWriting& writing);
 
 }  // namespace snippetarium

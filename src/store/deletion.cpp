@@ -196,7 +196,7 @@ void Delete(Database& db, const Owner& owner, const DeletionPlan& plan) {
     DeletionProgress progress(db.GetHost());
     KeepInTrash(db, owner);
     Run(db, plan, [&](double share) { progress.Show(share); });
-    writing.Finish();
+    FinishWriting(db, writing);
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ void OwnerCopier::CopyKeyword(std::int32_t keywordID, const Owner& copy) {
 
 void OwnerCopier::RemoveLooseKeyword() {
     if (looseKeywordID_ == 0) return;
-    GuardedStage(db_.Reporter(), Procedure::CopyClass, [&] {
+    GuardedStage(db_.Reporter(), procedure_, [&] {
         ExecuteSQL(db_, Sql("DELETE FROM tblKeyword WHERE keywordID = ", looseKeywordID_));
     });
 }

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "store/owner.h"
+#include "support/procedure_numbers.h"
 
 namespace snippetarium {
 
@@ -12,7 +13,9 @@ class Database;
 /// the engine, so that they are the same to the byte. Each operation throws.
 class OwnerCopier {
   public:
-    explicit OwnerCopier(Database& db) : db_(db) {}
+    /// `procedure` is the operation that copies: what fails when it cleans up is reported with its
+    /// number.
+    OwnerCopier(Database& db, Procedure procedure) : db_(db), procedure_(procedure) {}
 
     /// Authors, dates and what was cut off long texts; of a procedure its language too.
     void CopyLinks(const Owner& original, std::int32_t copyID) const;
@@ -25,6 +28,7 @@ class OwnerCopier {
 
   private:
     Database& db_;
+    Procedure procedure_;
     std::int32_t looseKeywordID_ = 0;
 };
 

@@ -88,7 +88,7 @@ bool Complete(Database& db) {
         if (progress.IsCancelled()) return false;
         progress.Show(std::min(1.0, static_cast<double>(readIndexed() - before) / all));
     }
-    writing.Finish();
+    FinishWriting(db, writing);
     return true;
 }
 

@@ -38,8 +38,14 @@ std::optional<FileLock> FileLock::TryAcquire(const std::string& path) {
         }
         FileLock lock(path, file);
         if (flock(file, LOCK_EX | LOCK_NB) != 0) {
+            const int reason = errno;
             close(std::exchange(lock.file_, -1));
-            return std::nullopt;
+            if (reason == EINTR) continue;
+            if (reason == EWOULDBLOCK) return std::nullopt;
+            throw Error(error_number::kPermissionDenied,
+                        "The lock file '" + path + "' cannot be locked: " + std::strerror(reason) +
+                            ". Without that, two programs could write at the same time. Move the "
+                            "folder to a disk on which files can be locked, or try again later.");
         }
         if (IsStillAtPath(file, path)) return lock;
         close(std::exchange(lock.file_, -1));

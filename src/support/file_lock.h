@@ -10,8 +10,8 @@ namespace snippetarium {
 /// somebody holds the lock; one that a killed program left means nothing.
 class FileLock {
   public:
-    /// Nothing when another program holds the lock. Throws Error (kPermissionDenied) when the file
-    /// cannot be made or opened.
+    /// Nothing when somebody else holds the lock. Throws Error (kPermissionDenied) when the file
+    /// cannot be made or opened, or the system does not lock files there.
     static std::optional<FileLock> TryAcquire(const std::string& path);
 
     FileLock(FileLock&& other) noexcept;

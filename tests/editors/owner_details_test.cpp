@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "editors/author_list.h"
 #include "editors/author_text.h"
 #include "tests/editors/editors_fixture.h"
 
@@ -89,6 +90,32 @@ TEST_F(OwnerDetailsTest, ChangeOnlyWhereTheyAreGiven) {
     EXPECT_TRUE(details.authors.empty());
     EXPECT_TRUE(details.dates.empty());
     EXPECT_EQ(details.keywords->entry.text, "grid; line");
+}
+
+TEST_F(OwnerDetailsTest, NameTwoAuthorsWhoBecomeOneOrStillTheTwo) {
+    const AuthorName ann{"", "", "Ann"};
+    const AuthorName bob{"", "", "Bob"};
+    Give(kApplication, {.authors = std::vector{ann}});
+    Give(kClass, {.authors = std::vector{ann, bob}});
+    Give(kProcedure, {.authors = std::vector{bob}});
+    const auto links = [&] {
+        return Select(
+            "SELECT au.authorLName, al.ownerTableID FROM tbl_Author_Link al INNER JOIN tblAuthor "
+            "au ON al.authorID = au.authorID ORDER BY al.ownerTableID, au.authorLName");
+    };
+    const Rows apart = links();
+    AuthorList list(db_, LoadOwnerDetails(db_, kApplication).authors);
+    EXPECT_TRUE(list.Change(0, bob));
+    db_.GetConnection().RunScript(
+        "CREATE TRIGGER refuse BEFORE DELETE ON tblAuthor BEGIN SELECT "
+        "RAISE(ABORT, 'refused'); END;");
+    EXPECT_THROW(list.Store(), Error);
+    EXPECT_EQ(links(), apart);
+    db_.GetConnection().RunScript("DROP TRIGGER refuse");
+    list.Store();
+    EXPECT_EQ(links(), (Rows{"Bob|1", "Bob|2", "Bob|3"}));
+    EXPECT_EQ(Select("SELECT authorLName FROM tblAuthor"), Rows{"Bob"});
+    EXPECT_EQ(list.Authors()[0].authorID, LoadOwnerDetails(db_, kProcedure).authors[0].authorID);
 }
 
 TEST_F(OwnerDetailsTest, AreRefusedBeforeAnythingIsWritten) {

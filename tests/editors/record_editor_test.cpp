@@ -270,6 +270,32 @@ TEST_F(RecordEditorTest, GoesOnWhereAFailureStoppedIt) {
     EXPECT_EQ(LoadOwnerDetails(db_, {OwnerKind::Procedure, 2}).dates.size(), 1U);
 }
 
+TEST_F(RecordEditorTest, KnowsItsNewRecordThoughThatCannotBeReadBack) {
+    const auto editor = NewCodeEditor(db_, noise_, 2);
+    editor->Record().name = "Paint";
+    editor->Record().comment = "Paints.";
+    editor->Details().keywords.text = "paint";
+    db_.SetStatementObserver([this](std::string_view sql) {
+        if (sql.starts_with("INSERT INTO tblCode "))
+            Run("UPDATE tblNamedQuery SET name = 'away' WHERE name = 'qryCodeByID'");
+    });
+    const SaveOutcome first = editor->Save();
+    db_.SetStatementObserver({});
+    TakeBox();
+    EXPECT_EQ(first.result, SaveResult::NotSaved);
+    EXPECT_EQ(first.node, (NodeIDs{2, 2, 2}));
+    EXPECT_EQ(editor->Key(), (EditorKey{OwnerKind::Procedure, 2}));
+
+    Run("UPDATE tblNamedQuery SET name = 'qryCodeByID' WHERE name = 'away'");
+    editor->Record().code = "Sub Paint()";
+    const SaveOutcome second = editor->Save();
+    EXPECT_EQ(second.result, SaveResult::Saved);
+    EXPECT_EQ(second.before, first.node);
+    EXPECT_EQ(Select("SELECT codeName, code FROM tblCode WHERE codeID > 1"),
+              (Rows{"Paint|Sub Paint()"}));
+    EXPECT_EQ(LoadCodeRecord(db_, 2), editor->Record());
+}
+
 TEST_F(RecordEditorTest, CutsACodeOnlyWhereTheUserSaysSo) {
     const auto editor = OpenDraw();
     editor->Record().code = "\u00fc" + std::string(64'000, 'x');

@@ -2,14 +2,20 @@
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+#include <sys/resource.h>
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
+#include <thread>
 
+#include "tests/child_process.h"
 #include "tests/engine/test_catalogue.h"
 
 namespace snippetarium::test {
 namespace {
+
+using namespace std::chrono_literals;
 
 /// A catalogue that writes in bulk, and another program's handle on the same file.
 class BulkLogTest : public ::testing::Test {
@@ -99,6 +105,38 @@ TEST_F(BulkLogTest, GoesOnGrowingWhileAReaderNeedsItsStart) {
     EXPECT_EQ(rows, 4) << "the reader sees the file as it was when it began";
     catalogue_.connection.SetWriteMode(WriteMode::EachStatement);
     EXPECT_EQ(LogSize(), 0U);
+}
+
+TEST_F(BulkLogTest, KeepsWhatIsWrittenWhereTheFileItselfTakesNothing) {
+    const auto insert = [&](std::size_t size) {
+        catalogue_.connection.ExecuteAction("INSERT INTO tblCode (code) VALUES ('" +
+                                            std::string(size, 'x') + "')");
+    };
+    insert(4'000'000);
+    catalogue_.connection.SetWriteMode(WriteMode::EachStatement);
+    catalogue_.connection.Close();
+    const ChildProcess writer([&] {
+        catalogue_.connection.Open();
+        catalogue_.connection.SetWriteMode(WriteMode::Bulk);
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{1 << 20, RLIM_INFINITY};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        Write("a");
+        insert(100'000);                      // at the end of the file
+        std::this_thread::sleep_for(3100ms);  // a copy of the log is due
+        Write("b");
+        std::string told;
+        try {
+            catalogue_.connection.SetWriteMode(WriteMode::EachStatement);
+        } catch (const EngineError& error) {
+            told = error.Description();
+        }
+        if (told.find("QRT_SN.mde-wal") == std::string::npos || LogSize() == 0) _exit(1);
+        limit.rlim_cur = RLIM_INFINITY;
+        setrlimit(RLIMIT_FSIZE, &limit);
+        catalogue_.connection.Checkpoint();
+        if (LogSize() != 0 || NamesElsewhere() != "a b") _exit(1);
+    });
 }
 
 TEST_F(BulkLogTest, LeavesTheLogToTheLibraryWhenBulkWritingEnds) {

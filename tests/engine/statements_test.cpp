@@ -119,6 +119,41 @@ TEST(Scripts, RunWholeOrNotAtAll) {
     EXPECT_EQ(catalogue.Scalar("SELECT count(*) FROM tblCode"), "3");
 }
 
+TEST(Transactions, TakeAllTheirValuesOrChangeNothing) {
+    TestCatalogue catalogue;
+    constexpr std::string_view kInsert =
+        "INSERT INTO tblCode(codeID, codeName, code, classID) VALUES (?1, ?2, ?3, 9)";
+    constexpr std::string_view kUpdate =
+        "UPDATE tblCode SET classID = coalesce(?1, (SELECT max(codeID) FROM tblCode)) "
+        "WHERE codeID = ?2";
+    const auto run = [&](const std::vector<BoundStatement>& statements) {
+        return ErrorNumberOf([&] { catalogue.connection.RunTransaction(statements); });
+    };
+    const auto rows = [&] {
+        return catalogue.Scalar(
+            "SELECT group_concat(codeName || '.' || coalesce(code, 'null') || '.' || classID, ' ') "
+            "FROM tblCode WHERE codeID > 2");
+    };
+    EXPECT_EQ(run({{kInsert, {4, "it's", std::string_view()}},
+                   {kInsert, {5, "-- ?1", std::monostate()}},
+                   {kUpdate, {std::monostate(), 3}}}),
+              0);
+    EXPECT_EQ(rows(), "draw.int draw.5 it's..9 -- ?1.null.9");
+    const struct {
+        BoundStatement last;
+        int number;
+    } refused[] = {
+        {{kInsert, {4, "twice", ""}}, 3022},
+        {{"DROP TABLE tblDate"}, 3033},
+        {{"DELETE FROM sqlite_schema"}, 3033},
+        {{kInsert, {6, "more", "", "values"}}, 3000},
+    };
+    for (const auto& [last, number] : refused) {
+        EXPECT_EQ(run({{"UPDATE tblCode SET codeName = 'lost'"}, last}), number) << last.sql;
+        EXPECT_EQ(rows(), "draw.int draw.5 it's..9 -- ?1.null.9");
+    }
+}
+
 class NamedQueriesTest : public testing::Test {
   protected:
     NamedQueriesTest() { command_.SetActiveConnection(&catalogue_.connection); }
@@ -175,6 +210,12 @@ TEST_F(NamedQueriesTest, ShowABodyThatWasReplaced) {
         "UPDATE tblNamedQuery SET body = 'SELECT codeID FROM tblCode WHERE codeID = 1' "
         "WHERE name = 'qryAllCodes';");
     EXPECT_EQ(Run("qryAllCodes", {}).RowCount(), 1U);
+    catalogue_.connection.ExecuteAction(
+        "UPDATE TBLNAMEDQUERY SET body = 'SELECT codeID FROM tblCode WHERE codeID < 3'");
+    EXPECT_EQ(Run("qryAllCodes", {}).RowCount(), 2U);
+    const BoundStatement remove{"DELETE FROM tblNamedQuery WHERE name = ?1", {"qryAllCodes"}};
+    catalogue_.connection.RunTransaction({&remove, 1});
+    EXPECT_EQ(ErrorNumberOf([&] { Run("qryAllCodes", {}); }), 3078);
 }
 
 /// Words a search as the search builders do, with the term as it was typed.

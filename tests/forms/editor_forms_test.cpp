@@ -249,6 +249,23 @@ TEST_F(EditorFormsTest, SaysWhyNothingIsOpened) {
     }
 }
 
+TEST_F(EditorFormsTest, ShowsARecordInTheTreeThoughALaterStepFailed) {
+    Trigger("mnuFileNewApp");
+    EditorWindow& editor = Editor();
+    SetLine(editor, "txtName", "Harbour");
+    editor.Editor().Details().dates = {"2031-03-14"};
+    Execute("CREATE TRIGGER refuse BEFORE INSERT ON tblDate BEGIN SELECT RAISE(ABORT, ''); END");
+    modal_.ExpectBox(QMessageBox::Ok);
+    EXPECT_FALSE(editor.Save());
+    const NodeIDs node = Get<fContents>("fContents").Selection();
+    EXPECT_EQ(AppNameByID(*db_, node.appID), "Harbour");
+    EXPECT_TRUE(editor.windowTitle().startsWith("Edit Application - Harbour"));
+    Execute("DROP TRIGGER refuse");
+    ExpectNoKeywords();
+    EXPECT_TRUE(editor.Save());
+    EXPECT_EQ(Get<fContents>("fContents").Selection(), node);
+}
+
 TEST_F(EditorFormsTest, AddsNewBelowTheNodeUnderThePointer) {
     const auto captionAt = [&](const NodeIDs& node) {
         auto& tree = Get<QTreeView>("trVwClass");

@@ -118,22 +118,6 @@ class SamplesTest : public ImportFixture {
     std::map<std::string, std::string> bytes_;
 };
 
-TEST_F(SamplesTest, ProposeTheNamesThatTheImportGave) {
-    const std::vector<CodeRecord> procedures = Procedures();
-    EXPECT_GT(procedures.size(), 30U);
-    for (CodeRecord record : procedures) {
-        // The import tells a second procedure of one name from the first.
-        const std::string twin = " (2)";
-        const std::string name = record.name.ends_with(twin)
-                                     ? record.name.substr(0, record.name.size() - twin.size())
-                                     : record.name;
-        EXPECT_EQ(ProposedName(db_, record), name) << record.code;
-        // Nor does it matter what the procedure is called while it is being edited.
-        record.name = "something else";
-        EXPECT_EQ(ProposedName(db_, record), name);
-    }
-}
-
 TEST_F(SamplesTest, AreGuessedToBeWhatTheyAre) {
     const std::pair<std::string_view, std::int32_t> files[] = {
         {"frmTides.frm", 1},   {"modCalendar.bas", 1}, {"clsHarbour.cls", 1}, {"nightly.vbs", 8},

@@ -10,6 +10,7 @@
 
 #include "engine/engine_error.h"
 #include "engine/inspection.h"
+#include "engine/whole_database.h"
 #include "store/compact.h"
 #include "store/daily_backup.h"
 #include "store/reads_applications.h"
@@ -192,7 +193,7 @@ TEST_F(BackupTest, CleansUpAfterAProgramThatWasKilledWhileItMadeOne) {
         DieBehind(1 << 16);
         BackUpCatalogue(db_, BackupReason::User);
     });
-    ASSERT_EQ(BackupFiles().size(), 1U);
+    ASSERT_EQ(BackupFiles().size(), 2U) << "the half one, and the lock on it";
     const std::string half = BackupFolder() + "/" + *BackupFiles().begin();
     EXPECT_TRUE(half.ends_with(".mde.part"));
     EXPECT_TRUE(ListBackups(folder_.Path()).empty()) << "a half one is none";
@@ -200,14 +201,31 @@ TEST_F(BackupTest, CleansUpAfterAProgramThatWasKilledWhileItMadeOne) {
     OpenCatalogue(db_);
     host_.clock.Advance(1s);
     {
-        const ChildProcess makingIt([&] { OpenDatabase(half, OpenFlag::Read).release(); });
+        const ChildProcess makingIt([&] {
+            static const auto lock = FileLock::TryAcquire(half + ".lock");
+            if (!lock) _exit(1);
+        });
         BackUpCatalogue(db_, BackupReason::User);
-        EXPECT_EQ(BackupFiles().size(), 2U) << "another program is just making it";
+        EXPECT_EQ(BackupFiles().size(), 3U) << "another program is just making it";
     }
     host_.clock.Advance(1s);
     BackUpCatalogue(db_, BackupReason::User);
     EXPECT_FALSE(BackupFiles().contains(std::filesystem::path(half).filename()));
     EXPECT_EQ(BackupFiles().size(), 2U);
+}
+
+TEST_F(BackupTest, LeavesAloneWhatThisProgramIsMakingBesides) {
+    BackUpCatalogue(db_, BackupReason::User);
+    const std::string other = BackupFolder() + "/QRT_SN 2026-11-21 06-16-02 daily.mde";
+    const std::string source = *BackupFiles().begin();
+    WriteWholeDatabase(other, [&](const std::string& path) {
+        std::filesystem::copy_file(BackupFolder() + "/" + source, path);
+        RemoveOldBackups(folder_.Path());
+        EXPECT_TRUE(std::filesystem::exists(path));
+        EXPECT_THROW(WriteWholeDatabase(other, [](const std::string&) {}), EngineError);
+    });
+    EXPECT_EQ(BackupFiles(),
+              (std::set<std::string>{source, std::filesystem::path(other).filename()}));
 }
 
 TEST_F(BackupTest, IsMadeBeforeACompaction) {

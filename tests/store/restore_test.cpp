@@ -11,6 +11,7 @@
 #include "store/backup.h"
 #include "store/catalogue_exchange.h"
 #include "store/check.h"
+#include "store/compact.h"
 #include "store/job_progress.h"
 #include "store/reads_applications.h"
 #include "tests/child_process.h"
@@ -245,6 +246,79 @@ TEST_F(RestoreTest, KilledBetweenAnyTwoStepsLeavesAWholeCatalogue) {
             db_.Close();
         }
     }
+}
+
+/// The catalogue's file is in another folder, and a link leads to it.
+class LinkedCatalogueTest : public RestoreTest {
+  protected:
+    LinkedCatalogueTest() {
+        std::filesystem::create_directory(folder_.File("disk"));
+        std::filesystem::rename(CataloguePath(), itself_);
+        std::filesystem::create_symlink("disk/mine.mde", CataloguePath());
+    }
+    std::set<std::string> FilesOnDisk() const {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder_.File("disk")))
+            names.insert(entry.path().filename().string());
+        return names;
+    }
+    /// The link leads to the file still, and beside neither is anything of the engine's.
+    void ExpectNothingElse(const std::set<std::string>& onDisk) const {
+        EXPECT_TRUE(std::filesystem::is_symlink(CataloguePath()));
+        EXPECT_EQ(FilesOnDisk(), onDisk);
+        for (const std::string suffix : {"-wal", "-shm", "-journal"})
+            EXPECT_FALSE(std::filesystem::exists(CataloguePath() + suffix)) << suffix;
+    }
+
+    std::string itself_ = folder_.File("disk/mine.mde");
+};
+
+TEST_F(LinkedCatalogueTest, IsRestoredAndCompactedWhereItIs) {
+    LeaveALog();
+    EXPECT_TRUE(std::filesystem::exists(itself_ + "-wal"));
+    EXPECT_EQ(NameIn(RestoreCatalogue(host_.host, folder_.Path(), backup_)), "logged");
+    ExpectNothingElse({"mine.mde"});
+    EXPECT_EQ(NameNow(), "old");
+
+    OpenCatalogue(db_);
+    EXPECT_TRUE(RunCompaction(db_));
+    TakeBox();
+    EXPECT_FALSE(db_.IsReadOnly());
+    db_.Close();
+    ExpectNothingElse({"mine.mde"});
+    EXPECT_EQ(NameNow(), "old");
+
+    // The disk was away, and came back empty.
+    std::filesystem::remove(itself_);
+    EXPECT_EQ(RestoreCatalogue(host_.host, folder_.Path(), backup_), "");
+    ExpectNothingElse({"mine.mde"});
+    EXPECT_EQ(NameNow(), "old");
+}
+
+TEST_F(LinkedCatalogueTest, IsDamagedAndSetAsideWithItsLogWhereItIs) {
+    LeaveALog();
+    std::string bytes = ReadBytes(itself_);
+    bytes.replace(0, kPageSize, std::string(kPageSize, 'x'));
+    WriteBytes(itself_, bytes);
+    const std::string aside = RestoreCatalogue(host_.host, folder_.Path(), backup_);
+    const std::string name = std::filesystem::path(aside).filename();
+    EXPECT_EQ(aside, folder_.File("disk/" + name));
+    ExpectNothingElse({"mine.mde", name, name + "-wal"});
+    EXPECT_EQ(NameNow(), "old");
+}
+
+TEST_F(LinkedCatalogueTest, HasOneWriterByWhateverLinkItIsOpened) {
+    const std::string other = folder_.File("other");
+    std::filesystem::create_directory(other);
+    std::filesystem::create_symlink("../disk/mine.mde", other + "/QRT_SN.mde");
+    OpenCatalogue(db_);
+    EXPECT_EQ(FilesOnDisk().count("mine.lock"), 1U);
+    Database second(host_.host, CatalogueProviders(), other);
+    OpenCatalogue(second);
+    EXPECT_TRUE(second.IsReadOnly());
+    TakeBox();
+    second.Close();
+    EXPECT_EQ(ErrorNumberOf([&] { RestoreCatalogue(host_.host, other, backup_); }), 3356);
 }
 
 TEST_F(RestoreTest, RunClosesAndOpensTheCatalogueWhateverBecameOfIt) {

@@ -35,6 +35,9 @@ class WatchedSession final : public Session {
         beforeScript_();
         session_.RunScript(script);
     }
+    void RunTransaction(std::span<const BoundStatement> statements) override {
+        session_.RunTransaction(statements);
+    }
     std::int32_t UserVersion() override { return session_.UserVersion(); }
     void SetWriteMode(WriteMode mode) override { session_.SetWriteMode(mode); }
     void Checkpoint() override { session_.Checkpoint(); }

@@ -1,13 +1,34 @@
 #include "support/file_lock.h"
 
 #include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <utility>
 
 #include "support/error.h"
 #include "tests/child_process.h"
 #include "tests/temporary_folder.h"
+
+namespace {
+
+/// What flock says in place of the system, as on a disk that knows no locks. Negative: the system.
+int& FlockError() {
+    static int error = -1;
+    return error;
+}
+
+}  // namespace
+
+/// Stands before the system's own.
+extern "C" int flock(int file, int operation) noexcept {
+    if (FlockError() < 0) return static_cast<int>(syscall(SYS_flock, file, operation));
+    errno = FlockError();
+    return -1;
+}
 
 namespace snippetarium::test {
 namespace {
@@ -47,6 +68,26 @@ TEST_F(FileLockTest, WhoseFileSomebodyRemovedLeavesTheFileOfTheNext) {
     ASSERT_TRUE(second);
     first.reset();
     EXPECT_TRUE(std::filesystem::exists(Path()));
+}
+
+TEST_F(FileLockTest, IsNotTakenForHeldWhereTheSystemLocksNothing) {
+    const struct {
+        int error;
+        bool isHeld;
+    } cases[] = {{EWOULDBLOCK, true}, {EOPNOTSUPP, false}, {ENOLCK, false}, {EINVAL, false}};
+    for (const auto& [error, isHeld] : cases) {
+        FlockError() = error;
+        std::string told;
+        try {
+            EXPECT_FALSE(FileLock::TryAcquire(Path()));
+        } catch (const Error& refusal) {
+            told = refusal.Description();
+        }
+        FlockError() = -1;
+        EXPECT_EQ(told.empty(), isHeld) << error;
+        EXPECT_EQ(told.find(Path()) == std::string::npos, isHeld);
+    }
+    EXPECT_TRUE(CanBeTaken());
 }
 
 TEST_F(FileLockTest, ThatCannotBeMadeSaysSo) {
