@@ -5,9 +5,11 @@
 #include <set>
 #include <utility>
 
+#include "quick/block_fit.h"
 #include "quick/block_walk.h"
 #include "quick/name_block.h"
 #include "quick/name_index.h"
+#include "quick/name_tiers.h"
 #include "quick/node_row.h"
 #include "quick/standing.h"
 #include "quick/text_rows.h"
@@ -20,56 +22,22 @@ namespace {
 
 constexpr std::size_t kNameTiers = static_cast<std::size_t>(QuickTier::NamePart) + 1;
 
-/// The tier of each ID of a block; kNone where the name does not have the term.
-struct BlockTiers {
-    static constexpr std::uint8_t kNone = 0xFF;
-    BlockTiers() { tiers.fill(kNone); }
-    std::array<std::uint8_t, kIDsInBlock> tiers;
-    BlockMask mask;
-
-    void Note(std::int32_t id, QuickTier tier) {
-        const auto place = static_cast<std::size_t>(id % kIDsInBlock);
-        tiers[place] = std::min(tiers[place], static_cast<std::uint8_t>(tier));
-        mask.set(place);
-    }
-};
-
-void FindInBlock(NameBlock& block, const PlannedTerm& term, BlockTiers& tiers) {
-    const WordPattern& pattern = *term.pattern;
-    ForEachPlace(block, pattern.Needle(), [&](const NameBlock::Entry& entry, const ByteRange& at) {
-        if (!pattern.IsPlain()) {
-            if (const auto match = MatchName(pattern, block.NameOf(entry)))
-                tiers.Note(entry.id, match->tier);
-            return true;
-        }
-        const QuickTier tier = TierOfPlace(block.NameOf(entry), at);
-        tiers.Note(entry.id, tier);
-        return tier <= QuickTier::WordStart;  // no later place is better
-    });
-}
-
-/// Patterns without any letter that is sure ("?") are tried on every name.
-void FindInEachName(NameBlock& block, const PlannedTerm& term, BlockTiers& tiers) {
-    for (const NameBlock::Entry& entry : block.Entries()) {
-        if (const auto match = MatchName(*term.pattern, block.NameOf(entry)))
-            tiers.Note(entry.id, match->tier);
-    }
-}
-
 /// Leaves rows of one block where they are.
 bool BlockComesBefore(const FoundRow& a, const FoundRow& b) {
     if (a.kind != b.kind) return a.kind < b.kind;
     return BlockOf(a.id) > BlockOf(b.id);
 }
 
-// The names of all levels are looked through once, applications and classes first, then procedures,
-// the newest first. What is found goes into the tier that its name promises, and a tier is listed
-// when nothing more can come into it. For the hits to be there before all names have been read, the
+// The names of all levels are looked through, applications and classes first, then procedures, the
+// newest first. What is found goes into the tier that its name promises, and a tier is listed when
+// nothing more can come into it. For the hits to be there before all names have been read, the
 // index on the names of procedures is asked first: which are exactly a word of the entry, and
 // whether any begins with one. The tier for which it cannot rule out more procedures is the
 // `floor_`: what is better is complete before procedures are read, and what is just that good is
 // listed as it comes. The text index then tells which blocks of procedures need not be read: all of
-// them, for a word that is in no name.
+// them, for a word that is in no name. Of the others, those in which no word starts as the entry
+// wants it can only hold hits of the last tier. They are put off until that is listed, and then
+// looked into one after the other.
 class NameWork final : public QuickWork {
   public:
     NameWork(QuickPlan& plan, FoundRows& found)
@@ -77,9 +45,9 @@ class NameWork final : public QuickWork {
           found_(found),
           walk_(plan),
           tiers_(plan.terms.size()),
-          isInIndex_(plan.terms.size(), false) {
+          isInIndex_(plan.terms.size(), false),
+          putOffWalk_(plan, QuickKind::Procedure) {
         for (PlannedTerm& term : plan_.terms) {
-            // Names with a word under a "not" are noted too: they are no candidates.
             if (term.IsLookedForIn(QuickText::Name)) term.In(QuickText::Name).KnowAll();
         }
     }
@@ -94,36 +62,57 @@ class NameWork final : public QuickWork {
         inOrderTo_ = 0;
         switch (phase_) {
             case Phase::UpperLevels:
-                ReadBlock();
+                LookInto(walk_, ~BlockMask());
+                walk_.Next();
                 if (walk_.IsAtEnd() || walk_.Kind() == QuickKind::Procedure) AskIndex();
                 return true;
             case Phase::BetterTiers:
-                TakeTier(tier_);
+                toConfirm_ = TakeTier(tier_);
                 if (tier_++ == floor_) phase_ = Phase::TextIndex;
                 return true;
             case Phase::TextIndex:
                 if (!AskTextIndex()) phase_ = Phase::Procedures;
                 return true;
             case Phase::Procedures:
-                if (!walk_.IsAtEnd()) {
-                    if (PassOverBlocks()) ReadBlock();
-                    return true;
-                }
-                phase_ = Phase::OtherTiers;
+                ReadSomeBlocks();
+                if (walk_.IsAtEnd()) phase_ = Phase::OtherTiers;
                 return true;
             case Phase::OtherTiers:
+                if (tier_ < kLast) {
+                    toConfirm_ = TakeTier(tier_++);
+                } else {
+                    ofLast_ = TakeTier(kLast);
+                    floor_ = kLast;
+                    phase_ = Phase::PutOff;
+                }
+                return true;
+            case Phase::PutOff:
+                if (putOffRead_ < putOff_.size()) {
+                    ReadPutOffBlock(putOff_[putOffRead_++]);
+                } else {
+                    TakeOfLastTier(ofLast_.size());
+                    phase_ = Phase::AtEnd;
+                }
+                return true;
+            case Phase::AtEnd:
                 break;
         }
-        if (tier_ == kNameTiers) return false;
-        TakeTier(tier_++);
-        return true;
+        return false;
     }
 
   private:
-    enum class Phase { UpperLevels, BetterTiers, TextIndex, Procedures, OtherTiers };
-    static constexpr std::size_t kExact = static_cast<std::size_t>(QuickTier::ExactName);
-    static constexpr std::size_t kPrefix = static_cast<std::size_t>(QuickTier::NamePrefix);
-    static constexpr std::size_t kWordStart = static_cast<std::size_t>(QuickTier::WordStart);
+    enum class Phase {
+        UpperLevels,
+        BetterTiers,
+        TextIndex,
+        Procedures,
+        OtherTiers,
+        PutOff,
+        AtEnd,
+    };
+    static constexpr std::size_t kLast = kNameTiers - 1;
+    /// So few names are looked at one by one.
+    static constexpr std::size_t kFew = 128;
 
     static bool IsLookedFor(const PlannedTerm& term) {
         return !term.isNegated && term.IsLookedForIn(QuickText::Name);
@@ -131,45 +120,9 @@ class NameWork final : public QuickWork {
 
     void AskIndex() {
         phase_ = Phase::BetterTiers;
-        FoundRows exact;
-        std::vector<std::size_t> best(plan_.terms.size(), kWordStart);
-        for (std::size_t i = 0; i < plan_.terms.size(); ++i) {
-            const PlannedTerm& term = plan_.terms[i];
-            if (!IsLookedFor(term)) continue;
-            const std::string& word = term.pattern->Literal();
-            if (!term.pattern->IsPlain() || !FindExactNames(plan_.db, word, exact)) {
-                best[i] = kExact;
-            } else if (HasNameThatBegins(plan_.db, word)) {
-                best[i] = kPrefix;
-            }
-        }
-        floor_ = BestTier(plan_.root, best);
-        if (floor_ == kExact) return;
-        std::ranges::sort(exact, ComesBefore);
-        const auto isSameID = [](const FoundRow& a, const FoundRow& b) { return a.id == b.id; };
-        exact.erase(std::unique(exact.begin(), exact.end(), isSameID), exact.end());
-        promised_[kExact].insert(promised_[kExact].end(), exact.begin(), exact.end());
-    }
-
-    /// The best tier that a procedure can have which the index did not name, as far as that is
-    /// known from those of the terms.
-    std::size_t BestTier(const QuickNode& node, const std::vector<std::size_t>& ofTerms) const {
-        switch (node.type) {
-            case QuickNode::Type::Term:
-                return IsTextField(plan_.terms[node.term].term.field) ? ofTerms[node.term] : kExact;
-            case QuickNode::Type::Not:
-                return kExact;
-            case QuickNode::Type::And:
-            case QuickNode::Type::Or:
-                break;
-        }
-        std::size_t best = BestTier(node.parts.front(), ofTerms);
-        for (const QuickNode& part : node.parts) {
-            const std::size_t ofPart = BestTier(part, ofTerms);
-            best =
-                node.type == QuickNode::Type::And ? std::max(best, ofPart) : std::min(best, ofPart);
-        }
-        return best;
+        NamesInIndex known = AskNameIndex(plan_);
+        floor_ = static_cast<std::size_t>(known.bestOfOthers);
+        promised_[0].insert(promised_[0].end(), known.exact.begin(), known.exact.end());
     }
 
     /// Finds out which procedures may have the words in their names, for words that the text index
@@ -193,61 +146,125 @@ class NameWork final : public QuickWork {
         return true;
     }
 
-    /// Passes over blocks in which no name can make a hit. False when there may be more of them.
-    bool PassOverBlocks() {
+    /// Looks at the candidates of many blocks, but at the names of one at most.
+    void ReadSomeBlocks() {
         constexpr int kBlocksAtATime = 256;
         for (int i = 0; i < kBlocksAtATime && !walk_.IsAtEnd(); ++i) {
-            for (std::size_t term = 0; term < plan_.terms.size(); ++term) {
-                if (!IsLookedFor(plan_.terms[term]) || isInIndex_[term]) continue;
-                IdSet& names = plan_.terms[term].In(QuickText::Name).Of(walk_.Kind());
-                names.Replace(walk_.Block(), ~BlockMask());  // any of them, as far as is known
-            }
-            if (CandidatesOf(plan_, QuickTier::NamePart, walk_.Kind(), walk_.Block()).any()) {
-                return true;
-            }
+            AssumeNames(walk_.Block());
+            const BlockMask rows = CandidatesOf(plan_, QuickTier::NamePart, QuickKind::Procedure,
+                                                walk_.Block());
+            const bool isRead = rows.any();
+            if (isRead) ReadBlock(rows);
             walk_.Next();
+            if (isRead) return;
         }
-        return false;
     }
 
-    void ReadBlock() {
-        LookInto(walk_.Names(), walk_.Kind(), walk_.Block());
-        walk_.Next();
+    /// Any procedure of the block may have the words that the text index does not know.
+    void AssumeNames(std::int32_t block) {
+        for (std::size_t i = 0; i < plan_.terms.size(); ++i) {
+            if (!IsLookedFor(plan_.terms[i]) || isInIndex_[i]) continue;
+            plan_.terms[i].In(QuickText::Name).Of(QuickKind::Procedure).Replace(block,
+                                                                              ~BlockMask());
+        }
     }
 
-    void LookInto(NameBlock& block, QuickKind kind, std::int32_t number) {
+    void ReadBlock(const BlockMask& rows) {
+        const bool isFew = rows.count() <= kFew;
+        const BlockFit fit = isFew ? BlockFit::AtWordStart : FitOf(plan_.root);
+        if (fit == BlockFit::AtWordStart) LookInto(walk_, rows);
+        if (fit == BlockFit::Inside) putOff_.push_back(walk_.Block());
+    }
+
+    /// How well the best name of a block fits a part of the entry, at most.
+    BlockFit FitOf(const QuickNode& node) {
+        switch (node.type) {
+            case QuickNode::Type::Term:
+                return FitOfTerm(plan_.terms[node.term]);
+            case QuickNode::Type::Not:
+                return BlockFit::AtWordStart;
+            case QuickNode::Type::And: {
+                BlockFit worst = BlockFit::AtWordStart;
+                for (const QuickNode& part : node.parts)
+                    worst = std::min(worst, FitOf(part));
+                return worst;
+            }
+            case QuickNode::Type::Or:
+                break;
+        }
+        BlockFit best = BlockFit::None;
+        for (const QuickNode& part : node.parts)
+            best = std::max(best, FitOf(part));
+        return best;
+    }
+
+    BlockFit FitOfTerm(PlannedTerm& term) {
+        if (!IsTextField(term.term.field)) return BlockFit::AtWordStart;
+        if (!IsLookedFor(term)) return BlockFit::None;
+        const BlockFit fit = FitOfBlock(*term.pattern, walk_.Names().Names());
+        if (fit == BlockFit::None)
+            term.In(QuickText::Name).Of(QuickKind::Procedure).Replace(walk_.Block(), BlockMask());
+        return fit;
+    }
+
+    /// Looks at the names of some rows of a block; at all where that takes less.
+    void LookInto(BlockWalk& walk, BlockMask rows) {
+        NameBlock& names = walk.Names();
+        const bool isFew = rows.count() <= kFew;
         for (std::size_t i = 0; i < plan_.terms.size(); ++i) {
             PlannedTerm& term = plan_.terms[i];
             if (!term.IsLookedForIn(QuickText::Name)) continue;
-            BlockTiers& tiers = tiers_[i] = BlockTiers();
-            if (term.pattern->Literal().empty()) {
-                FindInEachName(block, term, tiers);
-            } else {
-                FindInBlock(block, term, tiers);
-            }
-            term.In(QuickText::Name).Of(kind).Replace(number, tiers.mask);
+            tiers_[i] =
+                isFew ? BlockTiers::OfRows(term, names, rows) : BlockTiers::Of(term, names);
+            IdSet& noted = term.In(QuickText::Name).Of(walk.Kind());
+            BlockMask others;  // those that were not looked at
+            if (isFew) others = noted.Block(walk.Block()) & ~rows;
+            noted.Replace(walk.Block(), others | tiers_[i].Rows());
         }
-        const BlockMask mask = CandidatesOf(plan_, QuickTier::NamePart, kind, number);
-        if (mask.any()) Sort(block, kind, mask);
+        if (!isFew) plan_.notedNames.Add(walk.Kind(), walk.Block());
+        rows = CandidatesOf(plan_, QuickTier::NamePart, walk.Kind(), walk.Block());
+        if (rows.any()) Sort(names, walk.Kind(), rows);
+    }
+
+    /// Between the rows that were promised for the last tier, in its place.
+    void ReadPutOffBlock(std::int32_t block) {
+        while (putOffWalk_.Block() != block)
+            putOffWalk_.Next();
+        const auto isNewer = [block](const FoundRow& row) {
+            return row.kind != QuickKind::Procedure || BlockOf(row.id) >= block;
+        };
+        const auto rest = ofLast_.begin() + static_cast<std::ptrdiff_t>(ofLastTaken_);
+        const auto end = std::partition_point(rest, ofLast_.end(), isNewer);
+        TakeOfLastTier(static_cast<std::size_t>(end - ofLast_.begin()));
+        LookInto(putOffWalk_, CandidatesOf(plan_, QuickTier::NamePart, QuickKind::Procedure, block));
+    }
+
+    void TakeOfLastTier(std::size_t end) {
+        toConfirm_.assign(ofLast_.begin() + static_cast<std::ptrdiff_t>(ofLastTaken_),
+                          ofLast_.begin() + static_cast<std::ptrdiff_t>(end));
+        ofLastTaken_ = end;
     }
 
     /// Puts the candidates of a block into the tiers that their names promise. They are put in
     /// order when they are confirmed: most are promised and never shown.
     void Sort(NameBlock& block, QuickKind kind, const BlockMask& mask) {
+        const bool areListed = phase_ == Phase::Procedures || phase_ == Phase::PutOff;
         for (const NameBlock::Entry& entry : block.Entries()) {
             const auto place = static_cast<std::size_t>(entry.id % kIDsInBlock);
             if (!mask.test(place)) continue;
             const auto promise = PromisedTier(place);
             if (!promise || *promise > QuickTier::NamePart) continue;
             auto tier = static_cast<std::size_t>(*promise);
-            if (phase_ == Phase::Procedures && tier < floor_) {
+            if (areListed && tier < floor_) {
                 if (listed_.contains(entry.id)) continue;
                 tier = floor_;  // a filter did not let it through at its best
             }
             promised_[tier].push_back({kind, static_cast<QuickTier>(tier), entry.id,
                                        static_cast<std::uint32_t>(entry.place.size)});
         }
-        if (phase_ == Phase::Procedures) toConfirm_ = std::exchange(promised_[floor_], {});
+        if (!areListed) return;
+        toConfirm_.insert(toConfirm_.end(), promised_[floor_].begin(), promised_[floor_].end());
+        promised_[floor_].clear();
     }
 
     /// The tier by names alone, if all filters let the row through.
@@ -255,22 +272,22 @@ class NameWork final : public QuickWork {
         const auto ofTerm = [&](const QuickNode& node) {
             const PlannedTerm& term = plan_.terms[node.term];
             if (!IsTextField(term.term.field)) return Standing::OfFilter(true);
-            const std::uint8_t tier = IsLookedFor(term) ? tiers_[node.term].tiers[place]
-                                                        : std::uint8_t{BlockTiers::kNone};
-            if (tier == BlockTiers::kNone) return Standing();
-            return Standing::OfText(static_cast<QuickTier>(tier));
+            if (!IsLookedFor(term)) return Standing();
+            return Standing::OfText(tiers_[node.term].At(place));
         };
         const auto ofNot = [](const QuickNode&) { return Standing::OfFilter(true); };
         return StandingOf(plan_.root, ofTerm, ofNot).Tier();
     }
 
-    /// Takes what was promised for a tier, and what fell into it from better ones.
-    void TakeTier(std::size_t tier) {
+    /// What was promised for a tier, and what fell into it from better ones.
+    FoundRows TakeTier(std::size_t tier) {
         std::ranges::sort(late_[tier], BlockComesBefore);
-        std::ranges::merge(promised_[tier], late_[tier], std::back_inserter(toConfirm_),
+        FoundRows rows;
+        std::ranges::merge(promised_[tier], late_[tier], std::back_inserter(rows),
                            BlockComesBefore);
         promised_[tier].clear();
         late_[tier].clear();
+        return rows;
     }
 
     void ConfirmSome() {
@@ -319,7 +336,7 @@ class NameWork final : public QuickWork {
     std::vector<bool> isInIndex_;
     std::array<FoundRows, kNameTiers> promised_;
     std::array<FoundRows, kNameTiers> late_;
-    std::size_t floor_ = kExact;
+    std::size_t floor_ = 0;
     /// The next tier to list.
     std::size_t tier_ = 0;
     FoundRows toConfirm_;
@@ -328,6 +345,13 @@ class NameWork final : public QuickWork {
     std::size_t inOrderTo_ = 0;
     /// Procedures that the index named and that are listed.
     std::set<std::int32_t> listed_;
+    /// Blocks of procedures that can only hold hits of the last tier, the newest first.
+    std::vector<std::int32_t> putOff_;
+    std::size_t putOffRead_ = 0;
+    BlockWalk putOffWalk_;
+    /// What was promised for the last tier when they are looked into.
+    FoundRows ofLast_;
+    std::size_t ofLastTaken_ = 0;
 };
 
 }  // namespace

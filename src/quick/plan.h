@@ -80,6 +80,25 @@ struct SearchWords {
     bool areAllRead = false;
 };
 
+/// Some blocks of each level.
+class BlockSet {
+  public:
+    void Add(QuickKind kind, std::int32_t block) {
+        std::vector<bool>& blocks = blocks_[static_cast<std::size_t>(kind)];
+        const auto index = static_cast<std::size_t>(block);
+        if (index >= blocks.size()) blocks.resize(index + 1);
+        blocks[index] = true;
+    }
+    bool Holds(QuickKind kind, std::int32_t block) const {
+        const std::vector<bool>& blocks = blocks_[static_cast<std::size_t>(kind)];
+        return static_cast<std::size_t>(block) < blocks.size() &&
+               blocks[static_cast<std::size_t>(block)];
+    }
+
+  private:
+    std::array<std::vector<bool>, kQuickKinds> blocks_;
+};
+
 /// What a search knows.
 struct QuickPlan {
     QuickPlan(Database& database, const QuickQuery& query);
@@ -87,11 +106,16 @@ struct QuickPlan {
     /// True where some term that makes hits is looked for there.
     bool UsesText(QuickText text) const;
     bool UsesSlips() const;
+    /// True where some term is looked for in names, also one under a "not".
+    bool LooksAtNames() const;
 
     Database& db;
     QuickNode root;
     std::vector<PlannedTerm> terms;
     std::array<std::int32_t, kQuickKinds> newestBlock{};
+    /// The blocks of whose rows it is known exactly which have which term in their names. Of other
+    /// rows, more may be candidates for a name, and none are ruled out by a "not".
+    BlockSet notedNames;
     /// The single words of all keywords, read for the first term that is looked for there.
     SearchWords searchWords;
 };

@@ -76,6 +76,18 @@ WordPattern::WordPattern(std::string_view text, bool isPlain)
     finish();
 }
 
+std::u32string WordPattern::Beginning() const {
+    constexpr std::size_t kMost = 2;
+    std::u32string beginning;
+    if (!isPlain_) {
+        const Segment& first = segments_.front();
+        beginning = first.substr(0, std::min(first.find(kAnyOne), kMost));
+    }
+    for (std::size_t i = 0; isPlain_ && i < literal_.size() && beginning.size() < kMost;)
+        beginning += NextFolded(literal_, i);
+    return beginning;
+}
+
 /// Where the segment ends when it stands at `from`.
 std::optional<std::size_t> WordPattern::EndOf(const Segment& segment, std::string_view text,
                                               std::size_t from) const {

@@ -40,6 +40,9 @@ class WordPattern {
     /// holds it.
     const std::string& Literal() const { return literal_; }
     const FoldedNeedle& Needle() const { return needle_; }
+    /// The folded characters that each place where the pattern fits begins with, up to the first
+    /// wildcard, but two at most.
+    std::u32string Beginning() const;
 
   private:
     /// What stands between two "*": characters, folded; kAnyOne for a "?".

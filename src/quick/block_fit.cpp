@@ -1,0 +1,110 @@
+#include "quick/block_fit.h"
+
+#include <array>
+#include <cstddef>
+#include <cstring>
+#include <optional>
+#include <string>
+
+#include "quick/name_match.h"
+
+namespace snippetarium {
+
+namespace {
+
+/// As many bytes as each processor compares at once; the compiler knows the instructions.
+using Bytes [[gnu::vector_size(16)]] = unsigned char;
+constexpr std::size_t kAtOnce = sizeof(Bytes);
+
+Bytes Load(const char* from) {
+    Bytes bytes;
+    std::memcpy(&bytes, from, sizeof bytes);
+    return bytes;
+}
+
+constexpr bool IsAsciiLetter(char32_t character) {
+    return (character | 0x20U) >= 'a' && (character | 0x20U) <= 'z';
+}
+
+/// The beginning of a pattern as bytes that a word may start with: a capital anywhere, or a small
+/// letter that is not behind another one; and what follows it, in any case.
+class WordStartBytes {
+  public:
+    /// Nothing for a pattern that does not begin with a letter of ASCII.
+    static std::optional<WordStartBytes> Of(const std::u32string& beginning) {
+        if (beginning.empty() || !IsAsciiLetter(beginning[0])) return {};
+        WordStartBytes bytes;
+        bytes.small_ = static_cast<unsigned char>(beginning[0]);
+        bytes.capital_ = static_cast<unsigned char>(beginning[0] - 0x20U);
+        if (beginning.size() > 1 && beginning[1] < 0x80) {
+            bytes.mask_ = IsAsciiLetter(beginning[1]) ? 0xDF : 0xFF;
+            bytes.value_ = static_cast<unsigned char>(beginning[1] & bytes.mask_);
+        }
+        return bytes;
+    }
+
+    /// Whether they stand anywhere among kAtOnce bytes, which have one before and one behind them.
+    bool FitAnyOf(const char* place) const {
+        const Bytes before = Load(place - 1);
+        const Bytes here = Load(place);
+        const Bytes next = Load(place + 1);
+        const auto isBehindLetter = (before | 0x20U) - 'a' < 26;
+        const auto isStart = (here == capital_) | ((here == small_) & ~isBehindLetter);
+        const auto fits = isStart & ((next & mask_) == value_);
+        std::array<std::uint64_t, 2> any{};
+        std::memcpy(any.data(), &fits, sizeof any);
+        return (any[0] | any[1]) != 0;
+    }
+
+  private:
+    unsigned char small_ = 0;
+    unsigned char capital_ = 0;
+    /// Of what follows; without bits where that is not known.
+    unsigned char mask_ = 0;
+    unsigned char value_ = 0;
+};
+
+bool StartsAt(const WordPattern& pattern, std::string_view names, std::size_t place) {
+    if (!pattern.FindAt(names, place)) return false;
+    return place == 0 || names[place - 1] == '\n' || IsWordStart(names, place);
+}
+
+/// For patterns of whatever characters.
+bool StartsAWordAnywhere(const WordPattern& pattern, std::string_view names) {
+    for (std::size_t from = 0; from < names.size();) {
+        const auto found = pattern.Find(names, from);
+        if (!found) return false;
+        if (StartsAt(pattern, names, found->begin)) return true;
+        from = found->begin + 1;
+        while (from < names.size() && (static_cast<unsigned char>(names[from]) & 0xC0U) == 0x80U)
+            ++from;
+    }
+    return false;
+}
+
+bool StartsAWord(const WordPattern& pattern, const WordStartBytes& bytes, std::string_view names) {
+    for (std::size_t place = 0; place < names.size();) {
+        const bool isInside = place > 0 && place + kAtOnce < names.size();
+        const std::size_t end = place + (isInside ? kAtOnce : 1);
+        if (!isInside || bytes.FitAnyOf(names.data() + place)) {
+            for (; place < end; ++place) {
+                if (StartsAt(pattern, names, place)) return true;
+            }
+        }
+        place = end;
+    }
+    return false;
+}
+
+}  // namespace
+
+BlockFit FitOfBlock(const WordPattern& pattern, std::string_view names) {
+    if (pattern.Literal().empty()) return BlockFit::AtWordStart;
+    if (pattern.Needle().Find(names) == FoldedNeedle::kNotFound) return BlockFit::None;
+    const auto bytes = WordStartBytes::Of(pattern.Beginning());
+    const bool starts = bytes ? StartsAWord(pattern, *bytes, names)
+                              : StartsAWordAnywhere(pattern, names);
+    return starts ? BlockFit::AtWordStart : BlockFit::Inside;
+}
+
+}  // namespace snippetarium
