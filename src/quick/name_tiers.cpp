@@ -48,12 +48,24 @@ BlockTiers BlockTiers::OfRows(const PlannedTerm& term, NameBlock& block, const B
     return tiers;
 }
 
-void NoteNames(QuickPlan& plan, NameBlock& names, QuickKind kind, std::int32_t block) {
-    for (PlannedTerm& term : plan.terms) {
+void NoteNames(QuickPlan& plan, NameBlock& names, QuickKind kind, std::int32_t block,
+               const BlockMask& rows, std::vector<BlockTiers>& tiers) {
+    constexpr std::size_t kFew = 128;
+    const bool areFew = rows.count() <= kFew;
+    tiers.resize(plan.terms.size());
+    for (std::size_t i = 0; i < plan.terms.size(); ++i) {
+        PlannedTerm& term = plan.terms[i];
         if (!term.IsLookedForIn(QuickText::Name)) continue;
-        term.In(QuickText::Name).Of(kind).Replace(block, BlockTiers::Of(term, names).Rows());
+        tiers[i] = areFew ? BlockTiers::OfRows(term, names, rows) : BlockTiers::Of(term, names);
+        BlockMask& noted = term.In(QuickText::Name).Of(kind).At(block);
+        if (areFew) {
+            noted &= ~rows;
+        } else {
+            noted.reset();
+        }
+        noted |= tiers[i].Rows();
     }
-    plan.notedNames.Add(kind, block);
+    if (!areFew) plan.notedNames.Add(kind, block);
 }
 
 }  // namespace snippetarium

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "engine/id_set.h"
 #include "quick/name_block.h"
@@ -38,7 +39,9 @@ class BlockTiers {
     BlockMask rows_;
 };
 
-/// Notes for each term that is looked for in names which of the block have it.
-void NoteNames(QuickPlan& plan, NameBlock& names, QuickKind kind, std::int32_t block);
+/// Notes for each term that is looked for in names which of these rows have it, or which of the
+/// whole block where that takes less. Gives the tiers of the rows, by term.
+void NoteNames(QuickPlan& plan, NameBlock& names, QuickKind kind, std::int32_t block,
+               const BlockMask& rows, std::vector<BlockTiers>& tiers);
 
 }  // namespace snippetarium

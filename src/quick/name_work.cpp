@@ -44,7 +44,6 @@ class NameWork final : public QuickWork {
         : plan_(plan),
           found_(found),
           walk_(plan),
-          tiers_(plan.terms.size()),
           isInIndex_(plan.terms.size(), false),
           putOffWalk_(plan, QuickKind::Procedure) {
         for (PlannedTerm& term : plan_.terms) {
@@ -71,7 +70,10 @@ class NameWork final : public QuickWork {
                 if (tier_++ == floor_) phase_ = Phase::TextIndex;
                 return true;
             case Phase::TextIndex:
-                if (!AskTextIndex()) phase_ = Phase::Procedures;
+                if (!AskTextIndex()) {
+                    phase_ = Phase::Procedures;
+                    areAllInIndex_ = AreAllInIndex();
+                }
                 return true;
             case Phase::Procedures:
                 ReadSomeBlocks();
@@ -111,8 +113,6 @@ class NameWork final : public QuickWork {
         AtEnd,
     };
     static constexpr std::size_t kLast = kNameTiers - 1;
-    /// So few names are looked at one by one.
-    static constexpr std::size_t kFew = 128;
 
     static bool IsLookedFor(const PlannedTerm& term) {
         return !term.isNegated && term.IsLookedForIn(QuickText::Name);
@@ -146,11 +146,23 @@ class NameWork final : public QuickWork {
         return true;
     }
 
+    /// Whether names tell nothing more than the index of what rows are candidates.
+    bool AreAllInIndex() const {
+        for (std::size_t i = 0; i < plan_.terms.size(); ++i) {
+            if (plan_.terms[i].IsLookedForIn(QuickText::Name) && !isInIndex_[i]) return false;
+        }
+        return true;
+    }
+
     /// Looks at the candidates of many blocks, but at the names of one at most.
     void ReadSomeBlocks() {
         constexpr int kBlocksAtATime = 256;
         for (int i = 0; i < kBlocksAtATime && !walk_.IsAtEnd(); ++i) {
-            AssumeNames(walk_.Block());
+            if (areAllInIndex_) {
+                plan_.notedNames.Add(QuickKind::Procedure, walk_.Block());
+            } else {
+                AssumeNames(walk_.Block());
+            }
             const BlockMask rows = CandidatesOf(plan_, QuickTier::NamePart, QuickKind::Procedure,
                                                 walk_.Block());
             const bool isRead = rows.any();
@@ -170,8 +182,10 @@ class NameWork final : public QuickWork {
     }
 
     void ReadBlock(const BlockMask& rows) {
-        const bool isFew = rows.count() <= kFew;
-        const BlockFit fit = isFew ? BlockFit::AtWordStart : FitOf(plan_.root);
+        // A few names are looked at as quickly.
+        constexpr std::size_t kFew = 128;
+        const bool areFew = rows.count() <= kFew;
+        const BlockFit fit = areFew ? BlockFit::AtWordStart : FitOf(plan_.root);
         if (fit == BlockFit::AtWordStart) LookInto(walk_, rows);
         if (fit == BlockFit::Inside) putOff_.push_back(walk_.Block());
     }
@@ -207,21 +221,10 @@ class NameWork final : public QuickWork {
         return fit;
     }
 
-    /// Looks at the names of some rows of a block; at all where that takes less.
+    /// Looks at the names of some rows of a block, or of all.
     void LookInto(BlockWalk& walk, BlockMask rows) {
         NameBlock& names = walk.Names();
-        const bool isFew = rows.count() <= kFew;
-        for (std::size_t i = 0; i < plan_.terms.size(); ++i) {
-            PlannedTerm& term = plan_.terms[i];
-            if (!term.IsLookedForIn(QuickText::Name)) continue;
-            tiers_[i] =
-                isFew ? BlockTiers::OfRows(term, names, rows) : BlockTiers::Of(term, names);
-            IdSet& noted = term.In(QuickText::Name).Of(walk.Kind());
-            BlockMask others;  // those that were not looked at
-            if (isFew) others = noted.Block(walk.Block()) & ~rows;
-            noted.Replace(walk.Block(), others | tiers_[i].Rows());
-        }
-        if (!isFew) plan_.notedNames.Add(walk.Kind(), walk.Block());
+        NoteNames(plan_, names, walk.Kind(), walk.Block(), rows, tiers_);
         rows = CandidatesOf(plan_, QuickTier::NamePart, walk.Kind(), walk.Block());
         if (rows.any()) Sort(names, walk.Kind(), rows);
     }
@@ -327,13 +330,14 @@ class NameWork final : public QuickWork {
     QuickPlan& plan_;
     FoundRows& found_;
     BlockWalk walk_;
-    std::vector<BlockTiers> tiers_;  // of the block that is looked at, by term
+    std::vector<BlockTiers> tiers_;  // of the names that are looked at, by term
     Phase phase_ = Phase::UpperLevels;
     /// The term for which the text index is asked.
     std::size_t scannedTerm_ = 0;
     std::optional<TextScan> scan_;
     /// The terms whose names it knows, and maybe some more.
     std::vector<bool> isInIndex_;
+    bool areAllInIndex_ = false;
     std::array<FoundRows, kNameTiers> promised_;
     std::array<FoundRows, kNameTiers> late_;
     std::size_t floor_ = 0;

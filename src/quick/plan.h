@@ -17,7 +17,8 @@ namespace snippetarium {
 
 class Database;
 
-/// The rows of each level that may have something. At first that is all of them.
+/// The rows of each level that may have something. At first that is all of them. Then it becomes
+/// known of whole levels; and before that, of one block after the other.
 class CandidateRows {
   public:
     IdSet& Of(QuickKind kind) { return ids_[static_cast<std::size_t>(kind)]; }
@@ -27,14 +28,23 @@ class CandidateRows {
     void Know(QuickKind kind) { known_.set(static_cast<std::size_t>(kind)); }
     void KnowAll() { known_.set(); }
     bool IsKnown(QuickKind kind) const { return known_.test(static_cast<std::size_t>(kind)); }
+    /// Until another block is, this block is known even where the level is not.
+    void KnowBlock(QuickKind kind, std::int32_t block, const BlockMask& rows) {
+        Of(kind).Replace(block, rows);
+        knownBlocks_[static_cast<std::size_t>(kind)] = block;
+    }
+    bool IsBlockKnown(QuickKind kind, std::int32_t block) const {
+        return IsKnown(kind) || knownBlocks_[static_cast<std::size_t>(kind)] == block;
+    }
 
     BlockMask Block(QuickKind kind, std::int32_t block) const {
-        return IsKnown(kind) ? Of(kind).Block(block) : ~BlockMask();
+        return IsBlockKnown(kind, block) ? Of(kind).Block(block) : ~BlockMask();
     }
 
   private:
     std::array<IdSet, kQuickKinds> ids_;
     QuickKindSet known_;
+    std::array<std::optional<std::int32_t>, kQuickKinds> knownBlocks_;
 };
 
 /// A term of the entry with what is known of it so far.
@@ -113,8 +123,8 @@ struct QuickPlan {
     QuickNode root;
     std::vector<PlannedTerm> terms;
     std::array<std::int32_t, kQuickKinds> newestBlock{};
-    /// The blocks of whose rows it is known exactly which have which term in their names. Of other
-    /// rows, more may be candidates for a name, and none are ruled out by a "not".
+    /// The blocks whose names have told all they can. Of others, rows may be candidates for a name
+    /// that does not have the term, or that has what must not be there.
     BlockSet notedNames;
     /// The single words of all keywords, read for the first term that is looked for there.
     SearchWords searchWords;
