@@ -60,10 +60,20 @@ bool SlipPattern::IsLongEnough(std::string_view word) {
 
 std::optional<ByteRange> SlipPattern::Find(std::string_view name) const {
     for (std::size_t start = 0; start < name.size(); NextFolded(name, start)) {
-        if (!IsWordStart(name, start)) continue;
+        if (!IsWordStart(name, start) || !MayStandAt(name, start)) continue;
         if (const auto end = EndOfStretch(name, start)) return ByteRange{start, *end - start};
     }
     return {};
+}
+
+/// A slip changes two neighbours at most, and their order: of the first two characters, one is left
+/// in the first two places.
+bool SlipPattern::MayStandAt(std::string_view name, std::size_t place) const {
+    const auto isOneOfTwo = [this](char32_t character) {
+        return character == word_[0] || character == word_[1];
+    };
+    if (isOneOfTwo(NextFolded(name, place))) return true;
+    return place < name.size() && isOneOfTwo(NextFolded(name, place));
 }
 
 std::optional<std::size_t> SlipPattern::EndOfStretch(std::string_view name,

@@ -38,6 +38,7 @@ class SlipPattern {
     const std::array<FoldedNeedle, kNeedles>& Needles() const { return needles_; }
 
   private:
+    bool MayStandAt(std::string_view name, std::size_t place) const;
     std::optional<std::size_t> EndOfStretch(std::string_view name, std::size_t start) const;
 
     std::u32string word_;
