@@ -96,15 +96,29 @@ bool StartsAWord(const WordPattern& pattern, const WordStartBytes& bytes, std::s
     return false;
 }
 
+/// Whether some name may end where the pattern does, or its parameter list begin there.
+bool MayFitWhole(const WordPattern& pattern, std::string_view names) {
+    if (!pattern.Ending()) return true;
+    const FoldedNeedle& ending = *pattern.Ending();
+    for (std::size_t place = ending.Find(names); place != FoldedNeedle::kNotFound;
+         place = ending.Find(names, place)) {
+        place += ending.Size();
+        if (place == names.size()) return true;
+        if (std::string_view("\n( \t").find(names[place]) != std::string_view::npos) return true;
+    }
+    return false;
+}
+
 }  // namespace
 
 BlockFit FitOfBlock(const WordPattern& pattern, std::string_view names) {
-    if (pattern.Literal().empty()) return BlockFit::AtWordStart;
+    if (pattern.Literal().empty()) return BlockFit::Whole;
     if (pattern.Needle().Find(names) == FoldedNeedle::kNotFound) return BlockFit::None;
     const auto bytes = WordStartBytes::Of(pattern.Beginning());
     const bool starts = bytes ? StartsAWord(pattern, *bytes, names)
                               : StartsAWordAnywhere(pattern, names);
-    return starts ? BlockFit::AtWordStart : BlockFit::Inside;
+    if (!starts) return BlockFit::Inside;
+    return MayFitWhole(pattern, names) ? BlockFit::Whole : BlockFit::AtWordStart;
 }
 
 }  // namespace snippetarium

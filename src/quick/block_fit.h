@@ -18,7 +18,9 @@ enum class BlockFit : std::uint8_t {
     None,
     /// It does not stand where a name or a word in it starts.
     Inside,
+    /// It is none of them, not even without a parameter list.
     AtWordStart,
+    Whole,
 };
 
 /// For a text of names with a line break between two. The pattern may fit worse than is told, but

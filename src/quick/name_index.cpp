@@ -1,6 +1,7 @@
 #include "quick/name_index.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -57,18 +58,36 @@ bool IsLookedForInNames(const PlannedTerm& term) {
     return !term.isNegated && term.IsLookedForIn(QuickText::Name);
 }
 
+/// The letters of which every name has one at its beginning that has a part of the entry there.
+/// Nothing where it may begin with any.
+std::optional<std::u32string> FirstLetters(const QuickPlan& plan, const QuickNode& node) {
+    std::u32string letters;
+    if (node.type == QuickNode::Type::Term) {
+        const PlannedTerm& term = plan.terms[node.term];
+        if (IsLookedForInNames(term)) letters = term.pattern->Beginning().substr(0, 1);
+    } else if (node.type == QuickNode::Type::Or) {
+        for (const QuickNode& part : node.parts) {
+            const auto ofPart = FirstLetters(plan, part);
+            if (!ofPart) return {};
+            letters += *ofPart;
+        }
+    }
+    return letters.empty() ? std::nullopt : std::optional(letters);
+}
+
 /// True where no name can begin with all words of the entry: two of them begin with different
 /// letters.
 bool CannotBeginWithAll(const QuickPlan& plan) {
     if (plan.root.type != QuickNode::Type::And) return false;
-    std::u32string first;
+    std::vector<std::u32string> seen;
     for (const QuickNode& part : plan.root.parts) {
-        if (part.type != QuickNode::Type::Term) continue;
-        const PlannedTerm& term = plan.terms[part.term];
-        if (!IsLookedForInNames(term)) continue;
-        const std::u32string letter = term.pattern->Beginning().substr(0, 1);
-        if (!first.empty() && !letter.empty() && letter != first) return true;
-        if (first.empty()) first = letter;
+        const auto letters = FirstLetters(plan, part);
+        if (!letters) continue;
+        const auto isApart = [&](const std::u32string& others) {
+            return letters->find_first_of(others) == std::u32string::npos;
+        };
+        if (std::ranges::any_of(seen, isApart)) return true;
+        seen.push_back(*letters);
     }
     return false;
 }

@@ -35,17 +35,16 @@ bool BlockComesBefore(const FoundRow& a, const FoundRow& b) {
 // whether any begins with one. The tier for which it cannot rule out more procedures is the
 // `floor_`: what is better is complete before procedures are read, and what is just that good is
 // listed as it comes. The text index then tells which blocks of procedures need not be read: all of
-// them, for a word that is in no name. Of the others, those in which no word starts as the entry
-// wants it can only hold hits of the last tier. They are put off until that is listed, and then
-// looked into one after the other.
+// them, for a word that is in no name. Of the others, many can only hold hits of worse tiers: where
+// no word starts as the entry wants it, all are of the last one. They are put off until their tier
+// is listed, and then looked into one after the other.
 class NameWork final : public QuickWork {
   public:
     NameWork(QuickPlan& plan, FoundRows& found)
         : plan_(plan),
           found_(found),
           walk_(plan),
-          isInIndex_(plan.terms.size(), false),
-          putOffWalk_(plan, QuickKind::Procedure) {
+          isInIndex_(plan.terms.size(), false) {
         for (PlannedTerm& term : plan_.terms) {
             if (term.IsLookedForIn(QuickText::Name)) term.In(QuickText::Name).KnowAll();
         }
@@ -77,42 +76,22 @@ class NameWork final : public QuickWork {
                 return true;
             case Phase::Procedures:
                 ReadSomeBlocks();
-                if (walk_.IsAtEnd()) phase_ = Phase::OtherTiers;
+                if (walk_.IsAtEnd()) {
+                    phase_ = Phase::OtherTiers;
+                    for (std::size_t tier = 0; tier < kNameTiers; ++tier)
+                        promisedFirst_[tier] = promised_[tier].size();
+                }
                 return true;
             case Phase::OtherTiers:
-                if (tier_ < kLast) {
-                    toConfirm_ = TakeTier(tier_++);
-                } else {
-                    ofLast_ = TakeTier(kLast);
-                    floor_ = kLast;
-                    phase_ = Phase::PutOff;
-                }
+                if (tier_ == kNameTiers) break;
+                ContinueTier();
                 return true;
-            case Phase::PutOff:
-                if (putOffRead_ < putOff_.size()) {
-                    ReadPutOffBlock(putOff_[putOffRead_++]);
-                } else {
-                    TakeOfLastTier(ofLast_.size());
-                    phase_ = Phase::AtEnd;
-                }
-                return true;
-            case Phase::AtEnd:
-                break;
         }
         return false;
     }
 
   private:
-    enum class Phase {
-        UpperLevels,
-        BetterTiers,
-        TextIndex,
-        Procedures,
-        OtherTiers,
-        PutOff,
-        AtEnd,
-    };
-    static constexpr std::size_t kLast = kNameTiers - 1;
+    enum class Phase { UpperLevels, BetterTiers, TextIndex, Procedures, OtherTiers };
 
     static bool IsLookedFor(const PlannedTerm& term) {
         return !term.isNegated && term.IsLookedForIn(QuickText::Name);
@@ -181,13 +160,23 @@ class NameWork final : public QuickWork {
         }
     }
 
+    /// Looks into a block, unless all it can hold is worse than what is listed now.
     void ReadBlock(const BlockMask& rows) {
         // A few names are looked at as quickly.
-        constexpr std::size_t kFew = 128;
-        const bool areFew = rows.count() <= kFew;
-        const BlockFit fit = areFew ? BlockFit::AtWordStart : FitOf(plan_.root);
-        if (fit == BlockFit::AtWordStart) LookInto(walk_, rows);
-        if (fit == BlockFit::Inside) putOff_.push_back(walk_.Block());
+        constexpr std::size_t kFew = 8;
+        const BlockFit fit = rows.count() <= kFew ? BlockFit::Whole : FitOf(plan_.root);
+        if (fit == BlockFit::None) return;
+        const std::size_t best = static_cast<std::size_t>(BestTierOf(fit));
+        if (best <= floor_) {
+            LookInto(walk_, rows);
+        } else {
+            putOff_[best].push_back(walk_.Block());
+        }
+    }
+
+    static QuickTier BestTierOf(BlockFit fit) {
+        if (fit == BlockFit::Whole) return QuickTier::ExactName;
+        return fit == BlockFit::AtWordStart ? QuickTier::NamePrefix : QuickTier::NamePart;
     }
 
     /// How well the best name of a block fits a part of the entry, at most.
@@ -196,9 +185,9 @@ class NameWork final : public QuickWork {
             case QuickNode::Type::Term:
                 return FitOfTerm(plan_.terms[node.term]);
             case QuickNode::Type::Not:
-                return BlockFit::AtWordStart;
+                return BlockFit::Whole;
             case QuickNode::Type::And: {
-                BlockFit worst = BlockFit::AtWordStart;
+                BlockFit worst = BlockFit::Whole;
                 for (const QuickNode& part : node.parts)
                     worst = std::min(worst, FitOf(part));
                 return worst;
@@ -213,7 +202,7 @@ class NameWork final : public QuickWork {
     }
 
     BlockFit FitOfTerm(PlannedTerm& term) {
-        if (!IsTextField(term.term.field)) return BlockFit::AtWordStart;
+        if (!IsTextField(term.term.field)) return BlockFit::Whole;
         if (!IsLookedFor(term)) return BlockFit::None;
         const BlockFit fit = FitOfBlock(*term.pattern, walk_.Names().Names());
         if (fit == BlockFit::None)
@@ -229,29 +218,49 @@ class NameWork final : public QuickWork {
         if (rows.any()) Sort(names, walk.Kind(), rows);
     }
 
-    /// Between the rows that were promised for the last tier, in its place.
+    /// Lists what was promised for a tier, and between that, in their places, the blocks that were
+    /// put off until then.
+    void ContinueTier() {
+        const std::vector<std::int32_t>& blocks = putOff_[tier_];
+        if (!putOffWalk_) {
+            floor_ = tier_;
+            ofTier_ = TakeTier(tier_);
+            ofTierTaken_ = 0;
+            putOffRead_ = 0;
+            putOffWalk_.emplace(plan_, QuickKind::Procedure);
+        }
+        if (putOffRead_ < blocks.size()) {
+            ReadPutOffBlock(blocks[putOffRead_++]);
+        } else {
+            TakePromised(ofTier_.size());
+            putOffWalk_.reset();
+            ++tier_;
+        }
+    }
+
     void ReadPutOffBlock(std::int32_t block) {
-        while (putOffWalk_.Block() != block)
-            putOffWalk_.Next();
+        while (putOffWalk_->Block() != block)
+            putOffWalk_->Next();
         const auto isNewer = [block](const FoundRow& row) {
             return row.kind != QuickKind::Procedure || BlockOf(row.id) >= block;
         };
-        const auto rest = ofLast_.begin() + static_cast<std::ptrdiff_t>(ofLastTaken_);
-        const auto end = std::partition_point(rest, ofLast_.end(), isNewer);
-        TakeOfLastTier(static_cast<std::size_t>(end - ofLast_.begin()));
-        LookInto(putOffWalk_, CandidatesOf(plan_, QuickTier::NamePart, QuickKind::Procedure, block));
+        const auto rest = ofTier_.begin() + static_cast<std::ptrdiff_t>(ofTierTaken_);
+        const auto end = std::partition_point(rest, ofTier_.end(), isNewer);
+        TakePromised(static_cast<std::size_t>(end - ofTier_.begin()));
+        LookInto(*putOffWalk_,
+                 CandidatesOf(plan_, QuickTier::NamePart, QuickKind::Procedure, block));
     }
 
-    void TakeOfLastTier(std::size_t end) {
-        toConfirm_.assign(ofLast_.begin() + static_cast<std::ptrdiff_t>(ofLastTaken_),
-                          ofLast_.begin() + static_cast<std::ptrdiff_t>(end));
-        ofLastTaken_ = end;
+    void TakePromised(std::size_t end) {
+        toConfirm_.assign(ofTier_.begin() + static_cast<std::ptrdiff_t>(ofTierTaken_),
+                          ofTier_.begin() + static_cast<std::ptrdiff_t>(end));
+        ofTierTaken_ = end;
     }
 
     /// Puts the candidates of a block into the tiers that their names promise. They are put in
     /// order when they are confirmed: most are promised and never shown.
     void Sort(NameBlock& block, QuickKind kind, const BlockMask& mask) {
-        const bool areListed = phase_ == Phase::Procedures || phase_ == Phase::PutOff;
+        const bool areListed = phase_ == Phase::Procedures || phase_ == Phase::OtherTiers;
         for (const NameBlock::Entry& entry : block.Entries()) {
             const auto place = static_cast<std::size_t>(entry.id % kIDsInBlock);
             if (!mask.test(place)) continue;
@@ -284,6 +293,10 @@ class NameWork final : public QuickWork {
 
     /// What was promised for a tier, and what fell into it from better ones.
     FoundRows TakeTier(std::size_t tier) {
+        const auto first = promised_[tier].begin();
+        const std::size_t inOrder = std::min(promisedFirst_[tier], promised_[tier].size());
+        std::inplace_merge(first, first + static_cast<std::ptrdiff_t>(inOrder),
+                           promised_[tier].end(), BlockComesBefore);
         std::ranges::sort(late_[tier], BlockComesBefore);
         FoundRows rows;
         std::ranges::merge(promised_[tier], late_[tier], std::back_inserter(rows),
@@ -339,6 +352,8 @@ class NameWork final : public QuickWork {
     std::vector<bool> isInIndex_;
     bool areAllInIndex_ = false;
     std::array<FoundRows, kNameTiers> promised_;
+    /// So many of those were before any block that was put off; the others are from such blocks.
+    std::array<std::size_t, kNameTiers> promisedFirst_{};
     std::array<FoundRows, kNameTiers> late_;
     std::size_t floor_ = 0;
     /// The next tier to list.
@@ -349,13 +364,14 @@ class NameWork final : public QuickWork {
     std::size_t inOrderTo_ = 0;
     /// Procedures that the index named and that are listed.
     std::set<std::int32_t> listed_;
-    /// Blocks of procedures that can only hold hits of the last tier, the newest first.
-    std::vector<std::int32_t> putOff_;
+    /// The blocks of procedures whose best hits can be of this tier, the newest first.
+    std::array<std::vector<std::int32_t>, kNameTiers> putOff_;
+    /// Of those of tier_, as long as that is listed.
+    std::optional<BlockWalk> putOffWalk_;
     std::size_t putOffRead_ = 0;
-    BlockWalk putOffWalk_;
-    /// What was promised for the last tier when they are looked into.
-    FoundRows ofLast_;
-    std::size_t ofLastTaken_ = 0;
+    /// What was promised for tier_.
+    FoundRows ofTier_;
+    std::size_t ofTierTaken_ = 0;
 };
 
 }  // namespace

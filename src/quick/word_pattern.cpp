@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "support/case_fold.h"
+#include "support/utf8.h"
 
 namespace snippetarium {
 
@@ -74,6 +75,11 @@ WordPattern::WordPattern(std::string_view text, bool isPlain)
         }
     }
     finish();
+    std::string ending;
+    const Segment& last = segments_.back();
+    for (const char32_t character : last.substr(last.rfind(kAnyOne) + 1))
+        AppendUtf8(ending, character);
+    if (!ending.empty()) ending_.emplace(ending);
 }
 
 std::u32string WordPattern::Beginning() const {
