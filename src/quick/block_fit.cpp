@@ -7,6 +7,7 @@
 #include <string>
 
 #include "quick/name_match.h"
+#include "support/case_fold.h"
 
 namespace snippetarium {
 
@@ -75,9 +76,8 @@ bool StartsAWordAnywhere(const WordPattern& pattern, std::string_view names) {
         const auto found = pattern.Find(names, from);
         if (!found) return false;
         if (StartsAt(pattern, names, found->begin)) return true;
-        from = found->begin + 1;
-        while (from < names.size() && (static_cast<unsigned char>(names[from]) & 0xC0U) == 0x80U)
-            ++from;
+        from = found->begin;
+        NextFolded(names, from);
     }
     return false;
 }
@@ -100,11 +100,12 @@ bool StartsAWord(const WordPattern& pattern, const WordStartBytes& bytes, std::s
 bool MayFitWhole(const WordPattern& pattern, std::string_view names) {
     if (!pattern.Ending()) return true;
     const FoldedNeedle& ending = *pattern.Ending();
-    for (std::size_t place = ending.Find(names); place != FoldedNeedle::kNotFound;
-         place = ending.Find(names, place)) {
-        place += ending.Size();
-        if (place == names.size()) return true;
-        if (std::string_view("\n( \t").find(names[place]) != std::string_view::npos) return true;
+    for (std::size_t place = ending.Find(names); place != FoldedNeedle::kNotFound;) {
+        const std::size_t behind = place + ending.Size();
+        if (behind == names.size()) return true;
+        if (std::string_view("\n( \t").find(names[behind]) != std::string_view::npos) return true;
+        NextFolded(names, place);
+        place = ending.Find(names, place);
     }
     return false;
 }
@@ -115,8 +116,8 @@ BlockFit FitOfBlock(const WordPattern& pattern, std::string_view names) {
     if (pattern.Literal().empty()) return BlockFit::Whole;
     if (pattern.Needle().Find(names) == FoldedNeedle::kNotFound) return BlockFit::None;
     const auto bytes = WordStartBytes::Of(pattern.Beginning());
-    const bool starts = bytes ? StartsAWord(pattern, *bytes, names)
-                              : StartsAWordAnywhere(pattern, names);
+    const bool starts =
+        bytes ? StartsAWord(pattern, *bytes, names) : StartsAWordAnywhere(pattern, names);
     if (!starts) return BlockFit::Inside;
     return MayFitWhole(pattern, names) ? BlockFit::Whole : BlockFit::AtWordStart;
 }

@@ -41,10 +41,7 @@ bool BlockComesBefore(const FoundRow& a, const FoundRow& b) {
 class NameWork final : public QuickWork {
   public:
     NameWork(QuickPlan& plan, FoundRows& found)
-        : plan_(plan),
-          found_(found),
-          walk_(plan),
-          isInIndex_(plan.terms.size(), false) {
+        : plan_(plan), found_(found), walk_(plan), isInIndex_(plan.terms.size(), false) {
         for (PlannedTerm& term : plan_.terms) {
             if (term.IsLookedForIn(QuickText::Name)) term.In(QuickText::Name).KnowAll();
         }
@@ -142,8 +139,8 @@ class NameWork final : public QuickWork {
             } else {
                 AssumeNames(walk_.Block());
             }
-            const BlockMask rows = CandidatesOf(plan_, QuickTier::NamePart, QuickKind::Procedure,
-                                                walk_.Block());
+            const BlockMask rows =
+                CandidatesOf(plan_, QuickTier::NamePart, QuickKind::Procedure, walk_.Block());
             const bool isRead = rows.any();
             if (isRead) ReadBlock(rows);
             walk_.Next();
@@ -155,8 +152,10 @@ class NameWork final : public QuickWork {
     void AssumeNames(std::int32_t block) {
         for (std::size_t i = 0; i < plan_.terms.size(); ++i) {
             if (!IsLookedFor(plan_.terms[i]) || isInIndex_[i]) continue;
-            plan_.terms[i].In(QuickText::Name).Of(QuickKind::Procedure).Replace(block,
-                                                                              ~BlockMask());
+            plan_.terms[i]
+                .In(QuickText::Name)
+                .Of(QuickKind::Procedure)
+                .Replace(block, ~BlockMask());
         }
     }
 

@@ -63,8 +63,8 @@ void AddRowsThatAre(Database& db, QuickKind kind, QuickText text, std::string_vi
     }
 }
 
-BlockMask RowsOfPartWithText(Database& db, QuickKind kind, QuickText text,
-                             std::string_view literal, std::int32_t block, std::int32_t part) {
+BlockMask RowsOfPartWithText(Database& db, QuickKind kind, QuickText text, std::string_view literal,
+                             std::int32_t block, std::int32_t part) {
     if (literal.empty()) return ~BlockMask();
     const QuickLevel& level = LevelOf(kind);
     const std::string_view sql = text == QuickText::Comment ? level.commentsLike : level.codesLike;
@@ -74,8 +74,8 @@ BlockMask RowsOfPartWithText(Database& db, QuickKind kind, QuickText text,
     const std::string pattern = PatternFor(literal);
     const std::int64_t firstOfBlock = std::int64_t{block} * kIDsInBlock;
     const std::int64_t first = firstOfBlock + part * kRows;
-    const auto row = db.GetConnection().OpenCursor(sql, first, first + kRows - 1,
-                                                   std::string_view(pattern));
+    const auto row =
+        db.GetConnection().OpenCursor(sql, first, first + kRows - 1, std::string_view(pattern));
     while (row->Next())
         mask.set(static_cast<std::size_t>(row->Number(0) - firstOfBlock));
     return mask;

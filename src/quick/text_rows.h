@@ -30,7 +30,7 @@ inline constexpr std::int32_t kPartsOfBlock = 8;
 
 /// The rows of a part of a block whose comment or code holds a literal: read one by one, for
 /// literals that the text index does not know. All rows where the literal is empty.
-BlockMask RowsOfPartWithText(Database& db, QuickKind kind, QuickText text,
-                             std::string_view literal, std::int32_t block, std::int32_t part);
+BlockMask RowsOfPartWithText(Database& db, QuickKind kind, QuickText text, std::string_view literal,
+                             std::int32_t block, std::int32_t part);
 
 }  // namespace snippetarium

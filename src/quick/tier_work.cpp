@@ -57,9 +57,7 @@ class TierWork final : public QuickWork {
         }
     }
 
-    BlockMask Candidates() const {
-        return CandidatesOf(plan_, tier_, walk_.Kind(), walk_.Block());
-    }
+    BlockMask Candidates() const { return CandidatesOf(plan_, tier_, walk_.Kind(), walk_.Block()); }
 
     /// True when a piece was done of what has to be known of texts before.
     bool AdvanceTexts() {
