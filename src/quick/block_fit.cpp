@@ -1,5 +1,6 @@
 #include "quick/block_fit.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstring>
@@ -120,6 +121,46 @@ BlockFit FitOfBlock(const WordPattern& pattern, std::string_view names) {
         bytes ? StartsAWord(pattern, *bytes, names) : StartsAWordAnywhere(pattern, names);
     if (!starts) return BlockFit::Inside;
     return MayFitWhole(pattern, names) ? BlockFit::Whole : BlockFit::AtWordStart;
+}
+
+namespace {
+
+BlockFit FitOfTerm(PlannedTerm& term, const NameBlock& names, std::int32_t block) {
+    if (!IsTextField(term.term.field)) return BlockFit::Whole;
+    if (term.isNegated || !term.IsLookedForIn(QuickText::Name)) return BlockFit::None;
+    const BlockFit fit = FitOfBlock(*term.pattern, names.Names());
+    if (fit == BlockFit::None)
+        term.In(QuickText::Name).Of(QuickKind::Procedure).Replace(block, BlockMask());
+    return fit;
+}
+
+BlockFit FitOfNode(QuickPlan& plan, const QuickNode& node, const NameBlock& names,
+                   std::int32_t block) {
+    const auto fitOf = [&](const QuickNode& part) { return FitOfNode(plan, part, names, block); };
+    switch (node.type) {
+        case QuickNode::Type::Term:
+            return FitOfTerm(plan.terms[node.term], names, block);
+        case QuickNode::Type::Not:
+            return BlockFit::Whole;
+        case QuickNode::Type::And: {
+            BlockFit worst = BlockFit::Whole;
+            for (const QuickNode& part : node.parts)
+                worst = std::min(worst, fitOf(part));
+            return worst;
+        }
+        case QuickNode::Type::Or:
+            break;
+    }
+    BlockFit best = BlockFit::None;
+    for (const QuickNode& part : node.parts)
+        best = std::max(best, fitOf(part));
+    return best;
+}
+
+}  // namespace
+
+BlockFit FitOfEntry(QuickPlan& plan, const NameBlock& names, std::int32_t block) {
+    return FitOfNode(plan, plan.root, names, block);
 }
 
 }  // namespace snippetarium

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "quick/name_block.h"
+#include "quick/plan.h"
 #include "quick/word_pattern.h"
 
 namespace snippetarium {
@@ -26,5 +28,9 @@ enum class BlockFit : std::uint8_t {
 /// For a text of names with a line break between two. The pattern may fit worse than is told, but
 /// never better.
 BlockFit FitOfBlock(const WordPattern& pattern, std::string_view names);
+
+/// How well the best name of a block of procedures fits the entry, at most. Notes the terms that
+/// are in none of them.
+BlockFit FitOfEntry(QuickPlan& plan, const NameBlock& names, std::int32_t block);
 
 }  // namespace snippetarium

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "quick/block_walk.h"
+#include "quick/standing.h"
 
 namespace snippetarium {
 
@@ -66,6 +67,18 @@ void NoteNames(QuickPlan& plan, NameBlock& names, QuickKind kind, std::int32_t b
         noted |= tiers[i].Rows();
     }
     if (!areFew) plan.notedNames.Add(kind, block);
+}
+
+std::optional<QuickTier> TierOfName(const QuickPlan& plan, const std::vector<BlockTiers>& tiers,
+                                    std::size_t place) {
+    const auto ofTerm = [&](const QuickNode& node) {
+        const PlannedTerm& term = plan.terms[node.term];
+        if (!IsTextField(term.term.field)) return Standing::OfFilter(true);
+        if (term.isNegated || !term.IsLookedForIn(QuickText::Name)) return Standing();
+        return Standing::OfText(tiers[node.term].At(place));
+    };
+    const auto ofNot = [](const QuickNode&) { return Standing::OfFilter(true); };
+    return StandingOf(plan.root, ofTerm, ofNot).Tier();
 }
 
 }  // namespace snippetarium

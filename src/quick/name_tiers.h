@@ -44,4 +44,9 @@ class BlockTiers {
 void NoteNames(QuickPlan& plan, NameBlock& names, QuickKind kind, std::int32_t block,
                const BlockMask& rows, std::vector<BlockTiers>& tiers);
 
+/// The tier of a row by its name alone, if all filters let it through. `tiers` are those of its
+/// block, by term.
+std::optional<QuickTier> TierOfName(const QuickPlan& plan, const std::vector<BlockTiers>& tiers,
+                                    std::size_t place);
+
 }  // namespace snippetarium

@@ -1,17 +1,16 @@
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <optional>
 #include <set>
 #include <utility>
+#include <vector>
 
 #include "quick/block_fit.h"
 #include "quick/block_walk.h"
-#include "quick/name_block.h"
 #include "quick/name_index.h"
 #include "quick/name_tiers.h"
 #include "quick/node_row.h"
-#include "quick/standing.h"
+#include "quick/promised_rows.h"
 #include "quick/text_rows.h"
 #include "quick/work.h"
 #include "store/database.h"
@@ -19,14 +18,6 @@
 namespace snippetarium {
 
 namespace {
-
-constexpr std::size_t kNameTiers = static_cast<std::size_t>(QuickTier::NamePart) + 1;
-
-/// Leaves rows of one block where they are.
-bool BlockComesBefore(const FoundRow& a, const FoundRow& b) {
-    if (a.kind != b.kind) return a.kind < b.kind;
-    return BlockOf(a.id) > BlockOf(b.id);
-}
 
 // The names of all levels are looked through, applications and classes first, then procedures, the
 // newest first. What is found goes into the tier that its name promises, and a tier is listed when
@@ -62,7 +53,7 @@ class NameWork final : public QuickWork {
                 if (walk_.IsAtEnd() || walk_.Kind() == QuickKind::Procedure) AskIndex();
                 return true;
             case Phase::BetterTiers:
-                toConfirm_ = TakeTier(tier_);
+                toConfirm_ = promised_.Take(tier_);
                 if (tier_++ == floor_) phase_ = Phase::TextIndex;
                 return true;
             case Phase::TextIndex:
@@ -75,8 +66,7 @@ class NameWork final : public QuickWork {
                 ReadSomeBlocks();
                 if (walk_.IsAtEnd()) {
                     phase_ = Phase::OtherTiers;
-                    for (std::size_t tier = 0; tier < kNameTiers; ++tier)
-                        promisedFirst_[tier] = promised_[tier].size();
+                    promised_.BeginPutOff();
                 }
                 return true;
             case Phase::OtherTiers:
@@ -98,7 +88,8 @@ class NameWork final : public QuickWork {
         phase_ = Phase::BetterTiers;
         NamesInIndex known = AskNameIndex(plan_);
         floor_ = static_cast<std::size_t>(known.bestOfOthers);
-        promised_[0].insert(promised_[0].end(), known.exact.begin(), known.exact.end());
+        for (const FoundRow& row : known.exact)
+            promised_.Add(row);
     }
 
     /// Finds out which procedures may have the words in their names, for words that the text index
@@ -163,9 +154,11 @@ class NameWork final : public QuickWork {
     void ReadBlock(const BlockMask& rows) {
         // A few names are looked at as quickly.
         constexpr std::size_t kFew = 8;
-        const BlockFit fit = rows.count() <= kFew ? BlockFit::Whole : FitOf(plan_.root);
+        const BlockFit fit = rows.count() <= kFew
+                                 ? BlockFit::Whole
+                                 : FitOfEntry(plan_, walk_.Names(), walk_.Block());
         if (fit == BlockFit::None) return;
-        const std::size_t best = static_cast<std::size_t>(BestTierOf(fit));
+        const auto best = static_cast<std::size_t>(BestTierOf(fit));
         if (best <= floor_) {
             LookInto(walk_, rows);
         } else {
@@ -176,37 +169,6 @@ class NameWork final : public QuickWork {
     static QuickTier BestTierOf(BlockFit fit) {
         if (fit == BlockFit::Whole) return QuickTier::ExactName;
         return fit == BlockFit::AtWordStart ? QuickTier::NamePrefix : QuickTier::NamePart;
-    }
-
-    /// How well the best name of a block fits a part of the entry, at most.
-    BlockFit FitOf(const QuickNode& node) {
-        switch (node.type) {
-            case QuickNode::Type::Term:
-                return FitOfTerm(plan_.terms[node.term]);
-            case QuickNode::Type::Not:
-                return BlockFit::Whole;
-            case QuickNode::Type::And: {
-                BlockFit worst = BlockFit::Whole;
-                for (const QuickNode& part : node.parts)
-                    worst = std::min(worst, FitOf(part));
-                return worst;
-            }
-            case QuickNode::Type::Or:
-                break;
-        }
-        BlockFit best = BlockFit::None;
-        for (const QuickNode& part : node.parts)
-            best = std::max(best, FitOf(part));
-        return best;
-    }
-
-    BlockFit FitOfTerm(PlannedTerm& term) {
-        if (!IsTextField(term.term.field)) return BlockFit::Whole;
-        if (!IsLookedFor(term)) return BlockFit::None;
-        const BlockFit fit = FitOfBlock(*term.pattern, walk_.Names().Names());
-        if (fit == BlockFit::None)
-            term.In(QuickText::Name).Of(QuickKind::Procedure).Replace(walk_.Block(), BlockMask());
-        return fit;
     }
 
     /// Looks at the names of some rows of a block, or of all.
@@ -223,7 +185,7 @@ class NameWork final : public QuickWork {
         const std::vector<std::int32_t>& blocks = putOff_[tier_];
         if (!putOffWalk_) {
             floor_ = tier_;
-            ofTier_ = TakeTier(tier_);
+            ofTier_ = promised_.Take(tier_);
             ofTierTaken_ = 0;
             putOffRead_ = 0;
             putOffWalk_.emplace(plan_, QuickKind::Procedure);
@@ -263,46 +225,21 @@ class NameWork final : public QuickWork {
         for (const NameBlock::Entry& entry : block.Entries()) {
             const auto place = static_cast<std::size_t>(entry.id % kIDsInBlock);
             if (!mask.test(place)) continue;
-            const auto promise = PromisedTier(place);
+            const auto promise = TierOfName(plan_, tiers_, place);
             if (!promise || *promise > QuickTier::NamePart) continue;
             auto tier = static_cast<std::size_t>(*promise);
             if (areListed && tier < floor_) {
                 if (listed_.contains(entry.id)) continue;
                 tier = floor_;  // a filter did not let it through at its best
             }
-            promised_[tier].push_back({kind, static_cast<QuickTier>(tier), entry.id,
-                                       static_cast<std::uint32_t>(entry.place.size)});
+            const FoundRow row{kind, static_cast<QuickTier>(tier), entry.id,
+                               static_cast<std::uint32_t>(entry.place.size)};
+            if (areListed && tier == floor_) {
+                toConfirm_.push_back(row);
+            } else {
+                promised_.Add(row);
+            }
         }
-        if (!areListed) return;
-        toConfirm_.insert(toConfirm_.end(), promised_[floor_].begin(), promised_[floor_].end());
-        promised_[floor_].clear();
-    }
-
-    /// The tier by names alone, if all filters let the row through.
-    std::optional<QuickTier> PromisedTier(std::size_t place) const {
-        const auto ofTerm = [&](const QuickNode& node) {
-            const PlannedTerm& term = plan_.terms[node.term];
-            if (!IsTextField(term.term.field)) return Standing::OfFilter(true);
-            if (!IsLookedFor(term)) return Standing();
-            return Standing::OfText(tiers_[node.term].At(place));
-        };
-        const auto ofNot = [](const QuickNode&) { return Standing::OfFilter(true); };
-        return StandingOf(plan_.root, ofTerm, ofNot).Tier();
-    }
-
-    /// What was promised for a tier, and what fell into it from better ones.
-    FoundRows TakeTier(std::size_t tier) {
-        const auto first = promised_[tier].begin();
-        const std::size_t inOrder = std::min(promisedFirst_[tier], promised_[tier].size());
-        std::inplace_merge(first, first + static_cast<std::ptrdiff_t>(inOrder),
-                           promised_[tier].end(), BlockComesBefore);
-        std::ranges::sort(late_[tier], BlockComesBefore);
-        FoundRows rows;
-        std::ranges::merge(promised_[tier], late_[tier], std::back_inserter(rows),
-                           BlockComesBefore);
-        promised_[tier].clear();
-        late_[tier].clear();
-        return rows;
     }
 
     void ConfirmSome() {
@@ -331,10 +268,7 @@ class NameWork final : public QuickWork {
         const bool isReadAgain = phase_ == Phase::BetterTiers && row.kind == QuickKind::Procedure;
         if (isLater && isReadAgain) return;
         row.tier = *tier;
-        if (isLater) {
-            late_[static_cast<std::size_t>(*tier)].push_back(row);
-            return;
-        }
+        if (isLater) return promised_.AddLate(row);
         if (isReadAgain) listed_.insert(row.id);
         found_.push_back(row);
     }
@@ -350,10 +284,7 @@ class NameWork final : public QuickWork {
     /// The terms whose names it knows, and maybe some more.
     std::vector<bool> isInIndex_;
     bool areAllInIndex_ = false;
-    std::array<FoundRows, kNameTiers> promised_;
-    /// So many of those were before any block that was put off; the others are from such blocks.
-    std::array<std::size_t, kNameTiers> promisedFirst_{};
-    std::array<FoundRows, kNameTiers> late_;
+    PromisedRows promised_;
     std::size_t floor_ = 0;
     /// The next tier to list.
     std::size_t tier_ = 0;
@@ -374,13 +305,6 @@ class NameWork final : public QuickWork {
 };
 
 }  // namespace
-
-bool ComesBefore(const FoundRow& a, const FoundRow& b) {
-    if (a.kind != b.kind) return a.kind < b.kind;
-    if (BlockOf(a.id) != BlockOf(b.id)) return a.id > b.id;
-    if (a.nameSize != b.nameSize) return a.nameSize < b.nameSize;
-    return a.id > b.id;
-}
 
 std::unique_ptr<QuickWork> FindByNames(QuickPlan& plan, FoundRows& found) {
     return std::make_unique<NameWork>(plan, found);
