@@ -33,18 +33,20 @@ LevelTexts::LevelTexts(QuickPlan& plan, QuickTier tier, QuickKind kind)
 
 bool LevelTexts::Advance(std::int32_t block) {
     if (nextLookUp_ < lookUps_.size() && !IsReadBeforeLookUps(block)) {
-        --patience_;
-        if (!lookUps_[nextLookUp_]->Advance()) lookUps_[nextLookUp_++].reset();
+        if (lookUps_[nextLookUp_]->Advance()) {
+            --patience_;
+        } else {
+            lookUps_[nextLookUp_++].reset();
+        }
         return true;
     }
     return ReadPart(block);
 }
 
 bool LevelTexts::IsReadBeforeLookUps(std::int32_t block) const {
-    constexpr std::int32_t kNewBlocks = 2;
     constexpr std::size_t kMostTerms = 4;
     return patience_ <= 0 && kind_ == QuickKind::Procedure && terms_.size() <= kMostTerms &&
-           block > plan_.newestBlock[static_cast<std::size_t>(kind_)] - kNewBlocks;
+           block == plan_.newestBlock[static_cast<std::size_t>(kind_)];
 }
 
 /// Much quicker than to read many rows and look at each; but not than to look at a few.

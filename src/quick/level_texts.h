@@ -11,9 +11,9 @@ namespace snippetarium {
 
 // The text index names the rows whose comments or codes may hold a word. To ask it takes long for a
 // word that many rows have; but then the newest rows have it too, and their texts are quickly
-// looked through. So where the index does not answer at once, some of the newest texts are read
-// first, and what is found there can be shown. Texts are also read where the index does not know a
-// word at all.
+// looked through. So where the index does not answer at once, the texts of the newest block are
+// read first, and what is found there can be shown. Texts are also read where the index does not
+// know a word at all.
 
 /// Finds out which rows of a level have the words of an entry in their comments or codes, as far as
 /// it has to be known of one block after the other, the newest first.
@@ -38,7 +38,7 @@ class LevelTexts {
     std::vector<std::size_t> terms_;
     std::vector<std::unique_ptr<QuickWork>> lookUps_;
     std::size_t nextLookUp_ = 0;
-    /// So many pieces of looking up are waited for.
+    /// So many pieces of looking up are waited for that are not the last of a term.
     int patience_;
     /// What is read of the block: which of terms_, which part, and what was found.
     std::size_t term_ = 0;
