@@ -15,6 +15,8 @@ namespace {
 
 /// What a look for a list costs, if there is none.
 constexpr std::size_t kCostOfLook = 2'000;
+/// What it costs to read a text, about: it may be a word or 64,000 characters.
+constexpr std::size_t kCostOfRow = 4'096;
 /// A scan that had to begin so often does all the rest with one piece.
 constexpr int kMostBeginnings = 4;
 
@@ -47,9 +49,12 @@ TextScan::TextScan(const TextColumn& column, std::string_view literal, ShortText
 
 TextScan::TextScan(const TextColumn& column, TextComparison comparison, std::string pattern)
     : column_(column), comparison_(comparison), pattern_(std::move(pattern)) {
-    trigrams_ =
-        TrigramsOf(comparison_ == TextComparison::Like ? LikePattern(pattern_).PlainRuns()
-                                                       : std::vector<std::string>{pattern_});
+    const std::vector<std::string> runs = comparison_ == TextComparison::Like
+                                              ? LikePattern(pattern_).PlainRuns()
+                                              : std::vector<std::string>{pattern_};
+    trigrams_ = TrigramsOf(runs);
+    for (auto run = runs.begin(); trigrams_.empty() && !pair_ && run != runs.end(); ++run)
+        pair_ = PairOf(*run);
 }
 
 TextCandidates TextScan::Candidates() const {
@@ -95,14 +100,18 @@ void TextScan::Begin() {
     segment_ = 0;
     lists_.clear();
     common_.reset();
-    stage_ = Stage::WaitingRows;
+    lastWaiting_ = extent_.indexedTo;
+    stage_ = Stage::NewRows;
     if (!extent_.isThere) GiveUp();
 }
 
 void TextScan::AdvanceStage(TextLookup& lookup) {
     switch (stage_) {
-        case Stage::WaitingRows:
-            AddWaitingRows(lookup);
+        case Stage::NewRows:
+            LookAtNewRows(lookup);
+            return;
+        case Stage::ChangedRows:
+            LookAtChangedRows(lookup);
             return;
         case Stage::NextSegment:
             if (segment_ == extent_.segments.size()) {
@@ -122,11 +131,26 @@ void TextScan::AdvanceStage(TextLookup& lookup) {
     }
 }
 
-void TextScan::AddWaitingRows(TextLookup& lookup) {
+void TextScan::LookAtNewRows(TextLookup& lookup) {
+    const std::vector<std::int64_t> rows = lookup.NewRows(*table_, lastWaiting_);
+    if (!rows.empty()) return LookAt(lookup, rows);
+    lastWaiting_ = 0;
+    stage_ = Stage::ChangedRows;
+}
+
+void TextScan::LookAtChangedRows(TextLookup& lookup) {
+    const std::vector<std::int64_t> rows = lookup.ChangedRows(*table_, lastWaiting_);
+    if (!rows.empty()) return LookAt(lookup, rows);
     stage_ = Stage::NextSegment;
+}
+
+/// Reads the texts of rows of which no segment tells what they hold.
+void TextScan::LookAt(TextLookup& lookup, std::vector<std::int64_t> rows) {
+    lastWaiting_ = rows.back();
+    bytesRead_ += rows.size() * kCostOfRow;
+    if (rows.back() > std::numeric_limits<std::int32_t>::max()) return GiveUp();
     for (const std::int64_t id :
-         lookup.WaitingRows(*table_, columnNumber_, comparison_, pattern_, extent_)) {
-        if (id > std::numeric_limits<std::int32_t>::max()) return GiveUp();
+         lookup.Check(*table_, columnNumber_, comparison_, pattern_, std::move(rows))) {
         if (id > 0) rows_.Add(static_cast<std::int32_t>(id));
     }
 }
