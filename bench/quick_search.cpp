@@ -120,6 +120,20 @@ void Print(const char* what, std::vector<double> times) {
                 times.size(), at(0.5), at(0.99), times.back());
 }
 
+/// Those with hits first.
+void PrintSlowest(std::vector<Keystroke> typed) {
+    constexpr std::size_t kMost = 12;
+    std::ranges::sort(typed, std::ranges::greater(), &Keystroke::firstHits);
+    for (const bool hasHits : {true, false}) {
+        std::size_t count = 0;
+        for (const Keystroke& key : typed) {
+            if (key.hasHits != hasHits || ++count > kMost) continue;
+            std::printf("    %-36s %7.2f ms, longest step %7.2f ms%s\n", key.entry.c_str(),
+                        key.firstHits, key.longestStep, hasHits ? "" : ", none");
+        }
+    }
+}
+
 class OpenCatalogueFile {
   public:
     explicit OpenCatalogueFile(const fs::path& folder)
@@ -150,23 +164,21 @@ void MeasureKeystrokes(const fs::path& folder) {
     Print("no hits", nothing);
     Print("not known within 300 ms", open);
     Print("longest step of each", steps);
-    std::ranges::sort(typed, std::ranges::greater(), &Keystroke::firstHits);
-    for (std::size_t i = 0; i < 24; ++i) {
-        std::printf("    %-36s %7.2f ms, longest step %7.2f ms%s\n", typed[i].entry.c_str(),
-                    typed[i].firstHits, typed[i].longestStep, typed[i].hasHits ? "" : ", none");
-    }
+    PrintSlowest(typed);
 }
 
 /// Every tenth keystroke with a catalogue that was just opened, so that nothing is in its memory.
 void MeasureCold(const fs::path& folder) {
     const std::vector<std::string> keystrokes = Keystrokes();
     std::vector<double> found;
+    std::vector<Keystroke> typed;
     for (std::size_t i = 0; i < keystrokes.size(); i += 10) {
         OpenCatalogueFile catalogue(folder);
-        const Keystroke key = Type(catalogue.Db(), keystrokes[i]);
-        if (key.hasHits) found.push_back(key.firstHits);
+        typed.push_back(Type(catalogue.Db(), keystrokes[i]));
+        if (typed.back().hasHits) found.push_back(typed.back().firstHits);
     }
     Print("first hits, catalogue just opened", found);
+    PrintSlowest(typed);
 }
 
 void MeasureBesideRipgrep(const fs::path& folder) {

@@ -16,6 +16,15 @@
 // opens all applications and the largest class, shows pages. Prints the longest time between two
 // turns during each.
 //
+//     bench_window_stalls pages CATALOGUE
+//
+// does only the last of these, each page many times.
+//
+//     bench_window_stalls fresh FOLDER
+//
+// imports a folder into an empty catalogue and at once types into quick search, while the index of
+// texts does not know the new rows: as the import leaves it, and with no row in it at all.
+//
 // Times are those of the processor: other programs do not count.
 
 #include <QApplication>
@@ -30,6 +39,7 @@
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <vector>
@@ -47,6 +57,7 @@
 #include "store/catalogue_content.h"
 #include "store/database.h"
 #include "store/settings.h"
+#include "store/text_index.h"
 #include "support/disk_file_system.h"
 #include "tests/temporary_folder.h"
 
@@ -81,11 +92,15 @@ class TurnWatch {
         last_ = ThreadMilliseconds();
         timer_.start();
     }
-    void Stop(const char* what) {
+    /// The longest time between two turns.
+    double StopQuietly() {
         Turn();
         timer_.stop();
         std::ranges::sort(stalls_, std::ranges::greater(), &Stall::milliseconds);
-        const double longest = stalls_.empty() ? 0 : stalls_.front().milliseconds;
+        return stalls_.front().milliseconds;
+    }
+    void Stop(const char* what) {
+        const double longest = StopQuietly();
         std::printf("%-40s %6zu turns, longest %7.1f ms\n", what, turns_, longest);
         const std::size_t shown = std::min(stalls_.size(), kShownStalls);
         for (std::size_t i = 0; i < shown && !stalls_[i].when.empty(); ++i)
@@ -189,12 +204,15 @@ void ChooseFiles(const std::string& sources) {
     CloseCatalogue(db);
 }
 
-void TypeIntoQuickSearch(TurnWatch& watch, fMain& window) {
+void TypeIntoQuickSearch(TurnWatch& watch, fMain& window,
+                         std::initializer_list<const char*> entries) {
     constexpr int kBetweenKeys = 150;
     window.findChild<QAction*>("actQuickSearch")->trigger();
     auto* line = window.findChild<QLineEdit*>("txtQuick");
-    for (const char* entry :
-         {"drawgrid", "sortmenu7", "walk the list", "hh", "code:menu -sort", "drawgrid"}) {
+    // From here on somebody types, so that no text is indexed.
+    QKeyEvent shift(QEvent::KeyPress, Qt::Key_Shift, Qt::NoModifier);
+    QApplication::sendEvent(line, &shift);
+    for (const char* entry : entries) {
         line->clear();
         RunEventsFor(kBetweenKeys);
         watch.Start();
@@ -238,32 +256,52 @@ void OpenTree(TurnWatch& watch, Database& db, fMain& window) {
     watch.Stop("the same refreshed");
 }
 
-/// Puts a text into the loose procedure and shows it; the second time is what one sees always.
-void ShowPages(TurnWatch& watch, Database& db, fMain& window) {
+/// A page as the code of some procedure.
+struct SamplePage {
+    const char* what;
+    const char* line;
+    std::size_t lines;
+};
+
+// clang-format off
+constexpr SamplePage kSamplePages[] = {
+    {"a page of 1,300 lines, 64,000 characters", "    If count > 7 Then total = total + 1 : Rem one\r\n", 1'300},
+    {"a page of 2,000 lines",                    "    count = count + 1: Call Go\r\n",                 2'000},
+    {"a page of one line, 64,000 long",          "total = total + 1: ",                               3'368},
+};
+// clang-format on
+
+/// Selects a procedure with such a code in the tree, and in between its application, as one reads.
+/// The second time and later ones are what one sees always.
+void ShowPages(TurnWatch& watch, Database& db, fMain& window, int times) {
     auto* page = window.findChild<fPage*>();
+    auto* contents = window.findChild<fContents*>();
     Recordset row = db.GetConnection().Execute(
         "SELECT c.appID, c.classID, p.codeID FROM tblClass c INNER JOIN tblCode p ON c.classID = "
-        "p.classID");
+        "p.classID WHERE c.appID > 1");
     const NodeIDs node{row["appID"].Long(), row["classID"].Long(), row["codeID"].Long()};
-    std::string lines;
-    for (int line = 0; line < 1'600; ++line)
-        lines += "    If count > 7 Then total = total + 1 : Rem one\r\n";
-    std::string oneLine;
-    while (oneLine.size() < 64'000)
-        oneLine += "total = total + 1: ";
-    oneLine.resize(64'000);
-    for (const auto& [what, text] : {std::pair{"a page of 1,600 lines", lines.substr(0, 64'000)},
-                                     std::pair{"a page of one line, 64,000 long", oneLine}}) {
+    for (const SamplePage& sample : kSamplePages) {
+        std::string text;
+        for (std::size_t line = 0; line < sample.lines; ++line)
+            text += sample.line;
+        text.resize(std::min<std::size_t>(text.size(), 64'000));
         db.GetConnection().RunScript("UPDATE tblCode SET code = '" + text +
                                      "' WHERE codeID = " + std::to_string(node.codeID));
         for (const bool wraps : {false, true}) {
             page->SetWrap(wraps);
-            page->ShowPage({.appID = node.appID});  // one page after another, as one reads
-            RunEventsFor(100);
-            watch.Start();
-            page->ShowPage(node);
-            RunEventsFor(400);
-            watch.Stop((std::string(what) + (wraps ? ", wrapped" : "")).c_str());
+            std::vector<double> longest;
+            for (int i = 0; i < times; ++i) {
+                contents->SelectNode({.appID = node.appID});
+                RunEventsFor(100);
+                watch.Start();
+                contents->SelectNode(node);
+                RunEventsFor(200);
+                longest.push_back(watch.StopQuietly());
+            }
+            std::ranges::sort(longest);
+            std::printf("%-40s %s longest turn %5.1f to %5.1f ms, in the middle %5.1f\n",
+                        sample.what, wraps ? "wrapped" : "       ", longest.front(), longest.back(),
+                        longest[longest.size() / 2]);
         }
     }
 }
@@ -279,7 +317,9 @@ void AddMany(Database& db) {
         "(SELECT max(classID) FROM tblClass) FROM n;");
 }
 
-void Read(const std::string& catalogue) {
+enum class Reading { Everything, Pages };
+
+void Read(const std::string& catalogue, Reading reading) {
     const test::TemporaryFolder folder;
     std::filesystem::copy_file(catalogue, folder.File(kCatalogueFileName));
     QtHost host;
@@ -290,10 +330,37 @@ void Read(const std::string& catalogue) {
     watch.Start();
     RunEventsFor(3'000);
     watch.Stop("3 s of idle work: backup, text index");
-    TypeIntoQuickSearch(watch, window);
+    if (reading == Reading::Pages) return ShowPages(watch, db, window, 10);
+    TypeIntoQuickSearch(watch, window,
+                        {"drawgrid", "sortmenu7", "walk the list", "hh", "code:menu -sort"});
     AddMany(db);
     OpenTree(watch, db, window);
-    ShowPages(watch, db, window);
+    ShowPages(watch, db, window, 3);
+    window.close();
+}
+
+void TypeAfterImport(const std::string& sources) {
+    const test::TemporaryFolder folder;
+    CreateDatabase(folder.File(kCatalogueFileName), CreationScript());
+    QtHost host;
+    Database db(host.Interfaces(), CatalogueProviders(), folder.Path());
+    fMain window(db, host);
+    if (!window.Start()) std::exit(1);
+    TurnWatch watch;
+    Import(watch, db, std::filesystem::absolute(sources).lexically_normal().string());
+    const auto type = [&](const char* when) {
+        std::printf("%s:\n", when);
+        for (const TextIndexState& state : ReadTextIndexState(db))
+            std::printf("    table %d: %lld rows known, %lld wait\n", state.table,
+                        static_cast<long long>(state.rows),
+                        static_cast<long long>(state.waitingRows));
+        TypeIntoQuickSearch(watch, window, {"format", "ar", "int i", "code:return -if", "qxz"});
+    };
+    type("as the import leaves the index");
+    db.GetConnection().RunScript(TextIndexResetScript());
+    type("nothing in the index");
+    CompleteTextIndex(db);
+    type("all in the index");
     window.close();
 }
 
@@ -301,23 +368,27 @@ void Read(const std::string& catalogue) {
 }  // namespace snippetarium::bench
 
 int main(int argumentCount, char* arguments[]) {
+    using namespace snippetarium::bench;
     const std::vector<std::string> given(arguments + 1, arguments + argumentCount);
     const std::string job = given.size() < 2 ? std::string() : given[0];
-    if (job != "import" && job != "choose" && job != "read") {
-        std::fprintf(
-            stderr,
-            "usage: bench_window_stalls import FOLDER... | choose FOLDER | read CATALOGUE\n");
-        return 2;
-    }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argumentCount, arguments);
     QApplication::setQuitOnLastWindowClosed(false);
     if (job == "read") {
-        snippetarium::bench::Read(given[1]);
+        Read(given[1], Reading::Everything);
+    } else if (job == "pages") {
+        Read(given[1], Reading::Pages);
+    } else if (job == "fresh") {
+        TypeAfterImport(given[1]);
     } else if (job == "choose") {
-        snippetarium::bench::ChooseFiles(given[1]);
+        ChooseFiles(given[1]);
+    } else if (job == "import") {
+        ImportAll({given.begin() + 1, given.end()});
     } else {
-        snippetarium::bench::ImportAll({given.begin() + 1, given.end()});
+        std::fprintf(stderr,
+                     "usage: bench_window_stalls import FOLDER... | choose FOLDER | "
+                     "read CATALOGUE | pages CATALOGUE | fresh FOLDER\n");
+        return 2;
     }
     return 0;
 }

@@ -11,7 +11,7 @@ namespace snippetarium {
 /// Lists of IDs that statements read as a table: tblTextCandidates(0) is the first of them, with
 /// one column, id.
 ///
-///     WHERE cd.codeID IN tblTextCandidates(0)
+///     FROM tblCode cd, tblTextCandidates(0) AS list WHERE list.id = cd.codeID
 ///
 /// Must live as long as the database.
 class CandidateTable {
@@ -24,7 +24,7 @@ class CandidateTable {
 
     void Install(sqlite3* database);
 
-    /// Returns the list's number.
+    /// Takes IDs in ascending order, each once. Returns the list's number.
     std::size_t Add(IDs ids) {
         lists_.push_back(std::move(ids));
         return lists_.size() - 1;

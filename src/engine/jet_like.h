@@ -67,6 +67,10 @@ class LikePattern {
     /// Texts of plain characters, folded, that every text holds which the pattern matches.
     std::vector<std::string> PlainRuns() const;
 
+    /// What stands between the "%"; the first must match at the text's beginning and the last at
+    /// its end.
+    const std::vector<LikeSegment>& Segments() const { return segments_; }
+
   private:
     std::vector<LikeSegment> segments_;
 };

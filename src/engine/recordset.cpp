@@ -1,5 +1,6 @@
 #include "engine/recordset.h"
 
+#include <algorithm>
 #include <bit>
 #include <utility>
 
@@ -7,6 +8,15 @@
 #include "support/case_fold.h"
 
 namespace snippetarium {
+
+namespace {
+
+/// Texts stand one behind the other up to so many bytes; a longer one stands alone.
+constexpr std::size_t kTextTogether = std::size_t{64} << 10U;
+/// A text's place: which of texts_ it stands in, and from which byte on.
+constexpr unsigned kOffsetBits = 32;
+
+}  // namespace
 
 Recordset::Recordset(Recordset&& other) noexcept {
     *this = std::move(other);
@@ -20,7 +30,7 @@ Recordset& Recordset::operator=(Recordset&& other) noexcept {
     rowCount_ = std::exchange(other.rowCount_, 0);
     columns_ = std::exchange(other.columns_, {});
     cells_ = std::exchange(other.cells_, {});
-    text_ = std::exchange(other.text_, {});
+    texts_ = std::exchange(other.texts_, {});
     return *this;
 }
 
@@ -57,7 +67,7 @@ Value Recordset::operator[](std::size_t column) const {
         throw EngineError(EngineErrorCode::NoCurrentRecord,
                           "There is no current record: the result is empty or read to its end.");
     }
-    const Cell& cell = cells_[row_ * columns_.size() + column];
+    const Cell& cell = CellAt(row_ * columns_.size() + column);
     switch (cell.kind) {
         case Value::Kind::Null:
             break;
@@ -66,9 +76,14 @@ Value Recordset::operator[](std::size_t column) const {
         case Value::Kind::Real:
             return Value::Real(std::bit_cast<double>(cell.payload));
         case Value::Kind::Text:
-            return Value::Text(std::string_view(text_).substr(cell.payload, cell.textSize));
+            return Value::Text(TextOf(cell));
     }
     return {};
+}
+
+std::string_view Recordset::TextOf(const Cell& cell) const {
+    const std::string_view together = texts_[cell.payload >> kOffsetBits];
+    return together.substr(static_cast<std::uint32_t>(cell.payload), cell.textSize);
 }
 
 RecordsetBuilder::RecordsetBuilder(std::vector<std::string> columns) {
@@ -76,31 +91,48 @@ RecordsetBuilder::RecordsetBuilder(std::vector<std::string> columns) {
     recordset_.columns_ = std::move(columns);
 }
 
+void RecordsetBuilder::Add(const Recordset::Cell& cell) {
+    auto& cells = recordset_.cells_;
+    if (cells.empty() || cells.back().size() == Recordset::kCellsTogether) {
+        cells.emplace_back();
+        // Most results are small, and so the first few fields take no more than they need.
+        if (cells.size() > 1) cells.back().reserve(Recordset::kCellsTogether);
+    }
+    cells.back().push_back(cell);
+    size_ += sizeof(cell) + cell.textSize;
+}
+
 void RecordsetBuilder::AddNull() {
-    recordset_.cells_.emplace_back();
+    Add({});
 }
 
 void RecordsetBuilder::AddInteger(std::int64_t integer) {
-    recordset_.cells_.push_back({std::bit_cast<std::uint64_t>(integer), 0, Value::Kind::Integer});
+    Add({std::bit_cast<std::uint64_t>(integer), 0, Value::Kind::Integer});
 }
 
 void RecordsetBuilder::AddReal(double real) {
-    recordset_.cells_.push_back({std::bit_cast<std::uint64_t>(real), 0, Value::Kind::Real});
+    Add({std::bit_cast<std::uint64_t>(real), 0, Value::Kind::Real});
 }
 
 void RecordsetBuilder::AddText(std::string_view text) {
-    recordset_.cells_.push_back(
-        {recordset_.text_.size(), static_cast<std::uint32_t>(text.size()), Value::Kind::Text});
-    recordset_.text_.append(text);
-}
-
-std::size_t RecordsetBuilder::Size() const {
-    return recordset_.cells_.size() * sizeof(Recordset::Cell) + recordset_.text_.size();
+    auto& texts = recordset_.texts_;
+    if (texts.empty() || texts.back().size() + text.size() > kTextTogether) {
+        texts.emplace_back();
+        if (texts.size() > 1) texts.back().reserve(std::max(kTextTogether, text.size()));
+    }
+    std::string& together = texts.back();
+    const std::uint64_t place = (texts.size() - 1) << kOffsetBits | together.size();
+    Add({place, static_cast<std::uint32_t>(text.size()), Value::Kind::Text});
+    together.append(text);
 }
 
 Recordset RecordsetBuilder::Take() {
     const std::size_t columns = recordset_.columns_.size();
-    recordset_.rowCount_ = columns == 0 ? 0 : recordset_.cells_.size() / columns;
+    const std::size_t cells = recordset_.cells_.empty()
+                                  ? 0
+                                  : (recordset_.cells_.size() - 1) * Recordset::kCellsTogether +
+                                        recordset_.cells_.back().size();
+    recordset_.rowCount_ = columns == 0 ? 0 : cells / columns;
     return std::move(recordset_);
 }
 

@@ -46,19 +46,27 @@ class Recordset {
   private:
     friend class RecordsetBuilder;
 
-    /// Sixteen bytes a field; the texts of all rows stand one behind the other in text_.
+    /// Sixteen bytes a field. For a text the payload says where it stands in texts_.
     struct Cell {
         std::uint64_t payload = 0;
         std::uint32_t textSize = 0;
         Value::Kind kind = Value::Kind::Null;
     };
+    /// So many fields stand in one of cells_, but for the last. A result may have millions of them;
+    /// in one row they would be copied again and again as they become more.
+    static constexpr std::size_t kCellsTogether = 4096;
+
+    const Cell& CellAt(std::size_t index) const {
+        return cells_[index / kCellsTogether][index % kCellsTogether];
+    }
+    std::string_view TextOf(const Cell& cell) const;
 
     bool isOpen_ = false;
     std::size_t row_ = 0;
     std::size_t rowCount_ = 0;
     std::vector<std::string> columns_;
-    std::vector<Cell> cells_;
-    std::string text_;
+    std::vector<std::vector<Cell>> cells_;
+    std::vector<std::string> texts_;
 };
 
 /// Fills a recordset field by field, row after row.
@@ -70,12 +78,15 @@ class RecordsetBuilder {
     void AddReal(double real);
     void AddText(std::string_view text);
     /// The bytes that the fields take so far.
-    std::size_t Size() const;
+    std::size_t Size() const { return size_; }
     /// The finished recordset, at its first row. The builder is empty afterwards.
     Recordset Take();
 
   private:
+    void Add(const Recordset::Cell& cell);
+
     Recordset recordset_;
+    std::size_t size_ = 0;
 };
 
 }  // namespace snippetarium

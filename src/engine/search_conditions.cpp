@@ -118,6 +118,11 @@ bool SelectReader::ReadFrom(Tokens from) {
     }
     for (std::size_t i = 0; i < from.size(); ++i)
         AddLink(from, i);
+    const auto isBetweenTables = [](const SqlToken& token) {
+        return token.IsWord("JOIN") || token.Is(',');
+    };
+    const auto tables = 1 + static_cast<std::size_t>(std::ranges::count_if(from, isBetweenTables));
+    select_.hasOtherTables = tables != select_.sources.size();
     // An alias that two tables have means neither.
     for (const SearchSelect::Source& source : select_.sources) {
         if (std::ranges::count_if(select_.sources, [&](const SearchSelect::Source& other) {
@@ -259,6 +264,7 @@ std::optional<SearchSelect> ReadSelect(Tokens tokens, std::span<const IndexedTab
     SelectReader reader(tables, select);
     if (isUnfamiliar || !reader.ReadFrom(tokens.subspan(from + 1, where - from - 1)))
         return std::nullopt;
+    select.whereBegin = tokens[where].offset;
     select.conditionBegin = condition.front().offset;
     select.conditionEnd = condition.back().EndOffset();
     select.condition = reader.ReadCondition(condition);

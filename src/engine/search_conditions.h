@@ -54,10 +54,15 @@ struct SearchSelect {
         std::size_t parent = 0;
     };
 
-    /// Where the condition behind WHERE begins and ends in the statement, in bytes.
+    /// Where the word WHERE begins in the statement, and where the condition behind it begins and
+    /// ends, in bytes.
+    std::size_t whereBegin = 0;
     std::size_t conditionBegin = 0;
     std::size_t conditionEnd = 0;
+    /// The tables of FROM that are indexed.
     std::vector<Source> sources;
+    /// Whether FROM has others, too.
+    bool hasOtherTables = false;
     std::vector<Link> links;
     SearchCondition condition;
 };
@@ -65,7 +70,8 @@ struct SearchSelect {
 /// Takes a SELECT of the catalogue's dialect apart, joined by UNION or alone. It returns those
 /// SELECTs that ask for texts of indexed columns, and leaves out all that it does not fully
 /// understand. For such a SELECT, "(condition)" may be replaced by "restriction AND (condition)"
-/// wherever the restriction follows from the condition.
+/// wherever the restriction follows from the condition, and another table may be joined in front of
+/// WHERE.
 std::vector<SearchSelect> ReadSearchSelects(std::string_view statement,
                                             std::span<const IndexedTable> tables);
 

@@ -8,6 +8,7 @@
 #include "engine/collation.h"
 #include "engine/engine_error.h"
 #include "engine/joined_log.h"
+#include "engine/page_cache.h"
 
 namespace snippetarium {
 
@@ -148,6 +149,7 @@ void ThrowEngineError(sqlite3* database, int resultCode) {
 
 DatabaseHandle OpenDatabase(const std::string& path, OpenFlag flag) {
     const std::string address = flag == OpenFlag::ReadUnchanging ? ImmutableAddress(path) : path;
+    InstallPageCacheLayer();
     sqlite3* opened = nullptr;
     const int result =
         sqlite3_open_v2(address.c_str(), &opened, LibraryFlags(flag), JoinedLogLayer());

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <numeric>
 #include <optional>
 
 #include "engine/engine_error.h"
@@ -15,6 +16,7 @@ namespace snippetarium {
 namespace {
 
 constexpr std::size_t kKeptStatements = 48;
+constexpr std::int64_t kRowsInOneGo = 64;
 
 std::string Compare(const IndexedTable& table, unsigned column, TextComparison comparison) {
     return std::string(table.columns[column]) +
@@ -61,18 +63,22 @@ std::pair<const IndexedTable*, unsigned> TextLookup::Find(const TextColumn& colu
     return {nullptr, 0};
 }
 
-std::vector<std::int64_t> TextLookup::WaitingRows(const IndexedTable& table, unsigned column,
-                                                  TextComparison comparison,
-                                                  const std::string& pattern,
-                                                  const TextExtent& extent) {
-    const std::string compare = Compare(table, column, comparison);
+std::vector<std::int64_t> TextLookup::NewRows(const IndexedTable& table, std::int64_t behind) {
     const std::string idColumn(table.idColumn);
-    const std::int64_t numbers[] = {extent.indexedTo, table.number};
+    const std::int64_t numbers[] = {behind, kRowsInOneGo};
     std::vector<std::int64_t> ids;
-    ReadIDs(SelectIDs(table) + idColumn + " > ?1 AND " + compare, numbers, &pattern, ids);
-    ReadIDs(SelectIDs(table) + idColumn +
-                " IN (SELECT ownerID FROM tblTextDirty WHERE ownerTableID = ?2) AND " + compare,
-            numbers, &pattern, ids);
+    ReadIDs(SelectIDs(table) + idColumn + " > ?1 ORDER BY " + idColumn + " LIMIT ?2", numbers,
+            nullptr, ids);
+    return ids;
+}
+
+std::vector<std::int64_t> TextLookup::ChangedRows(const IndexedTable& table, std::int64_t behind) {
+    const std::int64_t numbers[] = {behind, kRowsInOneGo, table.number};
+    std::vector<std::int64_t> ids;
+    ReadIDs(
+        "SELECT ownerID FROM tblTextDirty WHERE ownerTableID = ?3 AND ownerID > ?1 "
+        "ORDER BY ownerID LIMIT ?2",
+        numbers, nullptr, ids);
     return ids;
 }
 
@@ -84,6 +90,28 @@ std::vector<std::int64_t> TextLookup::Check(const IndexedTable& table, unsigned 
     ReadIDs(SelectIDs(table) + std::string(table.idColumn) + " IN tblTextCandidates(?1) AND " +
                 Compare(table, column, comparison),
             numbers, &pattern, ids);
+    return ids;
+}
+
+std::vector<std::int64_t> TextLookup::Read(const IndexedTable& table, unsigned column,
+                                           TextComparison comparison, const std::string& pattern) {
+    std::vector<std::int64_t> ids;
+    ReadIDs(SelectIDs(table) + Compare(table, column, comparison), {}, &pattern, ids);
+    return ids;
+}
+
+TextCandidates TextLookup::EveryID(const IndexedTable& table) {
+    const TextExtent extent = ReadExtent(table);
+    std::int64_t indexed = 0;
+    for (const TextExtent::Segment& segment : extent.segments)
+        indexed += segment.rows;
+    std::vector<std::int64_t> ids;
+    ReadIDs("SELECT max(" + std::string(table.idColumn) + ") FROM " + std::string(table.name), {},
+            nullptr, ids);
+    const std::int64_t highest = ids.front();
+    if (highest > 2 * indexed) return std::nullopt;
+    ids.resize(static_cast<std::size_t>(highest));
+    std::iota(ids.begin(), ids.end(), std::int64_t{1});
     return ids;
 }
 

@@ -58,6 +58,13 @@ class TextLookup {
     std::vector<std::int64_t> Check(const IndexedTable& table, unsigned column,
                                     TextComparison comparison, const std::string& pattern,
                                     std::vector<std::int64_t> candidates);
+    /// The rows for which the comparison holds; reads them all.
+    std::vector<std::int64_t> Read(const IndexedTable& table, unsigned column,
+                                   TextComparison comparison, const std::string& pattern);
+    /// All numbers up to the highest ID, for a table whose rows are going to be read all, or nearly
+    /// all: in the order of their IDs they are read as they lie in the file. Nothing where most of
+    /// these numbers would be none of a row, or nobody knows.
+    TextCandidates EveryID(const IndexedTable& table);
     /// The rows of a table that belong to these rows of its parent.
     std::vector<std::int64_t> ChildrenOf(const IndexedTable& table,
                                          std::vector<std::int64_t> parents);
@@ -70,10 +77,10 @@ class TextLookup {
     /// The column's table, null where it is not indexed, and its number there.
     std::pair<const IndexedTable*, unsigned> Find(const TextColumn& column) const;
     TextExtent ReadExtent(const IndexedTable& table);
-    /// The rows that are in no segment, or not as they are now, and that hold the text.
-    std::vector<std::int64_t> WaitingRows(const IndexedTable& table, unsigned column,
-                                          TextComparison comparison, const std::string& pattern,
-                                          const TextExtent& extent);
+    /// The first of the rows that are in no segment, and of those that were changed since they
+    /// went into one, with IDs above this one: no more than may be looked at in one go.
+    std::vector<std::int64_t> NewRows(const IndexedTable& table, std::int64_t behind);
+    std::vector<std::int64_t> ChangedRows(const IndexedTable& table, std::int64_t behind);
     /// About how many bytes the list of a key has; nothing where it has none. A list that had to be
     /// read for this is handed over.
     std::optional<std::size_t> SizeOfList(const TextExtent::Segment& segment, TextKey key,

@@ -6,6 +6,7 @@
 
 #include "engine/engine_error.h"
 #include "engine/jet_like.h"
+#include "engine/pattern_trigrams.h"
 #include "engine/posting_list.h"
 #include "engine/text_lookup.h"
 
@@ -15,6 +16,8 @@ namespace {
 
 /// What a look for a list costs, if there is none.
 constexpr std::size_t kCostOfLook = 2'000;
+/// What it costs to read a text, about: it may be a word or 64,000 characters.
+constexpr std::size_t kCostOfRow = 4'096;
 /// A scan that had to begin so often does all the rest with one piece.
 constexpr int kMostBeginnings = 4;
 
@@ -47,9 +50,13 @@ TextScan::TextScan(const TextColumn& column, std::string_view literal, ShortText
 
 TextScan::TextScan(const TextColumn& column, TextComparison comparison, std::string pattern)
     : column_(column), comparison_(comparison), pattern_(std::move(pattern)) {
-    trigrams_ =
-        TrigramsOf(comparison_ == TextComparison::Like ? LikePattern(pattern_).PlainRuns()
-                                                       : std::vector<std::string>{pattern_});
+    const LikePattern like(comparison_ == TextComparison::Like ? pattern_
+                                                               : PatternOfLiteral(pattern_));
+    trigrams_ = TrigramChoicesOf(like);
+    if (!trigrams_.empty()) return;
+    const std::vector<std::string> runs = like.PlainRuns();
+    for (auto run = runs.begin(); !pair_ && run != runs.end(); ++run)
+        pair_ = PairOf(*run);
 }
 
 TextCandidates TextScan::Candidates() const {
@@ -93,16 +100,20 @@ void TextScan::Begin() {
     ++beginnings_;
     rows_ = IdSet();
     segment_ = 0;
-    lists_.clear();
+    choices_.clear();
     common_.reset();
-    stage_ = Stage::WaitingRows;
+    lastWaiting_ = extent_.indexedTo;
+    stage_ = Stage::NewRows;
     if (!extent_.isThere) GiveUp();
 }
 
 void TextScan::AdvanceStage(TextLookup& lookup) {
     switch (stage_) {
-        case Stage::WaitingRows:
-            AddWaitingRows(lookup);
+        case Stage::NewRows:
+            LookAtNewRows(lookup);
+            return;
+        case Stage::ChangedRows:
+            LookAtChangedRows(lookup);
             return;
         case Stage::NextSegment:
             if (segment_ == extent_.segments.size()) {
@@ -114,7 +125,7 @@ void TextScan::AdvanceStage(TextLookup& lookup) {
             }
             return;
         case Stage::Lists:
-            FollowNextList(lookup);
+            FollowNextChoice(lookup);
             return;
         case Stage::Begin:
         case Stage::Done:
@@ -122,50 +133,73 @@ void TextScan::AdvanceStage(TextLookup& lookup) {
     }
 }
 
-void TextScan::AddWaitingRows(TextLookup& lookup) {
+void TextScan::LookAtNewRows(TextLookup& lookup) {
+    const std::vector<std::int64_t> rows = lookup.NewRows(*table_, lastWaiting_);
+    if (!rows.empty()) return LookAt(lookup, rows);
+    lastWaiting_ = 0;
+    stage_ = Stage::ChangedRows;
+}
+
+void TextScan::LookAtChangedRows(TextLookup& lookup) {
+    const std::vector<std::int64_t> rows = lookup.ChangedRows(*table_, lastWaiting_);
+    if (!rows.empty()) return LookAt(lookup, rows);
     stage_ = Stage::NextSegment;
+}
+
+/// Reads the texts of rows of which no segment tells what they hold.
+void TextScan::LookAt(TextLookup& lookup, std::vector<std::int64_t> rows) {
+    lastWaiting_ = rows.back();
+    bytesRead_ += rows.size() * kCostOfRow;
+    if (rows.back() > std::numeric_limits<std::int32_t>::max()) return GiveUp();
     for (const std::int64_t id :
-         lookup.WaitingRows(*table_, columnNumber_, comparison_, pattern_, extent_)) {
-        if (id > std::numeric_limits<std::int32_t>::max()) return GiveUp();
+         lookup.Check(*table_, columnNumber_, comparison_, pattern_, std::move(rows))) {
         if (id > 0) rows_.Add(static_cast<std::int32_t>(id));
     }
 }
 
-/// Finds the lists of a segment, to follow the shortest first. Where one is missing, no row of the
-/// segment has the text.
+/// Finds the lists of a segment, to follow the shortest first. Where all of a choice are missing,
+/// no row of the segment has the text.
 void TextScan::FindLists(TextLookup& lookup) {
-    lists_.clear();
+    choices_.clear();
     common_.reset();
-    for (const Trigram trigram : trigrams_) {
-        List list{.key = TextKeyOf(columnNumber_, trigram)};
-        bytesRead_ += kCostOfLook;
-        const auto size = lookup.SizeOfList(Segment(), list.key, list.postings);
-        if (!size) {
-            lists_.clear();
-            ++segment_;
-            return;
-        }
-        list.size = *size;
-        lists_.push_back(std::move(list));
+    for (const std::vector<Trigram>& trigrams : trigrams_) {
+        choices_.push_back(FindChoice(lookup, trigrams));
+        if (!choices_.back().lists.empty()) continue;
+        choices_.clear();
+        ++segment_;
+        return;
     }
-    std::ranges::sort(lists_, std::ranges::greater(), &List::size);
+    std::ranges::sort(choices_, std::ranges::greater(), &Choice::size);
     stage_ = Stage::Lists;
 }
 
-void TextScan::FollowNextList(TextLookup& lookup) {
-    List list = std::move(lists_.back());
-    lists_.pop_back();
-    if (!list.postings) list.postings = lookup.ReadList(Segment(), list.key);
-    bytesRead_ += list.size;
+TextScan::Choice TextScan::FindChoice(TextLookup& lookup, const std::vector<Trigram>& trigrams) {
+    Choice choice;
+    for (const Trigram trigram : trigrams) {
+        List list{.key = TextKeyOf(columnNumber_, trigram)};
+        bytesRead_ += kCostOfLook;
+        const auto size = lookup.SizeOfList(Segment(), list.key, list.postings);
+        if (!size) continue;
+        choice.size += *size;
+        choice.lists.push_back(std::move(list));
+    }
+    return choice;
+}
+
+void TextScan::FollowNextChoice(TextLookup& lookup) {
+    const Choice choice = std::move(choices_.back());
+    choices_.pop_back();
     IdSet rows;
-    Add(*list.postings, rows);
+    for (const List& list : choice.lists)
+        Add(list.postings ? *list.postings : lookup.ReadList(Segment(), list.key), rows);
+    bytesRead_ += choice.size;
     if (common_) {
         common_->KeepCommon(rows);
     } else {
         common_ = std::move(rows);
     }
     const std::size_t left = common_->Count();
-    if (!lists_.empty() && left > 0 && IsWorthReading(lists_.back().size, left)) return;
+    if (!choices_.empty() && left > 0 && IsWorthReading(choices_.back().size, left)) return;
     rows_.Merge(*common_);
     ++segment_;
     stage_ = Stage::NextSegment;

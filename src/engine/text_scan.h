@@ -45,9 +45,9 @@ enum class ShortTexts : std::uint8_t {
 
 // Of a word that most rows have, each list is as long as the table: to look it up takes many
 // milliseconds, which nobody may wait for who types. So a scan goes from segment to segment and
-// list to list in pieces. Nothing is held between two pieces, and the index may be changed there:
-// what is seen of it is compared with what was seen before, and if segments came or went, the scan
-// begins anew.
+// list to list in pieces, and so it does through rows that are in no segment yet. Nothing is held
+// between two pieces, and the index may be changed there: what is seen of it is compared with what
+// was seen before, and if segments came or went, the scan begins anew.
 
 /// Looks a text up in the index of one column, piece by piece (Connection::Advance).
 ///
@@ -79,20 +79,27 @@ class TextScan {
 
   private:
     using Pair = std::array<char32_t, 2>;
-    enum class Stage : std::uint8_t { Begin, WaitingRows, NextSegment, Lists, Done };
+    enum class Stage : std::uint8_t { Begin, NewRows, ChangedRows, NextSegment, Lists, Done };
     /// A list of the segment that is looked at; its bytes where they had to be read to find it.
     struct List {
         TextKey key = 0;
-        std::size_t size = 0;
         std::optional<std::string> postings = {};
+    };
+    /// The lists of trigrams of which a row must have one, and how many bytes they are together.
+    struct Choice {
+        std::vector<List> lists;
+        std::size_t size = 0;
     };
 
     void AdvanceStage(TextLookup& lookup);
     void Begin();
     void GiveUp();
-    void AddWaitingRows(TextLookup& lookup);
+    void LookAtNewRows(TextLookup& lookup);
+    void LookAtChangedRows(TextLookup& lookup);
+    void LookAt(TextLookup& lookup, std::vector<std::int64_t> rows);
     void FindLists(TextLookup& lookup);
-    void FollowNextList(TextLookup& lookup);
+    Choice FindChoice(TextLookup& lookup, const std::vector<Trigram>& trigrams);
+    void FollowNextChoice(TextLookup& lookup);
     void FollowPair(TextLookup& lookup);
     void AddBehind(TextLookup& lookup, const Pair& pair, IdSet& rows);
     void AddBefore(TextLookup& lookup, const Pair& pair, IdSet& rows);
@@ -104,8 +111,9 @@ class TextScan {
     TextColumn column_;
     TextComparison comparison_ = TextComparison::Like;
     std::string pattern_;
-    std::vector<Trigram> trigrams_;
-    /// The literal, where it has two characters.
+    /// A row that has the text has one trigram of each of these.
+    std::vector<std::vector<Trigram>> trigrams_;
+    /// What is looked for, or a part of it, where that is no longer than two characters.
     std::optional<Pair> pair_;
     ShortTexts shortTexts_ = ShortTexts::AreFound;
     std::size_t piece_ = kPiece;
@@ -116,9 +124,11 @@ class TextScan {
     const IndexedTable* table_ = nullptr;
     unsigned columnNumber_ = 0;
     TextExtent extent_;
+    /// The last of the rows outside of segments that was looked at.
+    std::int64_t lastWaiting_ = 0;
     std::size_t segment_ = 0;
     /// Those that are still to be followed, the shortest last.
-    std::vector<List> lists_;
+    std::vector<Choice> choices_;
     /// What is common to the lists that were.
     std::optional<IdSet> common_;
     /// What was read of the index with this piece.

@@ -75,8 +75,4 @@ class DistinctTrigrams {
     std::vector<Trigram> found_;
 };
 
-/// The trigrams that every text holds which holds all these: each once, in ascending order. Empty
-/// where none of them has three characters.
-std::vector<Trigram> TrigramsOf(const std::vector<std::string>& literals);
-
 }  // namespace snippetarium

@@ -42,7 +42,7 @@ ColouredText::ColouredText(QWidget* parent)
     : QPlainTextEdit(parent), numbers_(new LineNumbers(this)) {
     work_.setInterval(0);
     connect(&work_, &QTimer::timeout, this, [this] { WorkFor(kNextStep); });
-    connect(this, &QPlainTextEdit::blockCountChanged, this, &ColouredText::PlaceNumbers);
+    connect(this, &QPlainTextEdit::blockCountChanged, this, &ColouredText::MakeMargin);
     connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect& area, int dy) {
         if (dy != 0) {
             numbers_->scroll(0, dy);
@@ -55,11 +55,26 @@ ColouredText::ColouredText(QWidget* parent)
 void ColouredText::ShowText(std::string text, std::int32_t languageID,
                             std::span<const TextRange> skipped) {
     Begin(std::move(text), languageID, skipped);
-    setPlainText(ToQt(text_));
-    PlaceNumbers();
+    const QString shown = ToQt(text_);
+    MakeRoomFor(shown);
+    setPlainText(shown);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     if (text_.size() <= kColouredAtOnce) return Resume(kFirstStep);
     isSuspended_ = false;
     work_.start();
+}
+
+/// A margin or a scroll bar that comes when the text is there makes the control lay out a second
+/// time all that can be seen. So both are there before, while nothing is.
+void ColouredText::MakeRoomFor(const QString& text) {
+    if (!document()->isEmpty()) clear();
+    auto lines = text.count('\n') + 1;
+    MakeMargin(static_cast<int>(lines));
+    const QSize room = viewport()->size();
+    if (lineWrapMode() != QPlainTextEdit::NoWrap)
+        lines += text.size() * fontMetrics().averageCharWidth() / std::max(room.width(), 1);
+    if (lines * fontMetrics().lineSpacing() > room.height())
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
 }
 
 void ColouredText::Recolour(std::string text, std::int32_t languageID) {
@@ -79,7 +94,7 @@ void ColouredText::Resume(std::chrono::milliseconds time) {
 
 void ColouredText::SetNumbered(bool isNumbered) {
     isNumbered_ = isNumbered;
-    PlaceNumbers();
+    MakeMargin(blockCount());
 }
 
 void ColouredText::Begin(std::string text, std::int32_t languageID,
@@ -137,16 +152,17 @@ QList<QTextLayout::FormatRange> ColouredText::FormatsOf(const TextRange& line,
     return formats;
 }
 
-int ColouredText::NumbersWidth() const {
-    if (!isNumbered_) return 0;
-    const auto digits = static_cast<int>(std::to_string(std::max(blockCount(), 10)).size());
-    return digits * fontMetrics().horizontalAdvance('9') + 2 * kNumbersMargin;
+void ColouredText::MakeMargin(int lines) {
+    const auto digits = static_cast<int>(std::to_string(std::max(lines, 10)).size());
+    const int width =
+        isNumbered_ ? digits * fontMetrics().horizontalAdvance('9') + 2 * kNumbersMargin : 0;
+    setViewportMargins(width, 0, 0, 0);
+    PlaceNumbers();
 }
 
 void ColouredText::PlaceNumbers() {
-    const int width = NumbersWidth();
-    setViewportMargins(width, 0, 0, 0);
     const QRect area = contentsRect();
+    const int width = viewportMargins().left();
     numbers_->setGeometry(area.left(), area.top(), width, viewport()->height());
     numbers_->setVisible(width > 0);
 }
@@ -174,7 +190,7 @@ void ColouredText::resizeEvent(QResizeEvent* event) {
 
 void ColouredText::changeEvent(QEvent* event) {
     QPlainTextEdit::changeEvent(event);
-    if (event->type() == QEvent::FontChange) PlaceNumbers();
+    if (event->type() == QEvent::FontChange) MakeMargin(blockCount());
     if (event->type() != QEvent::PaletteChange) return;
     ++round_;
     ColourVisible();

@@ -24,7 +24,6 @@ class ColouredText : public QPlainTextEdit {
 
     /// For the margin with the numbers.
     void PaintNumbers(QPaintEvent* event);
-    int NumbersWidth() const;
 
   protected:
     /// Shows this text, whose lines end in LF. `skipped` as the highlighter takes it.
@@ -55,6 +54,8 @@ class ColouredText : public QPlainTextEdit {
     void WorkFor(std::chrono::milliseconds time);
     void ColourVisible();
     bool Colour(const QTextBlock& block);
+    void MakeRoomFor(const QString& text);
+    void MakeMargin(int lines);
     void PlaceNumbers();
 
     std::string text_;

@@ -66,10 +66,12 @@ void fPage::ShowPage(const NodeIDs& node) {
                         page.links == page_.links && page.languageID == page_.languageID;
     page_ = std::move(page);
     if (page_.node != NodeIDs{}) history_.Visit(page_.node);
-    ui_->lblHeading->setText(HeadingHtml());
+    ui_->lblHeading->ShowHtml(HeadingHtml());
     ui_->lblHeading->setVisible(page_.node != NodeIDs{});
     ui_->lineHeading->setVisible(page_.node != NodeIDs{});
     if (isSame) return;
+    // Another heading leaves the text another height, which it is to have before it is laid out.
+    ui_->layout->activate();
     ui_->txtPage->ShowPage(page_);
     MarkWords({});
 }
@@ -89,7 +91,7 @@ void fPage::changeEvent(QEvent* event) {
     if (event->type() != QEvent::PaletteChange) return;
     // The colour of links is part of the text that was laid out.
     ui_->lblHeading->clear();
-    ui_->lblHeading->setText(HeadingHtml());
+    ui_->lblHeading->ShowHtml(HeadingHtml());
 }
 
 QPlainTextEdit& fPage::Text() const {

@@ -4,11 +4,25 @@
 #include <QMouseEvent>
 #include <QTextBlock>
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "forms/qt_text.h"
 
 namespace snippetarium {
+
+namespace {
+
+/// Shaping puts accents on their letters and joins those of some scripts. ASCII has nothing of
+/// that, and without it a line is laid out in half the time.
+QFont WithShapingFor(std::string_view text, QFont font) {
+    const bool isAscii = std::ranges::all_of(
+        text, [](char byte) { return static_cast<unsigned char>(byte) < 0x80U; });
+    font.setStyleStrategy(isAscii ? QFont::PreferNoShaping : QFont::PreferDefault);
+    return font;
+}
+
+}  // namespace
 
 PageText::PageText(QWidget* parent) : ColouredText(parent) {
     viewport()->setMouseTracking(true);
@@ -16,10 +30,13 @@ PageText::PageText(QWidget* parent) : ColouredText(parent) {
 
 void PageText::ShowPage(const Page& page) {
     pressed_ = nullptr;
+    // What is not there any more is not laid out anew for another margin.
+    clear();
     links_ = page.links;
     std::vector<TextRange> markers;
     for (const PageLink& link : links_)
         markers.push_back(link.range);
+    setFont(WithShapingFor(page.text, font()));
     SetNumbered(page.languageID != 0);
     ShowText(page.text, page.languageID, markers);
 }

@@ -128,33 +128,43 @@ bool HighlightQuery::Condition::Holds(std::string_view text) const {
     return pattern ? pattern->Matches(text) : text == equal;
 }
 
-const HighlightQuery& HighlightQuery::Of(HighlightGrammar grammar) {
+const HighlightQuery* HighlightQuery::Of(HighlightGrammar grammar, std::chrono::microseconds wait) {
+    const std::shared_future<HighlightQuery>& compilation = CompilationOf(grammar);
+    if (compilation.wait_for(wait) != std::future_status::ready) return nullptr;
+    return &compilation.get();
+}
+
+std::shared_future<HighlightQuery> HighlightQuery::Compile(HighlightGrammar grammar) {
+    return std::async(std::launch::async, [grammar] { return HighlightQuery(grammar); });
+}
+
+const std::shared_future<HighlightQuery>& HighlightQuery::CompilationOf(HighlightGrammar grammar) {
     switch (grammar) {
         case HighlightGrammar::C: {
-            static const HighlightQuery kQuery(HighlightGrammar::C);
-            return kQuery;
+            static const auto kCompilation = Compile(HighlightGrammar::C);
+            return kCompilation;
         }
         case HighlightGrammar::Cpp: {
-            static const HighlightQuery kQuery(HighlightGrammar::Cpp);
-            return kQuery;
+            static const auto kCompilation = Compile(HighlightGrammar::Cpp);
+            return kCompilation;
         }
         case HighlightGrammar::Java: {
-            static const HighlightQuery kQuery(HighlightGrammar::Java);
-            return kQuery;
+            static const auto kCompilation = Compile(HighlightGrammar::Java);
+            return kCompilation;
         }
         case HighlightGrammar::CSharp: {
-            static const HighlightQuery kQuery(HighlightGrammar::CSharp);
-            return kQuery;
+            static const auto kCompilation = Compile(HighlightGrammar::CSharp);
+            return kCompilation;
         }
         case HighlightGrammar::JavaScript: {
-            static const HighlightQuery kQuery(HighlightGrammar::JavaScript);
-            return kQuery;
+            static const auto kCompilation = Compile(HighlightGrammar::JavaScript);
+            return kCompilation;
         }
         case HighlightGrammar::Html:
             break;
     }
-    static const HighlightQuery kQuery(HighlightGrammar::Html);
-    return kQuery;
+    static const auto kCompilation = Compile(HighlightGrammar::Html);
+    return kCompilation;
 }
 
 HighlightQuery::HighlightQuery(HighlightGrammar grammar) : language_(LanguageOf(grammar)) {

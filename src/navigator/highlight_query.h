@@ -2,7 +2,9 @@
 
 #include <tree_sitter/api.h>
 
+#include <chrono>
 #include <cstdint>
+#include <future>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,8 +20,9 @@ namespace snippetarium {
 /// library finds the nodes; the conditions about their texts (#match?, #eq?) are tested here.
 class HighlightQuery {
   public:
-    /// Compiled at its first use, which takes some milliseconds, and kept.
-    static const HighlightQuery& Of(HighlightGrammar grammar);
+    /// Compiled at its first use and kept. That takes up to 50 milliseconds of a thread of its own;
+    /// nothing where it is not done when the caller has waited this long.
+    static const HighlightQuery* Of(HighlightGrammar grammar, std::chrono::microseconds wait);
 
     const TSLanguage* Language() const { return language_; }
     const TSQuery* Get() const { return query_.get(); }
@@ -42,6 +45,8 @@ class HighlightQuery {
     };
 
     explicit HighlightQuery(HighlightGrammar grammar);
+    static std::shared_future<HighlightQuery> Compile(HighlightGrammar grammar);
+    static const std::shared_future<HighlightQuery>& CompilationOf(HighlightGrammar grammar);
     void ReadConditions();
     void ReadKinds();
 

@@ -90,6 +90,8 @@ class TreeHighlighting final : public Highlighter::Engine {
 
     bool Work(std::chrono::microseconds time) override {
         if (isDone_) return true;
+        if (query_ == nullptr) query_ = HighlightQuery::Of(grammar_, time);
+        if (query_ == nullptr) return false;
         const auto start = std::chrono::steady_clock::now();
         if (!parser_ && !Begin()) return isDone_ = true;
         const auto turn = std::max(time, kShortestTurn);
@@ -125,7 +127,6 @@ class TreeHighlighting final : public Highlighter::Engine {
         const bool isTangled = grammar_ == HighlightGrammar::Html ? HasTooManyOpenElements(text_)
                                                                   : IsTooUnfinished(text_, {});
         if (isTangled) return false;
-        query_ = &HighlightQuery::Of(grammar_);
         parser_.reset(ts_parser_new());
         memoryBefore_ = MemoryInUse();
         return ts_parser_set_language(parser_.get(), query_->Language());

@@ -16,7 +16,10 @@ namespace snippetarium {
 /// change of a name that was read ahead is not seen.
 class BlockWalk {
   public:
-    explicit BlockWalk(const QuickPlan& plan) : plan_(plan) { Enter(); }
+    explicit BlockWalk(const QuickPlan& plan, QuickKind from = QuickKind::Application)
+        : plan_(plan), level_(static_cast<std::size_t>(from)) {
+        Enter();
+    }
 
     bool IsAtEnd() const { return level_ == kQuickKinds; }
     QuickKind Kind() const { return static_cast<QuickKind>(level_); }
@@ -34,19 +37,19 @@ class BlockWalk {
 
   private:
     /// More and more at a time, so that what the first block has is there at once.
-    static constexpr std::int32_t kMostAhead = 32;
+    static constexpr std::int32_t kMostAhead = 16;
 
     void Enter() {
         if (!IsAtEnd()) block_ = plan_.newestBlock[level_];
     }
     void ReadAhead() {
-        read_ = NameBlock::Read(plan_.db, Kind(), block_, std::max(0, block_ - ahead_ + 1));
+        NameBlock::Read(plan_.db, Kind(), block_, std::max(0, block_ - ahead_ + 1), read_);
         next_ = 0;
         ahead_ = std::min(2 * ahead_, kMostAhead);
     }
 
     const QuickPlan& plan_;
-    std::size_t level_ = 0;
+    std::size_t level_;
     std::int32_t block_ = 0;
     std::vector<NameBlock> read_;  // read_[next_] is the one of block_
     std::size_t next_ = 0;

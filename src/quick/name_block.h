@@ -19,10 +19,14 @@ class NameBlock {
     /// From tblNameBlock, or from the level's own table where the block is not there or cannot be
     /// read.
     static NameBlock Read(Database& db, QuickKind kind, std::int32_t block);
-    /// The blocks from `newest` down to `oldest`, in this order: to find the place of the first
-    /// takes as long as to read ten.
-    static std::vector<NameBlock> Read(Database& db, QuickKind kind, std::int32_t newest,
-                                       std::int32_t oldest);
+    /// Fills a list with the blocks from `newest` down to `oldest`, in this order: to find the
+    /// place of the first takes as long as to read some more. What the list held is replaced, so
+    /// that its memory is used again.
+    static void Read(Database& db, QuickKind kind, std::int32_t newest, std::int32_t oldest,
+                     std::vector<NameBlock>& blocks);
+
+    /// Nothing yet.
+    NameBlock() = default;
 
     /// All names, a line break between two.
     const std::string& Names() const { return names_; }
@@ -40,8 +44,7 @@ class NameBlock {
     }
 
   private:
-    explicit NameBlock(std::int32_t block) : firstID_(block * kIDsInBlock) {}
-
+    void Reset(std::int32_t block);
     bool IsWhole() const;
     void ReadTable(Database& db, QuickKind kind);
 

@@ -1,20 +1,18 @@
 #pragma once
 
-#include <string>
-
+#include "quick/plan.h"
 #include "quick/work.h"
 
 namespace snippetarium {
 
-class Database;
+/// What the catalogue's index on the names of procedures knows of an entry.
+struct NamesInIndex {
+    /// The procedures that are exactly a word of the entry, a parameter list aside, best first.
+    FoundRows exact;
+    /// The best tier that any other procedure can have: ExactName, NamePrefix or WordStart.
+    QuickTier bestOfOthers = QuickTier::ExactName;
+};
 
-// What the catalogue's index on the names of procedures knows.
-
-/// Adds the procedures whose names may be the word, a parameter list aside. False where they are
-/// too many to be read at once.
-bool FindExactNames(Database& db, const std::string& word, FoundRows& found);
-
-/// True where the name of a procedure begins so.
-bool HasNameThatBegins(Database& db, const std::string& beginning);
+NamesInIndex AskNameIndex(const QuickPlan& plan);
 
 }  // namespace snippetarium

@@ -1,5 +1,7 @@
 #include "quick/name_match.h"
 
+#include <array>
+
 #include "support/case_fold.h"
 #include "support/utf8.h"
 
@@ -9,11 +11,20 @@ namespace {
 
 enum class LetterKind : std::uint8_t { None, Digit, Small, Capital, Other };
 
-LetterKind KindOf(char32_t character) {
-    if (character >= '0' && character <= '9') return LetterKind::Digit;
-    if (character >= 'a' && character <= 'z') return LetterKind::Small;
-    if (character >= 'A' && character <= 'Z') return LetterKind::Capital;
-    if (character < 0x80) return LetterKind::None;
+constexpr std::size_t kAsciiCharacters = 0x80;
+
+constexpr std::array<LetterKind, kAsciiCharacters> kAsciiKinds = [] {
+    std::array<LetterKind, kAsciiCharacters> kinds{};
+    for (std::size_t i = '0'; i <= '9'; ++i)
+        kinds[i] = LetterKind::Digit;
+    for (std::size_t i = 'a'; i <= 'z'; ++i)
+        kinds[i] = LetterKind::Small;
+    for (std::size_t i = 'A'; i <= 'Z'; ++i)
+        kinds[i] = LetterKind::Capital;
+    return kinds;
+}();
+
+LetterKind KindOfForeign(char32_t character) {
     if (FoldCase(character) != character) return LetterKind::Capital;
     return OtherCases(character).empty() ? LetterKind::Other : LetterKind::Small;
 }
@@ -25,7 +36,8 @@ bool IsContinuation(char byte) {
 LetterKind KindAt(std::string_view name, std::size_t position) {
     if (position >= name.size()) return LetterKind::None;
     const auto byte = static_cast<unsigned char>(name[position]);
-    return KindOf(byte < 0x80 ? byte : DecodeUtf8(name, position));
+    if (byte < kAsciiCharacters) return kAsciiKinds[byte];
+    return KindOfForeign(DecodeUtf8(name, position));
 }
 
 LetterKind KindBefore(std::string_view name, std::size_t position) {
@@ -75,7 +87,26 @@ QuickTier TierOfPlace(std::string_view name, const ByteRange& place) {
     return IsWordStart(name, place.begin) ? QuickTier::WordStart : QuickTier::NamePart;
 }
 
+namespace {
+
+/// Of a pattern that is the same text wherever it stands.
+std::optional<NameMatch> MatchPlain(const WordPattern& pattern, std::string_view name) {
+    std::optional<NameMatch> best;
+    for (auto place = pattern.Find(name); place;) {
+        const QuickTier tier = TierOfPlace(name, *place);
+        if (!best || tier < best->tier) best = NameMatch{tier, *place};
+        if (tier <= QuickTier::WordStart) break;  // no later place is better
+        std::size_t next = place->begin;
+        NextFolded(name, next);
+        place = pattern.Find(name, next);
+    }
+    return best;
+}
+
+}  // namespace
+
 std::optional<NameMatch> MatchName(const WordPattern& pattern, std::string_view name) {
+    if (pattern.IsPlain()) return MatchPlain(pattern, name);
     for (const std::string_view whole : {name, BareName(name)}) {
         if (pattern.FitsWhole(whole)) return NameMatch{QuickTier::ExactName, {0, whole.size()}};
     }

@@ -1,15 +1,16 @@
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <optional>
 #include <set>
 #include <utility>
+#include <vector>
 
+#include "quick/block_fit.h"
 #include "quick/block_walk.h"
-#include "quick/name_block.h"
 #include "quick/name_index.h"
+#include "quick/name_tiers.h"
 #include "quick/node_row.h"
-#include "quick/standing.h"
+#include "quick/promised_rows.h"
 #include "quick/text_rows.h"
 #include "quick/work.h"
 #include "store/database.h"
@@ -18,68 +19,21 @@ namespace snippetarium {
 
 namespace {
 
-constexpr std::size_t kNameTiers = static_cast<std::size_t>(QuickTier::NamePart) + 1;
-
-/// The tier of each ID of a block; kNone where the name does not have the term.
-struct BlockTiers {
-    static constexpr std::uint8_t kNone = 0xFF;
-    BlockTiers() { tiers.fill(kNone); }
-    std::array<std::uint8_t, kIDsInBlock> tiers;
-    BlockMask mask;
-
-    void Note(std::int32_t id, QuickTier tier) {
-        const auto place = static_cast<std::size_t>(id % kIDsInBlock);
-        tiers[place] = std::min(tiers[place], static_cast<std::uint8_t>(tier));
-        mask.set(place);
-    }
-};
-
-void FindInBlock(NameBlock& block, const PlannedTerm& term, BlockTiers& tiers) {
-    const WordPattern& pattern = *term.pattern;
-    ForEachPlace(block, pattern.Needle(), [&](const NameBlock::Entry& entry, const ByteRange& at) {
-        if (!pattern.IsPlain()) {
-            if (const auto match = MatchName(pattern, block.NameOf(entry)))
-                tiers.Note(entry.id, match->tier);
-            return true;
-        }
-        const QuickTier tier = TierOfPlace(block.NameOf(entry), at);
-        tiers.Note(entry.id, tier);
-        return tier <= QuickTier::WordStart;  // no later place is better
-    });
-}
-
-/// Patterns without any letter that is sure ("?") are tried on every name.
-void FindInEachName(NameBlock& block, const PlannedTerm& term, BlockTiers& tiers) {
-    for (const NameBlock::Entry& entry : block.Entries()) {
-        if (const auto match = MatchName(*term.pattern, block.NameOf(entry)))
-            tiers.Note(entry.id, match->tier);
-    }
-}
-
-/// Leaves rows of one block where they are.
-bool BlockComesBefore(const FoundRow& a, const FoundRow& b) {
-    if (a.kind != b.kind) return a.kind < b.kind;
-    return BlockOf(a.id) > BlockOf(b.id);
-}
-
-// The names of all levels are looked through once, applications and classes first, then procedures,
-// the newest first. What is found goes into the tier that its name promises, and a tier is listed
-// when nothing more can come into it. For the hits to be there before all names have been read, the
+// The names of all levels are looked through, applications and classes first, then procedures, the
+// newest first. What is found goes into the tier that its name promises, and a tier is listed when
+// nothing more can come into it. For the hits to be there before all names have been read, the
 // index on the names of procedures is asked first: which are exactly a word of the entry, and
 // whether any begins with one. The tier for which it cannot rule out more procedures is the
 // `floor_`: what is better is complete before procedures are read, and what is just that good is
 // listed as it comes. The text index then tells which blocks of procedures need not be read: all of
-// them, for a word that is in no name.
+// them, for a word that is in no name. Of the others, many can only hold hits of worse tiers: where
+// no word starts as the entry wants it, all are of the last one. They are put off until their tier
+// is listed, and then looked into one after the other.
 class NameWork final : public QuickWork {
   public:
     NameWork(QuickPlan& plan, FoundRows& found)
-        : plan_(plan),
-          found_(found),
-          walk_(plan),
-          tiers_(plan.terms.size()),
-          isInIndex_(plan.terms.size(), false) {
+        : plan_(plan), found_(found), walk_(plan), isInIndex_(plan.terms.size(), false) {
         for (PlannedTerm& term : plan_.terms) {
-            // Names with a word under a "not" are noted too: they are no candidates.
             if (term.IsLookedForIn(QuickText::Name)) term.In(QuickText::Name).KnowAll();
         }
     }
@@ -94,36 +48,37 @@ class NameWork final : public QuickWork {
         inOrderTo_ = 0;
         switch (phase_) {
             case Phase::UpperLevels:
-                ReadBlock();
+                LookInto(walk_, ~BlockMask());
+                walk_.Next();
                 if (walk_.IsAtEnd() || walk_.Kind() == QuickKind::Procedure) AskIndex();
                 return true;
             case Phase::BetterTiers:
-                TakeTier(tier_);
+                toConfirm_ = promised_.Take(tier_);
                 if (tier_++ == floor_) phase_ = Phase::TextIndex;
                 return true;
             case Phase::TextIndex:
-                if (!AskTextIndex()) phase_ = Phase::Procedures;
+                if (!AskTextIndex()) {
+                    phase_ = Phase::Procedures;
+                    areAllInIndex_ = AreAllInIndex();
+                }
                 return true;
             case Phase::Procedures:
-                if (!walk_.IsAtEnd()) {
-                    if (PassOverBlocks()) ReadBlock();
-                    return true;
+                ReadSomeBlocks();
+                if (walk_.IsAtEnd()) {
+                    phase_ = Phase::OtherTiers;
+                    promised_.BeginPutOff();
                 }
-                phase_ = Phase::OtherTiers;
                 return true;
             case Phase::OtherTiers:
-                break;
+                if (tier_ == kNameTiers) break;
+                ContinueTier();
+                return true;
         }
-        if (tier_ == kNameTiers) return false;
-        TakeTier(tier_++);
-        return true;
+        return false;
     }
 
   private:
     enum class Phase { UpperLevels, BetterTiers, TextIndex, Procedures, OtherTiers };
-    static constexpr std::size_t kExact = static_cast<std::size_t>(QuickTier::ExactName);
-    static constexpr std::size_t kPrefix = static_cast<std::size_t>(QuickTier::NamePrefix);
-    static constexpr std::size_t kWordStart = static_cast<std::size_t>(QuickTier::WordStart);
 
     static bool IsLookedFor(const PlannedTerm& term) {
         return !term.isNegated && term.IsLookedForIn(QuickText::Name);
@@ -131,45 +86,10 @@ class NameWork final : public QuickWork {
 
     void AskIndex() {
         phase_ = Phase::BetterTiers;
-        FoundRows exact;
-        std::vector<std::size_t> best(plan_.terms.size(), kWordStart);
-        for (std::size_t i = 0; i < plan_.terms.size(); ++i) {
-            const PlannedTerm& term = plan_.terms[i];
-            if (!IsLookedFor(term)) continue;
-            const std::string& word = term.pattern->Literal();
-            if (!term.pattern->IsPlain() || !FindExactNames(plan_.db, word, exact)) {
-                best[i] = kExact;
-            } else if (HasNameThatBegins(plan_.db, word)) {
-                best[i] = kPrefix;
-            }
-        }
-        floor_ = BestTier(plan_.root, best);
-        if (floor_ == kExact) return;
-        std::ranges::sort(exact, ComesBefore);
-        const auto isSameID = [](const FoundRow& a, const FoundRow& b) { return a.id == b.id; };
-        exact.erase(std::unique(exact.begin(), exact.end(), isSameID), exact.end());
-        promised_[kExact].insert(promised_[kExact].end(), exact.begin(), exact.end());
-    }
-
-    /// The best tier that a procedure can have which the index did not name, as far as that is
-    /// known from those of the terms.
-    std::size_t BestTier(const QuickNode& node, const std::vector<std::size_t>& ofTerms) const {
-        switch (node.type) {
-            case QuickNode::Type::Term:
-                return IsTextField(plan_.terms[node.term].term.field) ? ofTerms[node.term] : kExact;
-            case QuickNode::Type::Not:
-                return kExact;
-            case QuickNode::Type::And:
-            case QuickNode::Type::Or:
-                break;
-        }
-        std::size_t best = BestTier(node.parts.front(), ofTerms);
-        for (const QuickNode& part : node.parts) {
-            const std::size_t ofPart = BestTier(part, ofTerms);
-            best =
-                node.type == QuickNode::Type::And ? std::max(best, ofPart) : std::min(best, ofPart);
-        }
-        return best;
+        NamesInIndex known = AskNameIndex(plan_);
+        floor_ = static_cast<std::size_t>(known.bestOfOthers);
+        for (const FoundRow& row : known.exact)
+            promised_.Add(row);
     }
 
     /// Finds out which procedures may have the words in their names, for words that the text index
@@ -193,84 +113,133 @@ class NameWork final : public QuickWork {
         return true;
     }
 
-    /// Passes over blocks in which no name can make a hit. False when there may be more of them.
-    bool PassOverBlocks() {
+    /// Whether names tell nothing more than the index of what rows are candidates.
+    bool AreAllInIndex() const {
+        for (std::size_t i = 0; i < plan_.terms.size(); ++i) {
+            if (plan_.terms[i].IsLookedForIn(QuickText::Name) && !isInIndex_[i]) return false;
+        }
+        return true;
+    }
+
+    /// Looks at the candidates of many blocks, but at the names of one at most.
+    void ReadSomeBlocks() {
         constexpr int kBlocksAtATime = 256;
         for (int i = 0; i < kBlocksAtATime && !walk_.IsAtEnd(); ++i) {
-            for (std::size_t term = 0; term < plan_.terms.size(); ++term) {
-                if (!IsLookedFor(plan_.terms[term]) || isInIndex_[term]) continue;
-                IdSet& names = plan_.terms[term].In(QuickText::Name).Of(walk_.Kind());
-                names.Replace(walk_.Block(), ~BlockMask());  // any of them, as far as is known
-            }
-            if (CandidatesOf(plan_, QuickTier::NamePart, walk_.Kind(), walk_.Block()).any()) {
-                return true;
-            }
-            walk_.Next();
-        }
-        return false;
-    }
-
-    void ReadBlock() {
-        LookInto(walk_.Names(), walk_.Kind(), walk_.Block());
-        walk_.Next();
-    }
-
-    void LookInto(NameBlock& block, QuickKind kind, std::int32_t number) {
-        for (std::size_t i = 0; i < plan_.terms.size(); ++i) {
-            PlannedTerm& term = plan_.terms[i];
-            if (!term.IsLookedForIn(QuickText::Name)) continue;
-            BlockTiers& tiers = tiers_[i] = BlockTiers();
-            if (term.pattern->Literal().empty()) {
-                FindInEachName(block, term, tiers);
+            if (areAllInIndex_) {
+                plan_.notedNames.Add(QuickKind::Procedure, walk_.Block());
             } else {
-                FindInBlock(block, term, tiers);
+                AssumeNames(walk_.Block());
             }
-            term.In(QuickText::Name).Of(kind).Replace(number, tiers.mask);
+            const BlockMask rows =
+                CandidatesOf(plan_, QuickTier::NamePart, QuickKind::Procedure, walk_.Block());
+            const bool isRead = rows.any();
+            if (isRead) ReadBlock(rows);
+            walk_.Next();
+            if (isRead) return;
         }
-        const BlockMask mask = CandidatesOf(plan_, QuickTier::NamePart, kind, number);
-        if (mask.any()) Sort(block, kind, mask);
+    }
+
+    /// Any procedure of the block may have the words that the text index does not know.
+    void AssumeNames(std::int32_t block) {
+        for (std::size_t i = 0; i < plan_.terms.size(); ++i) {
+            if (!IsLookedFor(plan_.terms[i]) || isInIndex_[i]) continue;
+            plan_.terms[i]
+                .In(QuickText::Name)
+                .Of(QuickKind::Procedure)
+                .Replace(block, ~BlockMask());
+        }
+    }
+
+    /// Looks into a block, unless all it can hold is worse than what is listed now.
+    void ReadBlock(const BlockMask& rows) {
+        // A few names are looked at as quickly.
+        constexpr std::size_t kFew = 8;
+        const BlockFit fit = rows.count() <= kFew
+                                 ? BlockFit::Whole
+                                 : FitOfEntry(plan_, walk_.Names(), walk_.Block());
+        if (fit == BlockFit::None) return;
+        const auto best = static_cast<std::size_t>(BestTierOf(fit));
+        if (best <= floor_) {
+            LookInto(walk_, rows);
+        } else {
+            putOff_[best].push_back(walk_.Block());
+        }
+    }
+
+    static QuickTier BestTierOf(BlockFit fit) {
+        if (fit == BlockFit::Whole) return QuickTier::ExactName;
+        return fit == BlockFit::AtWordStart ? QuickTier::NamePrefix : QuickTier::NamePart;
+    }
+
+    /// Looks at the names of some rows of a block, or of all.
+    void LookInto(BlockWalk& walk, BlockMask rows) {
+        NameBlock& names = walk.Names();
+        NoteNames(plan_, names, walk.Kind(), walk.Block(), rows, tiers_);
+        rows = CandidatesOf(plan_, QuickTier::NamePart, walk.Kind(), walk.Block());
+        if (rows.any()) Sort(names, walk.Kind(), rows);
+    }
+
+    /// Lists what was promised for a tier, and between that, in their places, the blocks that were
+    /// put off until then.
+    void ContinueTier() {
+        const std::vector<std::int32_t>& blocks = putOff_[tier_];
+        if (!putOffWalk_) {
+            floor_ = tier_;
+            ofTier_ = promised_.Take(tier_);
+            ofTierTaken_ = 0;
+            putOffRead_ = 0;
+            putOffWalk_.emplace(plan_, QuickKind::Procedure);
+        }
+        if (putOffRead_ < blocks.size()) {
+            ReadPutOffBlock(blocks[putOffRead_++]);
+        } else {
+            TakePromised(ofTier_.size());
+            putOffWalk_.reset();
+            ++tier_;
+        }
+    }
+
+    void ReadPutOffBlock(std::int32_t block) {
+        while (putOffWalk_->Block() != block)
+            putOffWalk_->Next();
+        const auto isNewer = [block](const FoundRow& row) {
+            return row.kind != QuickKind::Procedure || BlockOf(row.id) >= block;
+        };
+        const auto rest = ofTier_.begin() + static_cast<std::ptrdiff_t>(ofTierTaken_);
+        const auto end = std::partition_point(rest, ofTier_.end(), isNewer);
+        TakePromised(static_cast<std::size_t>(end - ofTier_.begin()));
+        LookInto(*putOffWalk_,
+                 CandidatesOf(plan_, QuickTier::NamePart, QuickKind::Procedure, block));
+    }
+
+    void TakePromised(std::size_t end) {
+        toConfirm_.assign(ofTier_.begin() + static_cast<std::ptrdiff_t>(ofTierTaken_),
+                          ofTier_.begin() + static_cast<std::ptrdiff_t>(end));
+        ofTierTaken_ = end;
     }
 
     /// Puts the candidates of a block into the tiers that their names promise. They are put in
     /// order when they are confirmed: most are promised and never shown.
     void Sort(NameBlock& block, QuickKind kind, const BlockMask& mask) {
+        const bool areListed = phase_ == Phase::Procedures || phase_ == Phase::OtherTiers;
         for (const NameBlock::Entry& entry : block.Entries()) {
             const auto place = static_cast<std::size_t>(entry.id % kIDsInBlock);
             if (!mask.test(place)) continue;
-            const auto promise = PromisedTier(place);
+            const auto promise = TierOfName(plan_, tiers_, place);
             if (!promise || *promise > QuickTier::NamePart) continue;
             auto tier = static_cast<std::size_t>(*promise);
-            if (phase_ == Phase::Procedures && tier < floor_) {
+            if (areListed && tier < floor_) {
                 if (listed_.contains(entry.id)) continue;
                 tier = floor_;  // a filter did not let it through at its best
             }
-            promised_[tier].push_back({kind, static_cast<QuickTier>(tier), entry.id,
-                                       static_cast<std::uint32_t>(entry.place.size)});
+            const FoundRow row{kind, static_cast<QuickTier>(tier), entry.id,
+                               static_cast<std::uint32_t>(entry.place.size)};
+            if (areListed && tier == floor_) {
+                toConfirm_.push_back(row);
+            } else {
+                promised_.Add(row);
+            }
         }
-        if (phase_ == Phase::Procedures) toConfirm_ = std::exchange(promised_[floor_], {});
-    }
-
-    /// The tier by names alone, if all filters let the row through.
-    std::optional<QuickTier> PromisedTier(std::size_t place) const {
-        const auto ofTerm = [&](const QuickNode& node) {
-            const PlannedTerm& term = plan_.terms[node.term];
-            if (!IsTextField(term.term.field)) return Standing::OfFilter(true);
-            const std::uint8_t tier = IsLookedFor(term) ? tiers_[node.term].tiers[place]
-                                                        : std::uint8_t{BlockTiers::kNone};
-            if (tier == BlockTiers::kNone) return Standing();
-            return Standing::OfText(static_cast<QuickTier>(tier));
-        };
-        const auto ofNot = [](const QuickNode&) { return Standing::OfFilter(true); };
-        return StandingOf(plan_.root, ofTerm, ofNot).Tier();
-    }
-
-    /// Takes what was promised for a tier, and what fell into it from better ones.
-    void TakeTier(std::size_t tier) {
-        std::ranges::sort(late_[tier], BlockComesBefore);
-        std::ranges::merge(promised_[tier], late_[tier], std::back_inserter(toConfirm_),
-                           BlockComesBefore);
-        promised_[tier].clear();
-        late_[tier].clear();
     }
 
     void ConfirmSome() {
@@ -299,10 +268,7 @@ class NameWork final : public QuickWork {
         const bool isReadAgain = phase_ == Phase::BetterTiers && row.kind == QuickKind::Procedure;
         if (isLater && isReadAgain) return;
         row.tier = *tier;
-        if (isLater) {
-            late_[static_cast<std::size_t>(*tier)].push_back(row);
-            return;
-        }
+        if (isLater) return promised_.AddLate(row);
         if (isReadAgain) listed_.insert(row.id);
         found_.push_back(row);
     }
@@ -310,16 +276,16 @@ class NameWork final : public QuickWork {
     QuickPlan& plan_;
     FoundRows& found_;
     BlockWalk walk_;
-    std::vector<BlockTiers> tiers_;  // of the block that is looked at, by term
+    std::vector<BlockTiers> tiers_;  // of the names that are looked at, by term
     Phase phase_ = Phase::UpperLevels;
     /// The term for which the text index is asked.
     std::size_t scannedTerm_ = 0;
     std::optional<TextScan> scan_;
     /// The terms whose names it knows, and maybe some more.
     std::vector<bool> isInIndex_;
-    std::array<FoundRows, kNameTiers> promised_;
-    std::array<FoundRows, kNameTiers> late_;
-    std::size_t floor_ = kExact;
+    bool areAllInIndex_ = false;
+    PromisedRows promised_;
+    std::size_t floor_ = 0;
     /// The next tier to list.
     std::size_t tier_ = 0;
     FoundRows toConfirm_;
@@ -328,16 +294,17 @@ class NameWork final : public QuickWork {
     std::size_t inOrderTo_ = 0;
     /// Procedures that the index named and that are listed.
     std::set<std::int32_t> listed_;
+    /// The blocks of procedures whose best hits can be of this tier, the newest first.
+    std::array<std::vector<std::int32_t>, kNameTiers> putOff_;
+    /// Of those of tier_, as long as that is listed.
+    std::optional<BlockWalk> putOffWalk_;
+    std::size_t putOffRead_ = 0;
+    /// What was promised for tier_.
+    FoundRows ofTier_;
+    std::size_t ofTierTaken_ = 0;
 };
 
 }  // namespace
-
-bool ComesBefore(const FoundRow& a, const FoundRow& b) {
-    if (a.kind != b.kind) return a.kind < b.kind;
-    if (BlockOf(a.id) != BlockOf(b.id)) return a.id > b.id;
-    if (a.nameSize != b.nameSize) return a.nameSize < b.nameSize;
-    return a.id > b.id;
-}
 
 std::unique_ptr<QuickWork> FindByNames(QuickPlan& plan, FoundRows& found) {
     return std::make_unique<NameWork>(plan, found);

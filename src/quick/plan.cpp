@@ -166,6 +166,11 @@ QuickPlan::QuickPlan(Database& database, const QuickQuery& query)
         terms.emplace_back(term);
     MarkNegated(root, false, terms);
     RuleOut(root, terms);
+    for (PlannedTerm& term : terms) {
+        // Names with a word under a "not" are no candidates, as far as they were looked at.
+        if (term.isNegated && term.IsLookedForIn(QuickText::Name))
+            term.In(QuickText::Name).KnowAll();
+    }
     for (const QuickLevel& level : kQuickLevels)
         newestBlock[static_cast<std::size_t>(level.kind)] = NewestBlock(db, level);
 }
@@ -179,6 +184,11 @@ bool QuickPlan::UsesText(QuickText text) const {
 bool QuickPlan::UsesSlips() const {
     return std::ranges::any_of(
         terms, [](const PlannedTerm& term) { return !term.isNegated && term.slip.has_value(); });
+}
+
+bool QuickPlan::LooksAtNames() const {
+    return std::ranges::any_of(
+        terms, [](const PlannedTerm& term) { return term.IsLookedForIn(QuickText::Name); });
 }
 
 BlockMask CandidatesOf(const QuickPlan& plan, QuickTier tier, QuickKind kind, std::int32_t block) {

@@ -17,7 +17,8 @@ namespace snippetarium {
 
 class Database;
 
-/// The rows of each level that may have something. At first that is all of them.
+/// The rows of each level that may have something. At first that is all of them. Then it becomes
+/// known of whole levels; and before that, of one block after the other.
 class CandidateRows {
   public:
     IdSet& Of(QuickKind kind) { return ids_[static_cast<std::size_t>(kind)]; }
@@ -27,14 +28,23 @@ class CandidateRows {
     void Know(QuickKind kind) { known_.set(static_cast<std::size_t>(kind)); }
     void KnowAll() { known_.set(); }
     bool IsKnown(QuickKind kind) const { return known_.test(static_cast<std::size_t>(kind)); }
+    /// Until another block is, this block is known even where the level is not.
+    void KnowBlock(QuickKind kind, std::int32_t block, const BlockMask& rows) {
+        Of(kind).Replace(block, rows);
+        knownBlocks_[static_cast<std::size_t>(kind)] = block;
+    }
+    bool IsBlockKnown(QuickKind kind, std::int32_t block) const {
+        return IsKnown(kind) || knownBlocks_[static_cast<std::size_t>(kind)] == block;
+    }
 
     BlockMask Block(QuickKind kind, std::int32_t block) const {
-        return IsKnown(kind) ? Of(kind).Block(block) : ~BlockMask();
+        return IsBlockKnown(kind, block) ? Of(kind).Block(block) : ~BlockMask();
     }
 
   private:
     std::array<IdSet, kQuickKinds> ids_;
     QuickKindSet known_;
+    std::array<std::optional<std::int32_t>, kQuickKinds> knownBlocks_;
 };
 
 /// A term of the entry with what is known of it so far.
@@ -80,6 +90,25 @@ struct SearchWords {
     bool areAllRead = false;
 };
 
+/// Some blocks of each level.
+class BlockSet {
+  public:
+    void Add(QuickKind kind, std::int32_t block) {
+        std::vector<bool>& blocks = blocks_[static_cast<std::size_t>(kind)];
+        const auto index = static_cast<std::size_t>(block);
+        if (index >= blocks.size()) blocks.resize(index + 1);
+        blocks[index] = true;
+    }
+    bool Holds(QuickKind kind, std::int32_t block) const {
+        const std::vector<bool>& blocks = blocks_[static_cast<std::size_t>(kind)];
+        return static_cast<std::size_t>(block) < blocks.size() &&
+               blocks[static_cast<std::size_t>(block)];
+    }
+
+  private:
+    std::array<std::vector<bool>, kQuickKinds> blocks_;
+};
+
 /// What a search knows.
 struct QuickPlan {
     QuickPlan(Database& database, const QuickQuery& query);
@@ -87,11 +116,16 @@ struct QuickPlan {
     /// True where some term that makes hits is looked for there.
     bool UsesText(QuickText text) const;
     bool UsesSlips() const;
+    /// True where some term is looked for in names, also one under a "not".
+    bool LooksAtNames() const;
 
     Database& db;
     QuickNode root;
     std::vector<PlannedTerm> terms;
     std::array<std::int32_t, kQuickKinds> newestBlock{};
+    /// The blocks whose names have told all they can. Of others, rows may be candidates for a name
+    /// that does not have the term, or that has what must not be there.
+    BlockSet notedNames;
     /// The single words of all keywords, read for the first term that is looked for there.
     SearchWords searchWords;
 };

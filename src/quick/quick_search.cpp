@@ -48,15 +48,13 @@ struct QuickSearch::State {
     /// The tiers one after the other, the best first.
     void AddTiers() {
         if (plan.UsesText(QuickText::Name)) Add(FindByNames(plan, found));
+        for (std::size_t i = 0; i < plan.terms.size(); ++i) {
+            const PlannedTerm& term = plan.terms[i];
+            if (!term.isNegated && term.IsLookedForIn(QuickText::Keyword))
+                Add(LookUpKeywords(plan, i));
+        }
         for (const QuickText text : {QuickText::Keyword, QuickText::Comment, QuickText::Code}) {
-            if (!plan.UsesText(text)) continue;
-            for (std::size_t i = 0; i < plan.terms.size(); ++i) {
-                const PlannedTerm& term = plan.terms[i];
-                if (term.isNegated || !term.IsLookedForIn(text)) continue;
-                Add(text == QuickText::Keyword ? LookUpKeywords(plan, i)
-                                               : LookUpTexts(plan, i, text));
-            }
-            Add(FindByTier(plan, TierOfText(text), found));
+            if (plan.UsesText(text)) Add(FindByTier(plan, TierOfText(text), found));
         }
         if (plan.UsesSlips()) Add(FindByTier(plan, QuickTier::Slip, found));
         if (CanBeMetByFilters(plan.root, plan.terms)) {

@@ -38,11 +38,11 @@ class SlipPattern {
     const std::array<FoldedNeedle, kNeedles>& Needles() const { return needles_; }
 
   private:
+    bool MayStandAt(std::string_view name, std::size_t place) const;
+    std::optional<std::size_t> EndOfStretch(std::string_view name, std::size_t start) const;
+
     std::u32string word_;
     std::array<FoldedNeedle, kNeedles> needles_;
 };
-
-/// True when the texts are equal, or one slip turns one into the other.
-bool IsAtMostOneSlip(std::u32string_view typed, std::u32string_view meant);
 
 }  // namespace snippetarium

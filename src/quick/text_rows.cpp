@@ -53,7 +53,8 @@ TextScan ScanKeywords(std::string_view literal) {
 
 void AddRowsThatAre(Database& db, QuickKind kind, QuickText text, std::string_view literal,
                     CandidateRows& rows) {
-    if (text == QuickText::Code) return;
+    // Only what has no trigram is looked up by those around it. A scan of code finds such texts.
+    if (text == QuickText::Code || CharacterCount(literal) != 2) return;
     const QuickLevel& level = LevelOf(kind);
     const auto row = db.GetConnection().OpenCursor(
         text == QuickText::Name ? level.nameIs : level.commentIs, literal);
@@ -62,19 +63,21 @@ void AddRowsThatAre(Database& db, QuickKind kind, QuickText text, std::string_vi
     }
 }
 
-BlockMask RowsOfBlockWithText(Database& db, QuickKind kind, QuickText text,
-                              std::string_view literal, std::int32_t block) {
+BlockMask RowsOfPartWithText(Database& db, QuickKind kind, QuickText text, std::string_view literal,
+                             std::int32_t block, std::int32_t part) {
     if (literal.empty()) return ~BlockMask();
     const QuickLevel& level = LevelOf(kind);
     const std::string_view sql = text == QuickText::Comment ? level.commentsLike : level.codesLike;
     BlockMask mask;
     if (sql.empty()) return mask;
+    constexpr std::int64_t kRows = kIDsInBlock / kPartsOfBlock;
     const std::string pattern = PatternFor(literal);
-    const std::int64_t first = std::int64_t{block} * kIDsInBlock;
-    const auto row = db.GetConnection().OpenCursor(sql, first, first + kIDsInBlock - 1,
-                                                   std::string_view(pattern));
+    const std::int64_t firstOfBlock = std::int64_t{block} * kIDsInBlock;
+    const std::int64_t first = firstOfBlock + part * kRows;
+    const auto row =
+        db.GetConnection().OpenCursor(sql, first, first + kRows - 1, std::string_view(pattern));
     while (row->Next())
-        mask.set(static_cast<std::size_t>(row->Number(0) - first));
+        mask.set(static_cast<std::size_t>(row->Number(0) - firstOfBlock));
     return mask;
 }
 

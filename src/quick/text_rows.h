@@ -21,13 +21,16 @@ std::optional<TextScan> ScanFor(QuickKind kind, QuickText text, std::string_view
 /// A scan for the strings of keywords that may hold a literal.
 TextScan ScanKeywords(std::string_view literal);
 
-/// Adds those to the rows that such a scan found.
+/// Adds those to the rows that such a scan found. The literal is what was scanned for.
 void AddRowsThatAre(Database& db, QuickKind kind, QuickText text, std::string_view literal,
                     CandidateRows& rows);
 
-/// The rows of a block whose comment or code holds a literal: read one by one, for literals that
-/// the text index does not know. All rows where the literal is empty.
-BlockMask RowsOfBlockWithText(Database& db, QuickKind kind, QuickText text,
-                              std::string_view literal, std::int32_t block);
+/// Texts are looked through in parts of a block, since a code can be long.
+inline constexpr std::int32_t kPartsOfBlock = 8;
+
+/// The rows of a part of a block whose comment or code holds a literal: read one by one, for
+/// literals that the text index does not know. All rows where the literal is empty.
+BlockMask RowsOfPartWithText(Database& db, QuickKind kind, QuickText text, std::string_view literal,
+                             std::int32_t block, std::int32_t part);
 
 }  // namespace snippetarium

@@ -1,8 +1,10 @@
 #include <algorithm>
+#include <optional>
 
 #include "quick/block_walk.h"
+#include "quick/level_texts.h"
+#include "quick/name_tiers.h"
 #include "quick/node_row.h"
-#include "quick/text_rows.h"
 #include "quick/work.h"
 
 namespace snippetarium {
@@ -33,18 +35,47 @@ class TierWork final : public QuickWork {
     }
 
   private:
+    /// To look at so many rows takes longer than to look at the names of a block.
+    static constexpr std::size_t kManyRows = 8;
+
     /// Looks at candidates of many blocks, but at the names or texts of one at most.
     void EnterNextBlock() {
         constexpr int kBlocksAtATime = 256;
         for (int i = 0; i < kBlocksAtATime && !walk_.IsAtEnd(); ++i) {
+            if (AdvanceTexts()) return;
             if (tier_ == QuickTier::Slip) AssumeSlips();
-            BlockMask mask = CandidatesOf(plan_, tier_, walk_.Kind(), walk_.Block());
+            BlockMask mask = Candidates();
             const bool isRead = mask.any();
-            if (isRead) mask &= RowsWithTextOfTier(mask.count());
+            if (isRead && tier_ == QuickTier::Slip) {
+                FindSlips(plan_, walk_.Names(), walk_.Kind(), walk_.Block());
+                mask = Candidates();
+            }
+            if (mask.count() >= kManyRows && LookAtNames(mask)) mask = Candidates();
             if (mask.any()) PutInOrder(mask);
             walk_.Next();
             if (isRead) return;
         }
+    }
+
+    BlockMask Candidates() const { return CandidatesOf(plan_, tier_, walk_.Kind(), walk_.Block()); }
+
+    /// True when a piece was done of what has to be known of texts before.
+    bool AdvanceTexts() {
+        if (tier_ != QuickTier::Comment && tier_ != QuickTier::Code) return false;
+        if (!texts_ || textsKind_ != walk_.Kind()) {
+            textsKind_ = walk_.Kind();
+            texts_.emplace(plan_, tier_, textsKind_);
+        }
+        return texts_->Advance(walk_.Block());
+    }
+
+    /// Names may rule out rows, of a block whose names were not looked at before. False when they
+    /// were.
+    bool LookAtNames(const BlockMask& rows) {
+        if (!plan_.LooksAtNames() || plan_.notedNames.Holds(walk_.Kind(), walk_.Block()))
+            return false;
+        NoteNames(plan_, walk_.Names(), walk_.Kind(), walk_.Block(), rows, nameTiers_);
+        return true;
     }
 
     /// Of the rows of a block, the shorter names come first. Where there are many rows, they are
@@ -77,37 +108,6 @@ class TierWork final : public QuickWork {
             term.bySlip.Of(walk_.Kind()).Replace(walk_.Block(), ~BlockMask());
     }
 
-    BlockMask RowsWithTextOfTier(std::size_t candidates) {
-        switch (tier_) {
-            case QuickTier::Comment:
-                return RowsWithText(QuickText::Comment, candidates);
-            case QuickTier::Code:
-                return RowsWithText(QuickText::Code, candidates);
-            case QuickTier::Slip:
-                FindSlips(plan_, walk_.Names(), walk_.Kind(), walk_.Block());
-                return CandidatesOf(plan_, tier_, walk_.Kind(), walk_.Block());
-            default:
-                return ~BlockMask();
-        }
-    }
-
-    /// Where the index knows no list for a word, the texts of the block are looked through in one
-    /// go: much quicker than to read many rows and look at each.
-    BlockMask RowsWithText(QuickText text, std::size_t candidates) const {
-        constexpr std::size_t kMany = 128;
-        if (candidates < kMany) return ~BlockMask();
-        BlockMask mask;
-        for (const PlannedTerm& term : plan_.terms) {
-            if (term.isNegated || !term.IsLookedForIn(text)) continue;
-            const CandidateRows& rows = term.In(text);
-            mask |= rows.IsKnown(walk_.Kind())
-                        ? rows.Of(walk_.Kind()).Block(walk_.Block())
-                        : RowsOfBlockWithText(plan_.db, walk_.Kind(), text, term.pattern->Literal(),
-                                              walk_.Block());
-        }
-        return mask;
-    }
-
     void LookAt(FoundRow found) {
         auto row = NodeRow::Read(plan_.db, found.kind, found.id);
         if (!row || TierOfRow(plan_, *row, tier_) != tier_) return;
@@ -128,6 +128,10 @@ class TierWork final : public QuickWork {
     FoundRows& found_;
     /// Behind the block that is looked at.
     BlockWalk walk_;
+    /// Of the level that is looked at, where the tier is one of comments or codes.
+    std::optional<LevelTexts> texts_;
+    QuickKind textsKind_ = QuickKind::Application;
+    std::vector<BlockTiers> nameTiers_;
     FoundRows waiting_;
     std::size_t next_ = 0;
     bool isInOrder_ = false;

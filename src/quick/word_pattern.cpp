@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "support/case_fold.h"
+#include "support/utf8.h"
 
 namespace snippetarium {
 
@@ -74,6 +75,23 @@ WordPattern::WordPattern(std::string_view text, bool isPlain)
         }
     }
     finish();
+    std::string ending;
+    const Segment& last = segments_.back();
+    for (const char32_t character : last.substr(last.rfind(kAnyOne) + 1))
+        AppendUtf8(ending, character);
+    if (!ending.empty()) ending_.emplace(ending);
+}
+
+std::u32string WordPattern::Beginning() const {
+    constexpr std::size_t kMost = 2;
+    std::u32string beginning;
+    if (!isPlain_) {
+        const Segment& first = segments_.front();
+        beginning = first.substr(0, std::min(first.find(kAnyOne), kMost));
+    }
+    for (std::size_t i = 0; isPlain_ && i < literal_.size() && beginning.size() < kMost;)
+        beginning += NextFolded(literal_, i);
+    return beginning;
 }
 
 /// Where the segment ends when it stands at `from`.

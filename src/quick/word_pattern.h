@@ -40,6 +40,12 @@ class WordPattern {
     /// holds it.
     const std::string& Literal() const { return literal_; }
     const FoldedNeedle& Needle() const { return needle_; }
+    /// The folded characters that each place where the pattern fits begins with, up to the first
+    /// wildcard, but two at most.
+    std::u32string Beginning() const;
+    /// What every text ends with that a pattern with wildcards fits from end to end. Nothing where
+    /// that is not sure.
+    const std::optional<FoldedNeedle>& Ending() const { return ending_; }
 
   private:
     /// What stands between two "*": characters, folded; kAnyOne for a "?".
@@ -60,6 +66,7 @@ class WordPattern {
     std::string literal_;
     FoldedNeedle needle_;
     std::vector<Segment> segments_;
+    std::optional<FoldedNeedle> ending_;
 };
 
 }  // namespace snippetarium

@@ -45,8 +45,9 @@ std::unique_ptr<QuickWork> NarrowByFilter(QuickPlan& plan, std::size_t term);
 /// Finds the keyword strings that hold a term, and the rows that have them, unless they are many.
 std::unique_ptr<QuickWork> LookUpKeywords(QuickPlan& plan, std::size_t term);
 
-/// Asks the text index which comments or codes may hold a term.
-std::unique_ptr<QuickWork> LookUpTexts(QuickPlan& plan, std::size_t term, QuickText text);
+/// Asks the text index which comments or codes of a level may hold a term.
+std::unique_ptr<QuickWork> LookUpTexts(QuickPlan& plan, std::size_t term, QuickText text,
+                                       QuickKind kind);
 
 /// Finds the names with the terms, and the hits by their names alone.
 std::unique_ptr<QuickWork> FindByNames(QuickPlan& plan, FoundRows& found);
@@ -54,7 +55,8 @@ std::unique_ptr<QuickWork> FindByNames(QuickPlan& plan, FoundRows& found);
 /// Finds the names of a block that are a slip away from a term.
 void FindSlips(QuickPlan& plan, NameBlock& names, QuickKind kind, std::int32_t block);
 
-/// Goes through the candidates of one tier, the newest first, and finds its hits.
+/// Goes through the candidates of one tier, the newest first, and finds its hits. For comments and
+/// codes, it also finds out which rows are candidates.
 std::unique_ptr<QuickWork> FindByTier(QuickPlan& plan, QuickTier tier, FoundRows& found);
 
 }  // namespace snippetarium

@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "quick/block_fit.h"
 #include "quick/matching_line.h"
 #include "quick/name_match.h"
 #include "quick/slip.h"
@@ -119,6 +120,37 @@ TEST(NameMatch, RanksTheBestPlaceOfAName) {
     EXPECT_FALSE(MatchName(WordPattern("grab", WordPattern::Wildcards::Count), "Grid"));
 }
 
+TEST(BlockFit, PromisesNoLessThanTheBestNameAndSeesWhereNoWordStarts) {
+    using enum BlockFit;
+    const std::vector<std::string> names = AllTexts("aB_(", 4);
+    for (const std::string& word : AllTexts("ab_?*", 3)) {
+        if (word.find_first_not_of("?*") == std::string::npos) continue;
+        const WordPattern pattern(word, WordPattern::Wildcards::Count);
+        for (std::size_t i = 1; i < names.size(); ++i) {
+            const auto match = MatchName(pattern, names[i]);
+            const auto best = !match                                ? None
+                              : match->tier == QuickTier::ExactName ? Whole
+                              : match->tier <= QuickTier::WordStart ? AtWordStart
+                                                                    : Inside;
+            // Among names that have nothing of the pattern, at every place of a vector.
+            const std::string block =
+                std::string(i % 19, 'x') + '\n' + names[i] + '\n' + std::string(i % 41, 'X');
+            for (const std::string& text : {names[i], block}) {
+                const BlockFit fit = FitOfBlock(pattern, text);
+                ASSERT_GE(fit, best) << word << " in " << text;
+                const bool isCertain = best == Inside || (best == None && pattern.IsPlain());
+                ASSERT_TRUE(fit == best || !isCertain) << word << " in " << text;
+            }
+        }
+    }
+    const WordPattern capital("жу", WordPattern::Wildcards::Count);
+    EXPECT_EQ(FitOfBlock(capital, "abc\nБольшойЖук\nабв"), Whole);
+    EXPECT_EQ(FitOfBlock(capital, "abc\nБольшойжук\nабв"), Inside);
+    const WordPattern ending("dr*d", WordPattern::Wildcards::Count);
+    EXPECT_EQ(FitOfBlock(ending, "DrawGrid12\nGrid"), Whole);
+    EXPECT_EQ(FitOfBlock(ending, "DrawGrid12\nGridx"), AtWordStart);
+}
+
 /// Every text that one slip makes of another, over an alphabet.
 std::set<std::u32string> Slips(const std::u32string& text, std::u32string_view alphabet) {
     std::set<std::u32string> slips = {text};
@@ -137,14 +169,30 @@ std::set<std::u32string> Slips(const std::u32string& text, std::u32string_view a
     return slips;
 }
 
+/// Stretch after stretch, the shorter first.
+std::optional<ByteRange> SlowFindSlip(const std::set<std::u32string>& slips, std::size_t size,
+                                      std::string_view name) {
+    for (std::size_t start = 0; start < name.size(); ++start) {
+        for (std::size_t length = size - 1; length <= size + 1; ++length) {
+            if (start + length > name.size()) break;
+            if (!IsWordStart(name, start) || !IsWordEnd(name, start + length)) continue;
+            const std::string stretch = FoldCase(name.substr(start, length));
+            if (slips.contains(std::u32string(stretch.begin(), stretch.end())))
+                return ByteRange{start, length};
+        }
+    }
+    return {};
+}
+
 TEST(Slip, IsOneLetterLeftOutAddedReplacedOrTwoSwapped) {
-    std::vector<std::u32string> texts;
-    for (const std::string& text : AllTexts("abc", 5))
-        texts.emplace_back(text.begin(), text.end());
-    for (const std::u32string& typed : texts) {
-        const std::set<std::u32string> slips = Slips(typed, U"abc");
-        for (const std::u32string& meant : texts)
-            ASSERT_EQ(IsAtMostOneSlip(typed, meant), slips.contains(meant));
+    const std::vector<std::string> names = AllTexts("aB_", 6);
+    for (const std::string& typed : AllTexts("ab", 5)) {
+        if (!SlipPattern::IsLongEnough(typed)) continue;
+        const SlipPattern pattern(typed);
+        const auto slips = Slips(std::u32string(typed.begin(), typed.end()), U"ab_");
+        for (const std::string& name : names)
+            ASSERT_EQ(pattern.Find(name), SlowFindSlip(slips, typed.size(), name))
+                << typed << " in " << name;
     }
 }
 

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <random>
+#include <set>
 
 #include "quick/quick_search.h"
 #include "store/check.h"
@@ -234,6 +235,48 @@ TEST_F(QuickModelTest, FindsWhatASlowWalkOverTheCatalogueFinds) {
         }
     }
     EXPECT_GT(hits, 5'000U) << "entries that find nothing compare nothing";
+}
+
+/// All texts of one and two characters in what the catalogue is made of.
+std::set<std::string> LettersAndPairs() {
+    std::set<std::string> texts;
+    for (const std::string_view piece : kPieces) {
+        for (std::size_t start = 0; start < piece.size(); DecodeUtf8(piece, start)) {
+            std::size_t end = start;
+            for (int size = 0; size < 2 && end < piece.size(); ++size) {
+                DecodeUtf8(piece, end);
+                texts.emplace(piece.substr(start, end - start));
+            }
+        }
+    }
+    return texts;
+}
+
+// What is typed first: most of it starts no word, or stands in codes only.
+TEST_F(QuickModelTest, FindsEveryLetterAndPairOfLettersAloneAndBesideAnother) {
+    Chance chance(23);
+    Fill(chance);
+    for (const bool isIndexed : {false, true}) {
+        while (isIndexed && db_.GetConnection().TendTextIndex(TendingPace::ToTheEnd)) {
+        }
+        const CatalogueModel model(db_);
+        for (const std::string& text : LettersAndPairs()) {
+            if (text == " ") continue;  // nothing to look for
+            ModelEntry letters;
+            letters.text = text;
+            letters.isPhrase = text.find_first_of(" ()") != std::string::npos;
+            ModelEntry other;
+            other.text = chance.Pick(std::array<std::string_view, 4>{"a", "ee", "x*a", "g*d"});
+            ModelEntry both;
+            both.type = ModelEntry::Type::And;
+            both.parts = {letters, other};
+            ModelEntry without = both;
+            without.parts[1].type = ModelEntry::Type::Not;
+            without.parts[1].parts = {other};
+            for (const ModelEntry& entry : {letters, both, without})
+                ASSERT_EQ(Find(entry.Typed()), model.Find(entry)) << entry.Typed();
+        }
+    }
 }
 
 }  // namespace

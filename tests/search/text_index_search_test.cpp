@@ -255,5 +255,26 @@ TEST_F(TextIndexSearchTest, ScansAnIndexThatChangesBetweenThePieces) {
     }
 }
 
+TEST_F(TextIndexSearchTest, LooksAtRowsThatWaitPieceByPiece) {
+    const auto expectHolders = [this](int fewestPieces) {
+        TextScan scan({"tblCode", "code"}, "grid", ShortTexts::AreFound);
+        int pieces = 1;
+        while (db_.GetConnection().Advance(scan))
+            ++pieces;
+        EXPECT_GE(pieces, fewestPieces) << "so that who types is not kept waiting";
+        EXPECT_EQ(scan.Candidates(), HoldersOf("grid"));
+    };
+    AddProcedures(300, random_);
+    ExecuteSQL(db_,
+               "INSERT INTO tblCode (codeID, codeName, code, classID) VALUES (2000000000, "
+               "'far', 'A GRID behind a gap', 1)");
+    expectHolders(5);
+    Tend();
+    expectHolders(1);
+    ExecuteSQL(db_, "UPDATE tblCode SET code = 'grid' WHERE codeID BETWEEN 20 AND 220");
+    EXPECT_GT(WaitingRows(), 200);
+    expectHolders(4);
+}
+
 }  // namespace
 }  // namespace snippetarium::test

@@ -1,0 +1,28 @@
+#include "forms/page_heading_label.h"
+
+#include <QResizeEvent>
+
+namespace snippetarium {
+
+void PageHeadingLabel::ShowHtml(const QString& html) {
+    if (html == text()) return;
+    setText(html);
+    FitHeight();
+}
+
+void PageHeadingLabel::FitHeight() {
+    height_ = heightForWidth(width());
+    setFixedHeight(height_);
+}
+
+void PageHeadingLabel::resizeEvent(QResizeEvent* event) {
+    QLabel::resizeEvent(event);
+    if (event->oldSize().width() != width()) FitHeight();
+}
+
+void PageHeadingLabel::changeEvent(QEvent* event) {
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) FitHeight();
+}
+
+}  // namespace snippetarium
