@@ -4,7 +4,6 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QScopedValueRollback>
-#include <QScreen>
 #include <QShortcut>
 #include <algorithm>
 
@@ -22,6 +21,7 @@
 #include "forms/icons.h"
 #include "forms/modal.h"
 #include "forms/qt_text.h"
+#include "forms/window_size.h"
 #include "navigator/help.h"
 #include "store/database.h"
 #include "store/sql_text.h"
@@ -34,8 +34,6 @@ namespace {
 /// How long the typing pauses before its result is looked at, and before a draft is kept.
 constexpr int kTypingPause = 250;
 constexpr int kDraftPause = 3000;
-/// What a desktop puts around a window.
-constexpr QSize kFrame(16, 48);
 
 std::string ChangesQuestion(const RecordEditor& editor, std::string_view name) {
     std::string what = "The " + std::string(editor.KindWord());
@@ -63,7 +61,7 @@ void EditorWindow::Start(EditorFooter* footer) {
     new HelpKey(this, openHelp);
     ShowAll();
     if (IsReadOnly()) SetReadOnly();
-    resize(size().boundedTo(screen()->availableSize() - kFrame));
+    RestoreSize(db_, *this, identity_.form);
 }
 
 void EditorWindow::ConnectFooter() {
@@ -197,6 +195,7 @@ void EditorWindow::closeEvent(QCloseEvent* event) {
     if (!mayClose) return;
     pause_.stop();
     draft_.stop();
+    KeepSize(db_, *this, identity_.form);
     if (find_ != nullptr) find_->close();
     emit Closed();
 }

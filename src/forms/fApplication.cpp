@@ -37,7 +37,7 @@ void fApplication::Connect() {
 void fApplication::ShowRecord() {
     const ApplicationRecord& record = Record();
     ui_->txtName->setText(ToQt(record.name));
-    ui_->txtPath->setText(ToQt(record.path));
+    ui_->txtPath->setText(PathToQt(record.path));
     ui_->txtVersion->setText(ToQt(record.version));
     ui_->txtComment->SetCode(record.comment);
 }
@@ -45,7 +45,7 @@ void fApplication::ShowRecord() {
 void fApplication::TakeRecord() {
     ApplicationRecord& record = Record();
     record.name = FromQt(ui_->txtName->text());
-    record.path = FromQt(ui_->txtPath->text());
+    TakePath(ui_->txtPath->text(), record.path);
     record.version = FromQt(ui_->txtVersion->text());
     record.comment = ui_->txtComment->Code();
 }
@@ -54,7 +54,7 @@ void fApplication::BrowsePath() {
     const QString path = ToQt(ToPlatformPath(FromQt(ui_->txtPath->text())));
     const QString start = !path.isEmpty() && QDir(path).exists() ? path : QDir::homePath();
     const QString chosen = QFileDialog::getExistingDirectory(this, tr("Select a Folder"), start);
-    if (!chosen.isEmpty()) ui_->txtPath->setText(ToQt(ToCataloguePath(FromQt(chosen))));
+    if (!chosen.isEmpty()) ui_->txtPath->setText(PathToQt(FromQt(chosen)));
 }
 
 }  // namespace snippetarium

@@ -56,7 +56,7 @@ void fClass::ShowRecord() {
     FillApplicationBox(Catalogue(), ui_->cmbApplication, record.appID);
     application_.Keep(ui_->cmbApplication, record.appID);
     language_->Show(record.languageID);
-    ui_->txtPath->setText(ToQt(record.pathInApp));
+    ui_->txtPath->setText(PathToQt(record.pathInApp));
     ui_->txtComment->SetCode(record.comment);
     ui_->txtText->SetCode(record.declarations);
 }
@@ -66,7 +66,7 @@ void fClass::TakeRecord() {
     record.name = FromQt(ui_->txtName->text());
     record.appID = application_.Of(ui_->cmbApplication);
     record.languageID = language_->ID();
-    record.pathInApp = FromQt(ui_->txtPath->text());
+    TakePath(ui_->txtPath->text(), record.pathInApp);
     record.comment = ui_->txtComment->Code();
     record.declarations = ui_->txtText->Code();
 }

@@ -4,7 +4,6 @@
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
-#include <QScreen>
 #include <algorithm>
 
 #include "forms/encoding_box.h"
@@ -59,8 +58,6 @@ fImport::fImport(Database& db, const FileSystem& files, ImportState& state, QWid
       selection_(db, files, state),
       ui_(std::make_unique<Ui::fImport>()) {
     ui_->setupUi(this);
-    // On a small or much enlarged screen the designed size would lie beyond its edges.
-    resize(size().boundedTo(screen()->availableSize() * 0.95));
     ui_->splitter->setSizes({200, 480, 300});
     folderFiles_ = new EntryListModel(selection_.FolderFiles(), this);
     sourceFiles_ = new EntryListModel(selection_.SourceFiles(), this);
@@ -74,6 +71,7 @@ fImport::fImport(Database& db, const FileSystem& files, ImportState& state, QWid
     ConnectLists();
     ConnectTexts();
     OnEvent([this] { TakeFirstFolder(); });
+    ui_->dlstSrcDir->setFocus();
 }
 
 fImport::~fImport() = default;

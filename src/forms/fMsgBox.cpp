@@ -1,6 +1,7 @@
 #include "forms/fMsgBox.h"
 
 #include <QPushButton>
+#include <QStyle>
 #include <utility>
 
 #include "forms/help_key.h"
@@ -13,6 +14,9 @@ fMsgBox::fMsgBox(std::string_view question, const OpenHelp& openHelp, QWidget* p
     : QDialog(parent), ui_(std::make_unique<Ui::fMsgBox>()) {
     ui_->setupUi(this);
     ui_->lblMsg->setText(LinesToQt(question));
+    const int side = style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
+    ui_->lblIcon->setPixmap(
+        style()->standardIcon(QStyle::SP_MessageBoxQuestion).pixmap(side, side));
     const std::pair<QPushButton*, SeriesAnswer> answers[] = {
         {ui_->cmdYes, SeriesAnswer::Yes},       {ui_->cmdYesToAll, SeriesAnswer::YesToAll},
         {ui_->cmdNo, SeriesAnswer::No},         {ui_->cmdNoToAll, SeriesAnswer::NoToAll},

@@ -5,6 +5,7 @@
 #include "forms/fPage.h"
 #include "forms/help_key.h"
 #include "forms/qt_text.h"
+#include "forms/window_size.h"
 #include "navigator/help.h"
 #include "ui_fZoom.h"
 
@@ -20,6 +21,7 @@ constexpr int kTabCharacters = 4;
 fZoom::fZoom(Database& db, QWidget* parent)
     : QWidget(parent, Qt::Window), ui_(std::make_unique<Ui::fZoom>()) {
     ui_->setupUi(this);
+    FitOnScreen(*this);
     ui_->txtZoom->document()->setDocumentMargin(16);
     connect(ui_->txtZoom, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
         emit MenuRequested(ui_->txtZoom->viewport()->mapToGlobal(at));

@@ -71,6 +71,7 @@ QTreeWidgetItem* MakeItem(const QString& name, std::string_view text, const QIco
 ImportPreviewPane::ImportPreviewPane(QWidget* parent)
     : QWidget(parent), ui_(std::make_unique<Ui::ImportPreviewPane>()) {
     ui_->setupUi(this);
+    setFocusProxy(ui_->trVwPreview);
     QHeaderView* const header = ui_->trVwPreview->header();
     header->setStretchLastSection(false);
     header->setSectionResizeMode(0, QHeaderView::Stretch);

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialog>
 
+#include "forms/window_size.h"
 #include "support/error_reporter.h"
 
 namespace snippetarium {
@@ -14,6 +15,7 @@ int RunModal(QDialog& dialog, ErrorReporter& reporter) {
     const bool wasBusy = busy != nullptr;
     const QCursor shape = wasBusy ? *busy : QCursor();
     if (wasBusy) QApplication::changeOverrideCursor(Qt::ArrowCursor);
+    FitOnScreen(dialog);
     const int result = dialog.exec();
     if (wasBusy) QApplication::changeOverrideCursor(shape);
     return result;

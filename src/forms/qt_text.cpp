@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QPlainTextEdit>
 
+#include "support/paths.h"
+
 namespace snippetarium {
 
 QString ToQt(std::string_view text) {
@@ -23,6 +25,14 @@ std::string LinesFromQt(const QString& text) {
     lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     lines.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
     return lines.toStdString();
+}
+
+QString PathToQt(std::string_view path) {
+    return ToQt(ToPlatformPath(path));
+}
+
+void TakePath(const QString& shown, std::string& path) {
+    if (shown != PathToQt(path)) path = ToCataloguePath(FromQt(shown));
 }
 
 std::string TextOf(const QPlainTextEdit& control) {

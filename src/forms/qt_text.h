@@ -20,6 +20,12 @@ std::string FromQt(const QString& text);
 /// The lines of a control with the catalogue's line ends.
 std::string LinesFromQt(const QString& text);
 
+/// A path with the platform's separators, and none that only the catalogue has.
+QString PathToQt(std::string_view path);
+/// Takes over a path that a control shows. One that the user left alone stays to the byte, in
+/// whichever form it is stored; another one gets the catalogue's.
+void TakePath(const QString& shown, std::string& path);
+
 /// What a control holds, a character for each place that its cursor counts: toPlainText() makes
 /// other characters of some. Lines end in LF.
 std::string TextOf(const QPlainTextEdit& control);

@@ -10,6 +10,7 @@
 #include "editors/owner_details.h"
 #include "navigator/node.h"
 #include "store/reads_languages.h"
+#include "support/paths.h"
 
 namespace snippetarium {
 
@@ -59,7 +60,7 @@ std::vector<HeadingLine> HeadingOf(Database& db, const NodeIDs& node,
                                    const ApplicationRecord& record) {
     Heading heading(db, node);
     heading.Add("Version", record.version);
-    heading.Add("Path", record.path);
+    heading.Add("Path", ToPlatformPath(record.path));
     heading.AddDetails(record.comment);
     return heading.Take();
 }
@@ -68,7 +69,7 @@ std::vector<HeadingLine> HeadingOf(Database& db, const NodeIDs& node, const Clas
     Heading heading(db, node);
     heading.AddParent("Application", {.appID = node.appID});
     heading.Add("Language", LanguageByClassID(db, record.classID));
-    heading.Add("Path", record.pathInApp);
+    heading.Add("Path", ToPlatformPath(record.pathInApp));
     heading.AddDetails(record.comment);
     return heading.Take();
 }
