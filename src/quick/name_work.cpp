@@ -154,9 +154,8 @@ class NameWork final : public QuickWork {
     void ReadBlock(const BlockMask& rows) {
         // A few names are looked at as quickly.
         constexpr std::size_t kFew = 8;
-        const BlockFit fit = rows.count() <= kFew
-                                 ? BlockFit::Whole
-                                 : FitOfEntry(plan_, walk_.Names(), walk_.Block());
+        const BlockFit fit = rows.count() <= kFew ? BlockFit::Whole
+                                                  : FitOfEntry(plan_, walk_.Names(), walk_.Block());
         if (fit == BlockFit::None) return;
         const auto best = static_cast<std::size_t>(BestTierOf(fit));
         if (best <= floor_) {
@@ -213,6 +212,11 @@ class NameWork final : public QuickWork {
     }
 
     void TakePromised(std::size_t end) {
+        if (ofTierTaken_ == 0 && end == ofTier_.size()) {
+            toConfirm_ = std::move(ofTier_);  // may be most of the catalogue
+            ofTier_.clear();
+            return;
+        }
         toConfirm_.assign(ofTier_.begin() + static_cast<std::ptrdiff_t>(ofTierTaken_),
                           ofTier_.begin() + static_cast<std::ptrdiff_t>(end));
         ofTierTaken_ = end;

@@ -26,8 +26,8 @@ void PromisedRows::BeginPutOff() {
 FoundRows PromisedRows::Take(std::size_t tier) {
     FoundRows promised = std::exchange(promised_[tier], {});
     FoundRows late = std::exchange(late_[tier], {});
-    const auto putOff = promised.begin() +
-                        static_cast<std::ptrdiff_t>(std::min(notPutOff_[tier], promised.size()));
+    const auto putOff =
+        promised.begin() + static_cast<std::ptrdiff_t>(std::min(notPutOff_[tier], promised.size()));
     std::inplace_merge(promised.begin(), putOff, promised.end(), BlockComesBefore);
     if (late.empty()) return promised;
     std::ranges::sort(late, BlockComesBefore);
