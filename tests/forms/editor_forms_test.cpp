@@ -8,6 +8,7 @@
 
 #include "editors/owner_details.h"
 #include "forms/fPage.h"
+#include "store/settings.h"
 #include "tests/forms/editor_fixture.h"
 
 namespace snippetarium::test {
@@ -63,6 +64,61 @@ TEST_F(EditorFormsTest, TakesNothingForAChangeThatItsControlsCannotShow) {
         RunEvents();
         EXPECT_TRUE(Editors().empty());
     }
+}
+
+TEST_F(EditorFormsTest, ShowsPathsAsThePlatformWritesThemAndStoresThemAsTheCatalogueDoes) {
+    const struct {
+        NodeIDs node;
+        std::string column;
+    } paths[] = {{kApplication, "appPath FROM tblApplication WHERE appID = 2"},
+                 {kClass, "classPathInApp FROM tblClass WHERE classID = 2"}};
+    for (const auto& [node, column] : paths) {
+        const auto stored = [&, what = "SELECT " + column] {
+            return db_->GetConnection().Execute(what)[std::size_t{0}].Text();
+        };
+        const std::string table = column.substr(column.find("FROM ") + 5);
+        const std::string set = " SET " + column.substr(0, column.find(' ')) + " = 'src\\a/b'";
+        Execute("UPDATE " + table.substr(0, table.find(' ')) + set + table.substr(table.find(' ')));
+        Open(node).close();
+        RunEvents();
+        EXPECT_TRUE(Editors().empty()) << "what is shown otherwise is no change";
+        EditorWindow& editor = Open(node);
+        EXPECT_EQ(Find<QLineEdit>(editor, "txtPath").text(), "src/a/b");
+        EXPECT_TRUE(Get<QLabel>("lblHeading").text().contains("src/a/b"));
+        SetLine(editor, "txtPath", "src/c");
+        if (node == kClass) ExpectNoKeywords();
+        Click(editor, "cmdSave");
+        EXPECT_EQ(stored(), "src\\c");
+        editor.close();
+        RunEvents();
+    }
+}
+
+TEST_F(EditorFormsTest, HasTheSizeThatOneOfItsKindHadWhenItWasClosed) {
+    const auto sizeOf = [this](const NodeIDs& node) {
+        EditorWindow& editor = Open(node);
+        const QSize size = editor.size();
+        editor.close();
+        RunEvents();
+        return size;
+    };
+    const QSize designed = sizeOf(kClass);
+    EditorWindow& editor = Open(kProcedure);
+    editor.resize(623, 471);
+    editor.close();
+    RunEvents();
+    EndProgram();
+    StartProgram();
+    EXPECT_EQ(sizeOf(kProcedure), QSize(623, 471));
+    EXPECT_EQ(sizeOf(kClass), designed) << "another kind";
+    for (const char* wrong : {"", "9x", "-600x-400", "large"}) {
+        StoreSetting(*db_, "fClass.size", wrong);
+        EXPECT_EQ(sizeOf(kClass), designed) << wrong;
+    }
+    StoreSetting(*db_, "fClass.size", "90000x90000");
+    const QSize screen = window_->screen()->availableSize();
+    const QSize large = sizeOf(kClass);
+    EXPECT_TRUE(large.width() < screen.width() && large.height() < screen.height());
 }
 
 TEST_F(EditorFormsTest, StaysOpenWithWhatWasTypedWhereItIsRefused) {

@@ -90,6 +90,7 @@ TEST_F(ImportDialogTest, ListsFilesMovesThemAndFillsTheTexts) {
     WriteSource("Tides/Tide.c", "int t() {}\n");
     Open(Sources());
     EXPECT_EQ(Buttons(), "0000");
+    EXPECT_LE(dialog_->minimumSizeHint().width(), 500) << "1,500 pixels at 300 %";
     OpenFolder("Paint");
     EXPECT_EQ(Folder(), Sources() + "/Paint");
     EXPECT_EQ(Source(), (Names{"Main.bas", "Tool.cpp"}));

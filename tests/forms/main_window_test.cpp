@@ -49,7 +49,13 @@ TEST_F(MainWindowTest, ShowsWhatIsSelectedWithItsPlaceAndCounts) {
     EXPECT_FALSE(Get<QTabWidget>("tabRight").isVisible());
     SelectFirstProcedure();
     EXPECT_TRUE(PageText().contains("Sub Draw")) << PageText().toStdString();
-    EXPECT_TRUE(Get<QLabel>("lblHeading").text().contains("Draw"));
+    const auto& heading = Get<QLabel>("lblHeading");
+    EXPECT_TRUE(heading.text().contains("Draw"));
+    for (const int width : {420, 1100}) {
+        window_->resize(width, 600);
+        RunEvents();
+        EXPECT_EQ(heading.height(), heading.heightForWidth(heading.width())) << width;
+    }
     EXPECT_EQ(Get<QLabel>("lblStatusNode").toolTip().toStdString(), "Paint 0 > Grid0 > Draw1");
     WaitUntil([&] { return !Get<QLabel>("lblStatusCounts").text().isEmpty(); });
     EXPECT_TRUE(Get<QLabel>("lblStatusCounts").text().contains("1,001 procedures"));
