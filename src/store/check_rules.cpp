@@ -90,6 +90,7 @@ constexpr std::string_view kNamesAdvice =
     "Quick search misses names. Mending removes the blocks; they are made anew when the catalogue "
     "is opened.";
 
+constexpr std::string_view kNamedClass = "'classID ' || classID || ', ' || className";
 constexpr std::string_view kCutShortAdvice =
     "Some of their procedures may be missing. Import their files again and choose to overwrite the "
     "classes, unless an import is running just now.";
@@ -131,7 +132,7 @@ constexpr std::array kRules = {
     CheckRule{OverlongTextWithoutOwner, Fault, "tblOverlong", kNoOwner, kOwner, "cut off ends of texts whose owner does not exist", "DELETE FROM tblOverlong", kLinkAdvice},
     CheckRule{LeftoverToDelete, Fault, "tblIDsToDelete", "1", "coalesce('ID ' || ID, 'no ID')", "rows that a deletion which was cut short left in its list", "DELETE FROM tblIDsToDelete", kLinkAdvice},
     CheckRule{LeftoverToDelete, Fault, "tblClassesToEmpty", "1", kClassID, "classes that a deletion which was cut short left in its list", "DELETE FROM tblClassesToEmpty", kLinkAdvice},
-    CheckRule{ClassCutShort, Information, "tblClass", kCutShort, "'classID ' || classID", "classes whose import was cut short", "", kCutShortAdvice},
+    CheckRule{ClassCutShort, Information, "tblClass", kCutShort, kNamedClass, "classes whose import was cut short", "", kCutShortAdvice},
     CheckRule{TrashWithoutEntry, Fault, "tblTrashApplication", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashApplication", kTrashAdvice},
     CheckRule{TrashWithoutEntry, Fault, "tblTrashClass", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashClass", kTrashAdvice},
     CheckRule{TrashWithoutEntry, Fault, "tblTrashCode", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashCode", kTrashAdvice},

@@ -264,7 +264,7 @@ TEST_F(UnitStoreTest, KilledAnywhereLeavesTheProceduresStoredSoFar) {
     EXPECT_TRUE(report.IsSound());
     ASSERT_EQ(report.findings.size(), 1U);
     EXPECT_EQ(report.findings[0].kind, FindingKind::ClassCutShort);
-    EXPECT_EQ(report.findings[0].examples, std::vector<std::string>{"classID 2"});
+    EXPECT_EQ(report.findings[0].examples, std::vector<std::string>{"classID 2, modDraw"});
 }
 
 }  // namespace

@@ -63,7 +63,7 @@ constexpr PlantedFault kPlantedFaults[] = {
     {"INSERT INTO tblTrashCode(trashID, codeID) VALUES (7, 1)", TrashWithoutEntry, 1, "trashID 7"},
     {"INSERT INTO tblIDsToDelete VALUES (7), (NULL)", LeftoverToDelete, 2, "ID 7"},
     {"INSERT INTO tblClassesToEmpty VALUES (7)", LeftoverToDelete, 1, "classID 7"},
-    {"INSERT INTO tblSetting (name, value) VALUES ('import.cutShort 3', 'told'), ('import.cutShort 9999', 'new'), ('import.underWay', '4')", ClassCutShort, 2, "classID 3"},
+    {"INSERT INTO tblSetting (name, value) VALUES ('import.cutShort 3', 'told'), ('import.cutShort 9999', 'new'), ('import.underWay', '4')", ClassCutShort, 2, "classID 3, Grid1"},
     {"INSERT INTO tblNameBlock VALUES (3, 0, '00010005', 'draw1'), (2, 1, '', '')", StaleNames, 1, "ownerTableID 2, block 1"},
     {"INSERT INTO tblDraftText VALUES (7, 'code', 'x', NULL)", DraftTextWithoutDraft, 1, "draftID 7"},
     {"INSERT INTO tblDate VALUES (71, '14.03.2001'), (72, '2001-02-30'), (73, NULL), (74, '2001-03-14 24:00:00'), (75, 'now'), (76, '2001-03-14 8:30')", DateThatIsNone, 6, "dateID 71", false},
