@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QPlainTextEdit>
 
+#include "navigator/shown_path.h"
 #include "support/paths.h"
 
 namespace snippetarium {
@@ -28,7 +29,7 @@ std::string LinesFromQt(const QString& text) {
 }
 
 QString PathToQt(std::string_view path) {
-    return ToQt(ToPlatformPath(path));
+    return ToQt(ShownPath(path));
 }
 
 void TakePath(const QString& shown, std::string& path) {

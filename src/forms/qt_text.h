@@ -20,7 +20,7 @@ std::string FromQt(const QString& text);
 /// The lines of a control with the catalogue's line ends.
 std::string LinesFromQt(const QString& text);
 
-/// A path with the platform's separators, and none that only the catalogue has.
+/// A path of the catalogue as it is shown (navigator/shown_path.h).
 QString PathToQt(std::string_view path);
 /// Takes over a path that a control shows. One that the user left alone stays to the byte, in
 /// whichever form it is stored; another one gets the catalogue's.

@@ -9,8 +9,8 @@
 #include "editors/comment_text.h"
 #include "editors/owner_details.h"
 #include "navigator/node.h"
+#include "navigator/shown_path.h"
 #include "store/reads_languages.h"
-#include "support/paths.h"
 
 namespace snippetarium {
 
@@ -60,7 +60,7 @@ std::vector<HeadingLine> HeadingOf(Database& db, const NodeIDs& node,
                                    const ApplicationRecord& record) {
     Heading heading(db, node);
     heading.Add("Version", record.version);
-    heading.Add("Path", ToPlatformPath(record.path));
+    heading.Add("Path", ShownPath(record.path));
     heading.AddDetails(record.comment);
     return heading.Take();
 }
@@ -69,7 +69,7 @@ std::vector<HeadingLine> HeadingOf(Database& db, const NodeIDs& node, const Clas
     Heading heading(db, node);
     heading.AddParent("Application", {.appID = node.appID});
     heading.Add("Language", LanguageByClassID(db, record.classID));
-    heading.Add("Path", ToPlatformPath(record.pathInApp));
+    heading.Add("Path", ShownPath(record.pathInApp));
     heading.AddDetails(record.comment);
     return heading.Take();
 }
