@@ -172,8 +172,7 @@ void MeasureSearches(const fs::path& folder) {
 void Build(const fs::path& folder) {
     SearchedCatalogue catalogue((folder / "indexed").string());
     bool isDone = false;
-    const Figure built =
-        BestOf(1, RUSAGE_SELF, [&] { isDone = RebuildTextIndex(catalogue.Db()); });
+    const Figure built = BestOf(1, RUSAGE_SELF, [&] { isDone = RebuildTextIndex(catalogue.Db()); });
     std::printf("index built in %.1f s (%.1f s of processor time)%s\n", built.milliseconds / 1e3,
                 built.processor / 1e3, isDone ? "" : ", NOT TO ITS END");
     for (const TextIndexState& state : ReadTextIndexState(catalogue.Db())) {

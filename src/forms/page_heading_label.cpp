@@ -1,6 +1,7 @@
 #include "forms/page_heading_label.h"
 
 #include <QResizeEvent>
+#include <algorithm>
 
 namespace snippetarium {
 
@@ -11,7 +12,7 @@ void PageHeadingLabel::ShowHtml(const QString& html) {
 }
 
 void PageHeadingLabel::FitHeight() {
-    height_ = heightForWidth(width());
+    height_ = std::max(0, heightForWidth(width()));  // -1 without a text
     setFixedHeight(height_);
 }
 

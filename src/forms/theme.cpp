@@ -58,6 +58,8 @@ QPalette PaletteOf(const Colours& colours) {
         palette.setColor(QPalette::Disabled, role, colours.disabledText);
     }
     palette.setColor(QPalette::Disabled, QPalette::Highlight, colours.mid);
+    // The style draws the text of a disabled menu entry twice, once in this colour and a bit aside.
+    palette.setColor(QPalette::Disabled, QPalette::Light, colours.base);
     return palette;
 }
 
