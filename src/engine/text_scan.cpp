@@ -9,6 +9,7 @@
 #include "engine/pattern_trigrams.h"
 #include "engine/posting_list.h"
 #include "engine/text_lookup.h"
+#include "support/utf8.h"
 
 namespace snippetarium {
 
@@ -20,6 +21,9 @@ constexpr std::size_t kCostOfLook = 2'000;
 constexpr std::size_t kCostOfRow = 4'096;
 /// A scan that had to begin so often does all the rest with one piece.
 constexpr int kMostBeginnings = 4;
+
+/// Of a text that a row is to be equal to. A pattern of more might be longer than patterns may be.
+constexpr std::size_t kCharactersLookedUp = 1'000;
 
 /// A list that is much longer than what is left of the others is not worth reading.
 bool IsWorthReading(std::size_t size, std::size_t rowsLeft) {
@@ -50,8 +54,9 @@ TextScan::TextScan(const TextColumn& column, std::string_view literal, ShortText
 
 TextScan::TextScan(const TextColumn& column, TextComparison comparison, std::string pattern)
     : column_(column), comparison_(comparison), pattern_(std::move(pattern)) {
-    const LikePattern like(comparison_ == TextComparison::Like ? pattern_
-                                                               : PatternOfLiteral(pattern_));
+    const LikePattern like(comparison_ == TextComparison::Like
+                               ? pattern_
+                               : PatternOfLiteral(CutToCharacters(pattern_, kCharactersLookedUp)));
     trigrams_ = TrigramChoicesOf(like);
     if (!trigrams_.empty()) return;
     const std::vector<std::string> runs = like.PlainRuns();

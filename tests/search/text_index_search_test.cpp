@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "engine/jet_like.h"
 #include "search/statements.h"
 #include "store/deletion.h"
 #include "store/trash.h"
@@ -235,6 +236,17 @@ TEST_F(TextIndexSearchTest, FindsTextsOfTwoLettersOrCannotTell) {
     ExecuteSQL(db_, "UPDATE tblCode SET code = 'Sub b\r\nEnd Sub' WHERE codeID = 7");
     Tend();
     EXPECT_EQ(candidates(), IDs{-1}) << "the segment of the short text is still there";
+}
+
+TEST_F(TextIndexSearchTest, LooksUpATextThatIsLongerThanAPatternMayBe) {
+    AddProcedures(20, random_);
+    const std::string text(LikePattern::kMaxPatternLength + 1, '%');
+    ExecuteSQL(db_, "UPDATE tblCode SET code = '" + text + "' WHERE codeID = 7");
+    Tend();
+    TextScan scan({"tblCode", "code"}, TextComparison::Equal, text);
+    while (db_.GetConnection().Advance(scan)) {
+    }
+    EXPECT_EQ(scan.Candidates(), TextCandidates(std::vector<std::int64_t>{7}));
 }
 
 TEST_F(TextIndexSearchTest, ScansAnIndexThatChangesBetweenThePieces) {
