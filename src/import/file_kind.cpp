@@ -102,11 +102,4 @@ std::string_view DeliveredLanguageName(std::int32_t languageID) {
     return kDeliveredLanguages.at(static_cast<std::size_t>(languageID));
 }
 
-std::string_view ClassNameOfFile(std::string_view entry) {
-    const ExtensionRow* const row = FindExtension(FileExtension(entry));
-    const bool holdsOneClass = row != nullptr && (row->kind == CodeFileKind::VisualBasic ||
-                                                  row->kind == CodeFileKind::Java);
-    return holdsOneClass ? BaseName(entry) : FileName(entry);
-}
-
 }  // namespace snippetarium

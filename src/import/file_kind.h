@@ -59,8 +59,4 @@ std::int32_t ClassLanguageID(std::string_view extension);
 /// The name under which that row was delivered.
 std::string_view DeliveredLanguageName(std::int32_t languageID);
 
-/// What a class is called where its file's text does not say: "Form1" of "sub\Form1.frm" in the
-/// languages in which a file usually holds one named class, "grid.c" of "sub\grid.c" in all others.
-std::string_view ClassNameOfFile(std::string_view entry);
-
 }  // namespace snippetarium
