@@ -30,10 +30,8 @@ CREATE INDEX ixAuthorOwners ON tbl_Author_Link(authorID, ownerTableID, ownerID);
 CREATE INDEX ixOwnerAuthors ON tbl_Author_Link(ownerID, ownerTableID, authorID);
 CREATE INDEX ixDate ON tblDate(dDate);
 CREATE INDEX ixDateOwners ON tbl_date_link(dateID, ownerTableID, ownerID);
-CREATE INDEX ixOwnerDates ON tbl_date_link(ownerID, ownerTableID, dateID);
 
-CREATE INDEX ixCodeLanguages ON tblCode_Link_Language(codeID, languageID);
-CREATE INDEX ixLanguageCodes ON tblCode_Link_Language(languageID, codeID);
+CREATE INDEX ixLanguageCodes ON tblCode_Link_Language(languageID);
 
 CREATE INDEX ixFavoriteClass ON tblFavorite(classID);
 CREATE INDEX ixFavoriteCode ON tblFavorite(codeID);

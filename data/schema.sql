@@ -94,11 +94,15 @@ CREATE TABLE tblDate(
     dDate TEXT COLLATE CATNC
 );
 
+-- An owner has a date once; to link it again changes nothing. Dates are shown in their own order, so
+-- the links need no numbers to tell theirs. The key has the columns in the table's order: where it does
+-- not, the library's own check of a file takes the columns for each other.
 CREATE TABLE tbl_date_link(
     ownerID INTEGER NOT NULL,
     dateID INTEGER NOT NULL,
-    ownerTableID INTEGER NOT NULL
-);
+    ownerTableID INTEGER NOT NULL,
+    PRIMARY KEY (ownerID, dateID, ownerTableID) ON CONFLICT IGNORE
+) WITHOUT ROWID;
 
 CREATE TABLE tblLanguage(
     languageID INTEGER PRIMARY KEY,
@@ -106,10 +110,11 @@ CREATE TABLE tblLanguage(
     Status INTEGER
 );
 
+-- A procedure has one language: the one that was said last.
 CREATE TABLE tblCode_Link_Language(
-    codeID INTEGER NOT NULL,
+    codeID INTEGER NOT NULL PRIMARY KEY ON CONFLICT REPLACE,
     languageID INTEGER NOT NULL
-);
+) WITHOUT ROWID;
 
 -- A bookmarked class has no codeID.
 CREATE TABLE tblFavorite(
@@ -122,12 +127,13 @@ CREATE TABLE tblCommonWord(
     commonWord TEXT NOT NULL COLLATE CATNC
 );
 
--- The scratch list of a deletion. The statement that removes unused authors reads "DELETE FROM
+-- The scratch list of a deletion. It has each ID once: the 400,000 links that go with a large
+-- application lead to some thousand words. The statement that removes unused authors reads "DELETE FROM
 -- tblAuthor WHERE authorID IN (SELECT authorID FROM tblIDsToDelete)". Without the two computed
 -- columns authorID would be the author's own, the condition always true, and every author would go;
 -- dates likewise.
 CREATE TABLE tblIDsToDelete(
-    ID INTEGER,
+    ID INTEGER PRIMARY KEY ON CONFLICT IGNORE,
     authorID INTEGER AS (ID),
     dateID INTEGER AS (ID)
 );

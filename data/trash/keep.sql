@@ -101,8 +101,7 @@ INSERT INTO tblTrashDateLink
 SELECT [entry], ownerID, dateID, ownerTableID
 FROM tbl_date_link
 WHERE ownerID IN (SELECT [levelID] FROM tblTrash[Level] WHERE trashID = [entry])
-    AND ownerTableID = [levelNumber]
-ORDER BY rowid;
+    AND ownerTableID = [levelNumber];
 
 INSERT INTO tblTrashOverlong
 SELECT [entry], ownerID, ownerTableID, part, text

@@ -119,11 +119,7 @@ INSERT INTO tbl_date_link(ownerID, dateID, ownerTableID)
 SELECT m.new, d.new, [levelNumber]
 FROM tblTrashDateLink t CROSS JOIN tblBack[Level] m ON m.old = t.ownerID
     CROSS JOIN tblBackDate d ON d.old = t.dateID
-WHERE t.trashID = [entry] AND t.ownerTableID = [levelNumber]
-    AND (NOT m.isThere OR NOT EXISTS (
-        SELECT 1 FROM tbl_date_link x
-        WHERE x.ownerID = m.new AND x.ownerTableID = [levelNumber] AND x.dateID = d.new))
-ORDER BY t.rowid;
+WHERE t.trashID = [entry] AND t.ownerTableID = [levelNumber];
 
 INSERT OR IGNORE INTO tblOverlong(ownerID, ownerTableID, part, text)
 SELECT m.new, [levelNumber], t.part, t.text

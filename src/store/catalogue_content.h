@@ -14,7 +14,7 @@ namespace snippetarium {
 
 /// The version of the file's tables, kept in its user_version. It goes up with every change that a
 /// file already in use must be migrated to.
-inline constexpr int kCatalogueVersion = 4;
+inline constexpr int kCatalogueVersion = 5;
 
 /// The tables with their indexes, triggers and fixed statistics, and nothing in them.
 std::string SchemaScript();

@@ -32,7 +32,6 @@ enum class FindingKind : std::uint8_t {
     ClassOfUnknownLanguage,
     LanguageLinkWithoutProcedure,
     LanguageLinkWithoutLanguage,
-    ProcedureOfSeveralLanguages,
     BookmarkOfNothing,
     SourceFormWithoutClass,
     OverlongTextWithoutOwner,

@@ -36,8 +36,6 @@ constexpr std::string_view kNoPlaceInTree =
     "OR (codeID IS NOT NULL AND codeID NOT IN (SELECT codeID FROM tblCode)))";
 constexpr std::string_view kNoLink =
     "searchWordID NOT IN (SELECT searchWordID FROM tblKeyword_link_searchWord)";
-constexpr std::string_view kNotItsFirstLanguage =
-    "rowid NOT IN (SELECT min(rowid) FROM tblCode_Link_Language GROUP BY codeID)";
 // What comes back from date() or time() as another one does not exist; what is no date at all comes
 // back as null, and so does the comparison.
 constexpr std::string_view kNoIsoDate =
@@ -126,11 +124,10 @@ constexpr std::array kRules = {
     CheckRule{ClassOfUnknownLanguage, Fault, "tblClass", kNoLanguage, kClassID, "classes whose language does not exist", "", "Choose a language for them in the class editor."},
     CheckRule{LanguageLinkWithoutProcedure, Fault, "tblCode_Link_Language", kNoCode, kCodeID, "languages of procedures that do not exist", "DELETE FROM tblCode_Link_Language", kLinkAdvice},
     CheckRule{LanguageLinkWithoutLanguage, Fault, "tblCode_Link_Language", kNoLanguage, kCodeID, "procedures whose language does not exist", "DELETE FROM tblCode_Link_Language", "Mending lets them have no language; choose one in the procedure editor."},
-    CheckRule{ProcedureOfSeveralLanguages, Fault, "tblCode_Link_Language", kNotItsFirstLanguage, kCodeID, "second and further languages of one procedure", "DELETE FROM tblCode_Link_Language", "A procedure has one language. Mending leaves it the first."},
     CheckRule{BookmarkOfNothing, Fault, "tblFavorite", kNoPlaceInTree, kBookmark, "bookmarks of what does not exist", "DELETE FROM tblFavorite", kLinkAdvice},
     CheckRule{SourceFormWithoutClass, Fault, "tblSourceForm", kNoClass, kClassID, "notes on the source files of classes that do not exist", "DELETE FROM tblSourceForm", kLinkAdvice},
     CheckRule{OverlongTextWithoutOwner, Fault, "tblOverlong", kNoOwner, kOwner, "cut off ends of texts whose owner does not exist", "DELETE FROM tblOverlong", kLinkAdvice},
-    CheckRule{LeftoverToDelete, Fault, "tblIDsToDelete", "1", "coalesce('ID ' || ID, 'no ID')", "rows that a deletion which was cut short left in its list", "DELETE FROM tblIDsToDelete", kLinkAdvice},
+    CheckRule{LeftoverToDelete, Fault, "tblIDsToDelete", "1", "'ID ' || ID", "rows that a deletion which was cut short left in its list", "DELETE FROM tblIDsToDelete", kLinkAdvice},
     CheckRule{LeftoverToDelete, Fault, "tblClassesToEmpty", "1", kClassID, "classes that a deletion which was cut short left in its list", "DELETE FROM tblClassesToEmpty", kLinkAdvice},
     CheckRule{ClassCutShort, Information, "tblClass", kCutShort, kNamedClass, "classes whose import was cut short", "", kCutShortAdvice},
     CheckRule{TrashWithoutEntry, Fault, "tblTrashApplication", kNoTrash, kTrashID, kLostTrash, "DELETE FROM tblTrashApplication", kTrashAdvice},

@@ -89,8 +89,8 @@ SalvagePlan PlanOfSalvage(std::int32_t version) {
     }
     plan.creationScript = CreationScript();
     // An index of texts that were damaged is worth nothing.
-    plan.deliveredTables = {"tblNamedQuery", "tblTextIndex", "tblTextSegment",
-                            "tblTextBlock",  "tblTextDirty", "tblNameBlock"};
+    plan.deliveredTables = {"tblNamedQuery", "tblIDsToDelete", "tblTextIndex", "tblTextSegment",
+                            "tblTextBlock",  "tblTextDirty",   "tblNameBlock"};
     for (const PermanentTable& table : TablesWithPermanentRows()) {
         plan.tablesWithPermanentRows.emplace_back(table.name);
     }

@@ -213,7 +213,12 @@ class OldFileTest : public CatalogueFixture, public ::testing::WithParamInterfac
     static constexpr std::string_view kRows =
         "INSERT INTO tblApplication(appID, appName) VALUES (7, 'Paint');"
         "INSERT INTO tblClass(classID, className, appID, languageID) VALUES (8, 'Grid', 7, 1);"
-        "INSERT INTO tblCode(codeID, codeName, code, classID) VALUES (9, 'Draw', 'Sub Draw()', 8);";
+        "INSERT INTO tblCode(codeID, codeName, code, classID) VALUES (9, 'Draw', 'Sub Draw()', 8);"
+        "INSERT INTO tblDate VALUES (3, '2001-03-14');";
+    /// What only a damaged file has: the second of each goes.
+    static constexpr std::string_view kDoubleLinks =
+        "INSERT INTO tbl_date_link VALUES (9, 3, 3), (9, 3, 3);"
+        "INSERT INTO tblCode_Link_Language VALUES (9, 4), (9, 2);";
 
     OldFileTest() {
         std::filesystem::remove(CataloguePath());
@@ -222,11 +227,20 @@ class OldFileTest : public CatalogueFixture, public ::testing::WithParamInterfac
             script += std::string(MigrationScript(version)) +
                       "PRAGMA user_version = " + std::to_string(version + 1) + ";";
         }
-        CreateDatabase(CataloguePath(), script + std::string(kRows));
+        CreateDatabase(CataloguePath(), script + std::string(kRows) + std::string(kDoubleLinks));
     }
     std::string CodeName() {
         return db_.GetConnection()
             .Execute("SELECT codeName FROM tblCode WHERE codeID = 9")["codeName"]
+            .Text();
+    }
+    /// What the procedure is linked with.
+    std::string Links() {
+        return db_.GetConnection()
+            .Execute(
+                "SELECT group_concat(dateID) || ' ' || (SELECT group_concat(languageID) FROM "
+                "tblCode_Link_Language WHERE codeID = 9) AS links FROM tbl_date_link "
+                "WHERE ownerID = 9 AND ownerTableID = 3")["links"]
             .Text();
     }
 };
@@ -235,12 +249,14 @@ TEST_P(OldFileTest, BecomesLikeANewOne) {
     ASSERT_EQ(Inspection(CataloguePath()).ReadNumber("PRAGMA user_version"), GetParam());
     OpenCatalogue(db_);
     EXPECT_EQ(CodeName(), "Draw");
+    EXPECT_EQ(Links(), "3 4");
     for (const CheckFinding& finding : CheckCatalogue(db_).findings)
         ADD_FAILURE() << finding.what << ": " << finding.examples.front();
     EXPECT_EQ(ListBackups(folder_.Path()).size(), 1U);
     DeleteApplication(db_, 7);
     RestoreFromTrash(db_, ListTrash(db_).at(0).trashID);
     EXPECT_EQ(CodeName(), "Draw");
+    EXPECT_EQ(Links(), "3 4");
 }
 
 TEST_P(OldFileTest, IsRecoveredIntoANewOneAndMissesNothingForItsAge) {
