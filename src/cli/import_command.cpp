@@ -133,6 +133,7 @@ ImportTexts TextsFor(const CommandContext& context, Database& db, const ImportLi
     } else {
         texts.application = ApplicationNameForPath(db, texts.applicationPath);
     }
+    RequireDone(IsOneLine(db, texts.language));
     if (AppIDUsingAppName(db, texts.application) == 0)
         RequireDone(IsOneLine(db, texts.application));
     return texts;

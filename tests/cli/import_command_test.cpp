@@ -141,6 +141,7 @@ TEST_F(ImportCommandTest, RefusesWhatMakesNoSense) {
         {{"--application", "bad \xff"}, kWrongUsage, "of --application is not valid UTF-8"},
         {{"--application", "two\nlines"}, kFailed, "A name cannot hold a line break"},
         {{"--path", "bad \xff"}, kWrongUsage, "of --path is not valid UTF-8"},
+        {{"--language", "two\nlines"}, kFailed, "A name cannot hold a line break"},
         {{"--language", "bad \xff"}, kWrongUsage, "of --language is not valid UTF-8"},
         {{"bad \xff.bas"}, kWrongUsage, "of ENTRY is not valid UTF-8"},
         {{"../Draw.bas"}, kWrongUsage, "'../Draw.bas' is no file below the folder"},
