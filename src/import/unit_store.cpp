@@ -100,8 +100,10 @@ StoreResult UnitStore::Store(const CutFile& file, const ClassSource& source) {
     if (result == StoreResult::Stored) {
         for (const std::int32_t classID : before)
             DeleteOverwritten(classID, source.entry);
+        NoteClassComplete(db_);
+    } else {
+        ListCutShortClass(db_);
     }
-    NoteClassComplete(db_);
     isUnderWay_ = false;
     return result;
 }
