@@ -102,6 +102,13 @@ std::string_view DeliveredLanguageName(std::int32_t languageID) {
     return kDeliveredLanguages.at(static_cast<std::size_t>(languageID));
 }
 
+bool IsDeliveredLanguage(std::string_view name) {
+    return !name.empty() &&
+           std::ranges::any_of(kDeliveredLanguages, [&](std::string_view delivered) {
+               return EqualFolded(delivered, name);
+           });
+}
+
 std::string_view ClassNameOfFile(std::string_view entry) {
     const ExtensionRow* const row = FindExtension(FileExtension(entry));
     const bool holdsOneClass = row != nullptr && (row->kind == CodeFileKind::VisualBasic ||
