@@ -101,8 +101,10 @@ void TakeAway(std::vector<AuthorName>& names, const std::string& text, const Nod
     const auto found = std::ranges::find_if(
         names, [&wanted](const AuthorName& name) { return EqualFolded(AuthorText(name), wanted); });
     if (found == names.end()) {
-        throw Error(error_number::kInvalidCall,
-                    "'" + text + "' is no author of '" + KeyOf(node) + "'.");
+        throw Error(error_number::kInvalidCall, "'" + text + "' is no author of '" + KeyOf(node) +
+                                                    "'. '" + std::string(kProgramName) +
+                                                    " authors " + KeyOf(node) +
+                                                    "' lists its authors.");
     }
     names.erase(found);
 }
@@ -120,7 +122,8 @@ void Rename(CommandContext& context) {
     Database& db = context.Catalogue(CatalogueUse::Change);
     if (AuthorRSByID(db, *authorID).EndOfFile()) {
         throw Error(error_number::kInvalidCall,
-                    "There is no author with the number " + std::to_string(*authorID) + ".");
+                    "There is no author with the number " + std::to_string(*authorID) + ". '" +
+                        std::string(kProgramName) + " authors' lists the numbers.");
     }
     RequireDone(CheckDetailChanges(db, {.authors = std::vector{name}}));
     const std::int32_t nowID = RenameAuthor(db, *authorID, name);

@@ -42,6 +42,7 @@ std::size_t EditDistance(std::string_view left, std::string_view right) {
 std::vector<std::string> ClosestNames(std::string_view typed,
                                       std::span<const std::string_view> names, std::size_t limit) {
     const std::string wanted = SmallLetters(typed);
+    if (wanted.empty()) return {};  // nearly like every name of one letter
     const std::size_t tolerance = 1 + wanted.size() / 4;
     std::vector<std::pair<std::size_t, std::string>> close;
     for (const std::string_view name : names) {

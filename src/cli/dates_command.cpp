@@ -71,8 +71,9 @@ void TakeAway(std::vector<std::string>& dates, const std::string& text, const No
         return wanted && ParseDateText(date) == wanted;
     });
     if (found == dates.end()) {
-        throw Error(error_number::kInvalidCall,
-                    "'" + text + "' is no date of '" + KeyOf(node) + "'.");
+        throw Error(error_number::kInvalidCall, "'" + text + "' is no date of '" + KeyOf(node) +
+                                                    "'. '" + std::string(kProgramName) + " dates " +
+                                                    KeyOf(node) + "' lists its dates.");
     }
     dates.erase(found);
 }

@@ -7,7 +7,10 @@
 
 #include "cli/command_context.h"
 #include "cli/console.h"
+#include "cli/refused_error.h"
+#include "cli/text_argument.h"
 #include "cli/usage_error.h"
+#include "editors/field_rules.h"
 #include "import/import_job.h"
 #include "import/import_selection.h"
 #include "import/import_start.h"
@@ -64,6 +67,7 @@ struct ImportList {
 /// An entry as it was named, in the catalogue's form. Export writes files to the paths that the
 /// catalogue has for them, so none may lead out of its folder.
 std::string NamedEntry(const std::string& name) {
+    RequireUtf8(kEntry, name);
     const std::filesystem::path path =
         std::filesystem::path(ToPlatformPath(name)).lexically_normal();
     const std::string first = path.empty() ? std::string() : path.begin()->string();
@@ -87,6 +91,7 @@ std::vector<std::string> NamedEntries(const Arguments& given) {
 /// application by it.
 std::string SourceFolder(const Arguments& given, const FileSystem& files) {
     const std::string name = *given.Value(kFolder);
+    RequireUtf8(kFolder, name);
     if (!files.FolderExists(name))
         throw Error(error_number::kPathNotFound, "There is no folder '" + name + "'.");
     std::filesystem::path folder =
@@ -120,15 +125,18 @@ ImportList ListFiles(CommandContext& context, Database& db, ImportState& state,
     return list;
 }
 
-ImportTexts TextsFor(const Arguments& given, Database& db, const ImportList& list) {
+ImportTexts TextsFor(const CommandContext& context, Database& db, const ImportList& list) {
     ImportTexts texts;
-    texts.applicationPath = given.Value(kPath).value_or(list.folder);
-    texts.language = given.Value(kLanguage).value_or(LanguageText(list.entries));
-    if (const auto application = given.Value(kApplication)) {
+    texts.applicationPath = TextArgument(context, kPath).value_or(list.folder);
+    texts.language = TextArgument(context, kLanguage).value_or(LanguageText(list.entries));
+    if (const auto application = TextArgument(context, kApplication)) {
         texts.application = *application;
     } else {
         texts.application = ApplicationNameForPath(db, texts.applicationPath);
     }
+    RequireDone(IsOneLine(db, texts.language));
+    if (AppIDUsingAppName(db, texts.application) == 0)
+        RequireDone(IsOneLine(db, texts.application));
     return texts;
 }
 
@@ -153,7 +161,11 @@ ImportAnswers AnswersIn(const Arguments& given) {
 
 std::string EncodingIn(const Arguments& given) {
     const std::string name = given.Value(kEncoding).value_or(std::string(kDefaultEncoding));
-    if (!IsKnownEncoding(name)) throw UsageError("The encoding '" + name + "' is not known.");
+    if (!IsKnownEncoding(name)) {
+        throw UsageError("The encoding '" + name +
+                         "' is not known. Write it like windows-1252, iso-8859-15, shift_jis or "
+                         "utf-16le.");
+    }
     return name;
 }
 
@@ -214,7 +226,7 @@ void Run(CommandContext& context) {
     const DiskFileSystem files;
     ImportState state;
     ImportList list = ListFiles(context, db, state, files);
-    const ImportTexts texts = TextsFor(context.Given(), db, list);
+    const ImportTexts texts = TextsFor(context, db, list);
     const ImportStart start = StartImport(db, state, texts, list.entries.size(), answers);
     if (!start.mayStart) {
         const bool lacksLanguage = start.focus == ImportControl::Language;

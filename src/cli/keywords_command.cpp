@@ -77,7 +77,8 @@ KeywordEntry EntryFor(const CommandContext& context, Database& db, const NodeIDs
     if (const auto text = TextArgument(context, kSet)) {
         entry.text = *text;
     } else if (!present) {
-        throw Error(error_number::kInvalidCall, "'" + KeyOf(node) + "' has no keywords yet.");
+        throw Error(error_number::kInvalidCall,
+                    "'" + KeyOf(node) + "' has no keywords yet. Give it some with --set.");
     }
     if (const auto separator = TextArgument(context, kSeparator))
         entry.separatorID = FindSeparator(db, *separator);

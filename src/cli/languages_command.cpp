@@ -12,6 +12,7 @@
 #include "cli/text_table.h"
 #include "editors/catalogue_lists.h"
 #include "editors/languages.h"
+#include "keywords/words.h"
 
 namespace snippetarium {
 
@@ -55,8 +56,8 @@ void Run(CommandContext& context) {
     RequireBoth(context.Given(), kRename, kTo);
     if (action.empty()) return List(context);
 
-    const std::string name = *TextArgument(context, action);
-    const std::string newName = TextArgument(context, kTo).value_or(name);
+    const std::string name(TrimBlanks(*TextArgument(context, action)));
+    const std::string newName(TrimBlanks(TextArgument(context, kTo).value_or(name)));
     Database& db = context.Catalogue(CatalogueUse::Change);
     if (action == kAdd) {
         RequireDone(AddLanguage(db, name));

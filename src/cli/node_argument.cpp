@@ -1,5 +1,6 @@
 #include "cli/node_argument.h"
 
+#include "cli/commands.h"
 #include "cli/usage_error.h"
 #include "store/database.h"
 #include "store/owner_place.h"
@@ -18,12 +19,11 @@ NodeIDs ReadNodeKey(const std::string& key) {
 void RequireNode(Database& db, const NodeIDs& node) {
     const NodeIDs found = PlaceOf(db, OwnerOf(node));
     if (found == node) return;
-    std::string message = "The catalogue has no '" + KeyOf(node) + "'";
-    if (found != NodeIDs{}) {
-        message += ". The key of this " + std::string(KindName(KindOf(node))) + " is '" +
-                   KeyOf(found) + "'";
-    }
-    throw Error(error_number::kInvalidCall, message + ".");
+    const std::string hint =
+        found == NodeIDs{} ? "'" + std::string(kProgramName) + " tree' prints the keys it has."
+                           : "The key of this " + std::string(KindName(KindOf(node))) + " is '" +
+                                 KeyOf(found) + "'.";
+    throw Error(error_number::kInvalidCall, "The catalogue has no '" + KeyOf(node) + "'. " + hint);
 }
 
 }  // namespace snippetarium

@@ -68,6 +68,8 @@ void Add(CommandContext& context, const std::string& entry) {
     if (words.empty())
         throw Error(error_number::kInvalidCall, "There is no word in '" + entry + "'.");
     Database& db = context.Catalogue(CatalogueUse::Change);
+    for (const std::string& word : words)
+        RequireDone(FitsNoiseWord(db, word));
     const NoiseWords before = LoadNoiseWords(db);
     const NoiseEffect effect = EffectOfNoise(db, entry);
     // Also where all are noise words already: what an addition that was cut off left undone is
@@ -80,7 +82,9 @@ void Add(CommandContext& context, const std::string& entry) {
 void Delete(CommandContext& context, const std::string& word) {
     Database& db = context.Catalogue(CatalogueUse::Change);
     if (CommonWordRSByWord(db, word).EndOfFile())
-        throw Error(error_number::kInvalidCall, "'" + word + "' is no noise word.");
+        throw Error(error_number::kInvalidCall, "'" + word + "' is no noise word. '" +
+                                                    std::string(kProgramName) +
+                                                    " noise' lists them.");
     NoiseWords noise = LoadNoiseWords(db);
     DeleteNoiseWord(db, noise, word);
     if (context.WantsJson()) return context.SetDocument({{"noiseWords", {word}}});

@@ -52,11 +52,15 @@ std::string ReadFile(const std::string& path) {
 
 }  // namespace
 
+void RequireUtf8(std::string_view name, std::string_view value) {
+    if (!IsValidUtf8(value))
+        throw UsageError("The value of " + std::string(name) + " is not valid UTF-8.");
+}
+
 std::optional<std::string> TextArgument(const CommandContext& context, std::string_view name) {
     std::optional<std::string> text = context.Given().Value(name);
     if (!text) return text;
-    if (!IsValidUtf8(*text))
-        throw UsageError("The value of " + std::string(name) + " is not valid UTF-8.");
+    RequireUtf8(name, *text);
     NormaliseLineEnds(*text);
     return text;
 }

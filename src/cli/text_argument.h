@@ -11,6 +11,9 @@ class CommandContext;
 
 // Texts for the catalogue, as a command gets them.
 
+/// Throws UsageError where the value of the argument or option `name` is not valid UTF-8.
+void RequireUtf8(std::string_view name, std::string_view value);
+
 /// The value of an argument or option; nothing where it was not given. Its lines end in CR LF.
 /// Throws UsageError where it is not valid UTF-8.
 std::optional<std::string> TextArgument(const CommandContext& context, std::string_view name);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/command_context.h"
+#include "cli/node_argument.h"
 #include "cli/node_output.h"
 #include "cli/text_table.h"
 #include "cli/usage_error.h"
@@ -100,6 +101,18 @@ void RequireEntry(Database& db, std::int32_t trashID) {
                                                 " trash list' shows the entries.");
 }
 
+NodeIDs NodeOf(Database& db, const Owner& owner) {
+    switch (owner.kind) {
+        case OwnerKind::Application:
+            return {.appID = owner.id};
+        case OwnerKind::Class:
+            return ClassNode(db, owner.id);
+        case OwnerKind::Procedure:
+            break;
+    }
+    return ProcedureNode(db, owner.id);
+}
+
 void Restore(CommandContext& context) {
     const auto trashID = context.Given().Number(kID, 1, std::numeric_limits<std::int32_t>::max());
     if (!trashID) {
@@ -109,9 +122,11 @@ void Restore(CommandContext& context) {
     RequireEntry(db, *trashID);
     const TrashReturn returned = RestoreFromTrash(db, *trashID);
     const OwnerKind kind = returned.owner.kind;
+    const std::string key = KeyOf(NodeOf(db, returned.owner));
     if (context.WantsJson()) {
         return context.SetDocument(
-            {{"kind", NameOf(kind)},
+            {{"key", key},
+             {"kind", NameOf(kind)},
              {"id", returned.owner.id},
              {"name", returned.name},
              {"application", returned.appName},
@@ -120,7 +135,7 @@ void Restore(CommandContext& context) {
     }
     const std::string where = Where(kind, returned.appName, returned.className);
     context.Output() << "Restored: " << NameOf(kind) << " '" << OneLine(returned.name) << "'"
-                     << (where.empty() ? "" : " in " + OneLine(where)) << '\n';
+                     << (where.empty() ? "" : " in " + OneLine(where)) << "  (" << key << ")\n";
     for (const std::string& remark : returned.remarks)
         context.Output() << OneLine(remark) << '\n';
 }

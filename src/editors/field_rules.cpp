@@ -1,6 +1,6 @@
 #include "editors/field_rules.h"
 
-#include <algorithm>
+#include <cstddef>
 #include <string>
 
 #include "store/database.h"
@@ -19,9 +19,17 @@ constexpr std::string_view kNotOneLine =
 constexpr std::string_view kPermanentApplication = "You cannot view or edit this application.";
 constexpr std::string_view kPermanentClass = "You cannot view or edit this class.";
 
-bool IsControl(char character) {
-    const auto byte = static_cast<unsigned char>(character);
-    return byte < 0x20U || byte == 0x7FU;
+/// U+2028 and U+2029 break lines and paragraphs.
+bool IsControl(char32_t character) {
+    return character < 0x20 || (character >= 0x7F && character < 0xA0) || character == 0x2028 ||
+           character == 0x2029;
+}
+
+bool HasControl(std::string_view name) {
+    for (std::size_t position = 0; position < name.size();) {
+        if (IsControl(DecodeUtf8(name, position))) return true;
+    }
+    return false;
 }
 
 }  // namespace
@@ -36,7 +44,7 @@ bool RefuseSeveralWords(Database& db) {
 }
 
 bool IsOneLine(Database& db, std::string_view name) {
-    return std::ranges::none_of(name, IsControl) || RefuseEntry(db, kNotOneLine);
+    return !HasControl(name) || RefuseEntry(db, kNotOneLine);
 }
 
 bool FitsLongText(Database& db, std::string_view what, std::string_view text) {

@@ -32,7 +32,7 @@ bool MayAdd(Database& db, const NoiseWords& noise, const std::vector<std::string
     if (words.empty()) return RefuseEntry(db, kEmpty);
     if (words.size() > 1) return RefuseSeveralWords(db);
     const std::string& word = words.front();
-    if (CharacterCount(word) > kNameLimit) return RefuseEntry(db, kTooLong);
+    if (!FitsNoiseWord(db, word)) return false;
     if (noise.IsNoiseWord(word))
         return RefuseEntry(db, Sql("'", word, "' is a noise word already."));
     return true;
@@ -50,6 +50,10 @@ std::vector<std::string> WordsToAdd(std::string_view entry) {
     const std::string separated = RemoveDuplicateWords(SeparateWords(entry));
     const std::vector<std::string_view> words = SplitWords(separated);
     return {words.begin(), words.end()};
+}
+
+bool FitsNoiseWord(Database& db, std::string_view word) {
+    return CharacterCount(word) <= kNameLimit || RefuseEntry(db, kTooLong);
 }
 
 NoiseEffect EffectOfNoise(Database& db, std::string_view entry) {

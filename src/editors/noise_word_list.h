@@ -15,6 +15,9 @@ class Database;
 /// The words of an entry, each once, as they are stored.
 std::vector<std::string> WordsToAdd(std::string_view entry);
 
+/// Refuses a word of more than 255 characters.
+bool FitsNoiseWord(Database& db, std::string_view word);
+
 /// What becomes different when words become noise words.
 struct NoiseEffect {
     /// How many of them are in the index, from which they go.

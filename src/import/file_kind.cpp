@@ -102,4 +102,11 @@ std::string_view DeliveredLanguageName(std::int32_t languageID) {
     return kDeliveredLanguages.at(static_cast<std::size_t>(languageID));
 }
 
+bool IsDeliveredLanguage(std::string_view name) {
+    return !name.empty() &&
+           std::ranges::any_of(kDeliveredLanguages, [&](std::string_view delivered) {
+               return EqualFolded(delivered, name);
+           });
+}
+
 }  // namespace snippetarium

@@ -58,5 +58,7 @@ std::string_view LanguageNameOfExtension(std::string_view extension);
 std::int32_t ClassLanguageID(std::string_view extension);
 /// The name under which that row was delivered.
 std::string_view DeliveredLanguageName(std::int32_t languageID);
+/// In any letter case.
+bool IsDeliveredLanguage(std::string_view name);
 
 }  // namespace snippetarium

@@ -46,6 +46,20 @@ std::vector<std::string> LanguageNames(std::string_view text) {
     return names;
 }
 
+/// The name of the language that a file's extension tells.
+std::string LanguageOfFile(std::string_view extension) {
+    const std::string_view offered = LanguageNameOfExtension(FoldCase(extension));
+    return std::string(offered.empty() ? DeliveredLanguageName(ClassLanguageID(extension))
+                                       : offered);
+}
+
+/// The language text is filled without "C" where it has "Visual Basic", which ends like it. A name
+/// that the user typed is one that was meant.
+bool StandsFor(std::string_view listed, std::string_view language) {
+    return EqualFolded(listed, language) ||
+           (IsDeliveredLanguage(listed) && FoldCase(listed).ends_with(FoldCase(language)));
+}
+
 void LinkHarvestedAuthors(Database& db, const Owner& owner, const HarvestedHeader& header) {
     std::vector<std::int32_t> authorIDs;
     for (const AuthorName& name : header.authors)
@@ -86,8 +100,10 @@ StoreResult UnitStore::Store(const CutFile& file, const ClassSource& source) {
     if (result == StoreResult::Stored) {
         for (const std::int32_t classID : before)
             DeleteOverwritten(classID, source.entry);
+        NoteClassComplete(db_);
+    } else {
+        ListCutShortClass(db_);
     }
-    NoteClassComplete(db_);
     isUnderWay_ = false;
     return result;
 }
@@ -236,14 +252,11 @@ std::int32_t UnitStore::ClassLanguage(const std::string& entry) {
 
 std::int32_t UnitStore::ProcedureLanguage(const CutProcedure& procedure, const std::string& entry) {
     if (!procedure.language.empty()) return FindOrAddLanguage(procedure.language);
-    const std::string_view extension = FileExtension(entry);
-    const std::string_view own = LanguageNameOfExtension(FoldCase(extension));
+    const std::string own = LanguageOfFile(FileExtension(entry));
     const std::vector<std::string> names = LanguageNames(target_.language);
     const bool isListed =
-        std::ranges::any_of(names, [&](const std::string& name) { return EqualFolded(name, own); });
-    if (isListed || names.empty())
-        return own.empty() ? ClassLanguage(entry) : FindOrAddLanguage(std::string(own));
-    return FindOrAddLanguage(names.front());
+        std::ranges::any_of(names, [&](const std::string& name) { return StandsFor(name, own); });
+    return FindOrAddLanguage(isListed || names.empty() ? own : names.front());
 }
 
 std::int32_t UnitStore::FindOrAddLanguage(const std::string& name) {

@@ -32,7 +32,7 @@ std::string Line(const CutShortClass& aClass) {
 
 std::string Message(const std::vector<CutShortClass>& classes) {
     std::string message =
-        "The program ended while it imported a class, so that some of its procedures may be "
+        "An import ended in the midst of a class, so that some of its procedures may be "
         "missing:\r\n";
     for (const CutShortClass& aClass : classes) {
         if (!aClass.isTold) message += Line(aClass);

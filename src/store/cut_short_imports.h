@@ -9,12 +9,14 @@ namespace snippetarium {
 class Database;
 
 // An import stores a class statement by statement. What kills the program in the midst of it leaves
-// a class with a part of its procedures, which looks like any other. So the catalogue notes, among
-// its settings, that a class is under way: not which one, since it has no ID yet, but the greatest
-// ID that there is before. IDs of classes are never used again, so the next one is the class.
+// a class with a part of its procedures, which looks like any other, and whose export would be a
+// part of its file. So does a user who cancels there. So the catalogue notes, among its settings,
+// that a class is under way: not which one, since it has no ID yet, but the greatest ID that there
+// is before. IDs of classes are never used again, so the next one is the class.
 //
-// The first program that opens the catalogue for writing after that puts the class's ID on a list,
-// where it stays until the class is gone: overwritten by the next import of its file, or deleted.
+// An import that is cancelled puts the class's ID on a list, else the first program that opens the
+// catalogue for writing after that. There it stays until the class is gone: overwritten by the next
+// import of its file, or deleted.
 
 /// Call them before the row of a class is added, and when all of it is stored. They throw.
 void NoteClassUnderWay(Database& db);

@@ -1,6 +1,9 @@
 #include "store/name_rules.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
+#include <utility>
 
 #include "store/database.h"
 #include "store/owner.h"
@@ -45,9 +48,27 @@ bool RefuseRename(Database& db, std::string_view message) {
     return Refuse(db, Sql(kCannotRename, message));
 }
 
+/// Control characters and blanks, among them those of other scripts and those without a width.
+bool IsVisible(char32_t character) {
+    static constexpr std::pair<char32_t, char32_t> kInvisible[] = {
+        {0x00, 0x20},     {0x7F, 0xA0},     {0xAD, 0xAD},     {0x1680, 0x1680}, {0x2000, 0x200F},
+        {0x2028, 0x202F}, {0x205F, 0x206F}, {0x3000, 0x3000}, {0xFEFF, 0xFEFF},
+    };
+    return std::ranges::none_of(kInvisible, [character](const auto& range) {
+        return range.first <= character && character <= range.second;
+    });
+}
+
+bool HasVisible(std::string_view name) {
+    for (std::size_t position = 0; position < name.size();) {
+        if (IsVisible(DecodeUtf8(name, position))) return true;
+    }
+    return false;
+}
+
 /// Whether it can be a name at all.
 bool IsWellFormed(Database& db, std::string_view name) {
-    if (name.find_first_not_of(" \t\r\n") == std::string_view::npos) return Refuse(db, kEmpty);
+    if (!HasVisible(name)) return Refuse(db, kEmpty);
     if (CharacterCount(name) <= kNameLimit) return true;
     ShowErrorMessage(db.GetHost().messages, kTooLong, kInformationTitle);
     return false;

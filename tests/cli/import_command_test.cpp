@@ -144,7 +144,13 @@ TEST_F(ImportCommandTest, RefusesWhatMakesNoSense) {
     };
     const std::vector<Case> cases{
         {{"--existing", "keep"}, kWrongUsage, "--existing takes 'overwrite', 'new' or 'cancel'"},
-        {{"--encoding", "Klingon"}, kWrongUsage, "The encoding 'Klingon' is not known."},
+        {{"--encoding", "Klingon"}, kWrongUsage, "'Klingon' is not known. Write it like windows-"},
+        {{"--application", "bad \xff"}, kWrongUsage, "of --application is not valid UTF-8"},
+        {{"--application", "two\nlines"}, kFailed, "A name cannot hold a line break"},
+        {{"--path", "bad \xff"}, kWrongUsage, "of --path is not valid UTF-8"},
+        {{"--language", "two\nlines"}, kFailed, "A name cannot hold a line break"},
+        {{"--language", "bad \xff"}, kWrongUsage, "of --language is not valid UTF-8"},
+        {{"bad \xff.bas"}, kWrongUsage, "of ENTRY is not valid UTF-8"},
         {{"../Draw.bas"}, kWrongUsage, "'../Draw.bas' is no file below the folder"},
         {{"sub\\..\\..\\Draw.bas"}, kWrongUsage, "is no file below the folder"},
         {{"/etc/Draw.bas"}, kWrongUsage, "is no file below the folder"},
@@ -162,6 +168,7 @@ TEST_F(ImportCommandTest, RefusesWhatMakesNoSense) {
         EXPECT_EQ(missing.status, kFailed);
         EXPECT_EQ(missing.error, "snippetarium-cli: There is no folder '" + folder + "'.\n");
     }
+    EXPECT_EQ(Run({"import", Sources() + "/\xff"}).status, kWrongUsage);
     EXPECT_EQ(Tree().find("nowhere"), std::string::npos);
     const CommandResult empty = Run({"import", Sources() + "/sub"});
     EXPECT_EQ(empty.status, kFailed);

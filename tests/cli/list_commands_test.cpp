@@ -100,7 +100,7 @@ TEST_F(ListCommandsTest, ListAndChangeBookmarks) {
 
 TEST_F(ListCommandsTest, ListAndChangeLanguages) {
     EXPECT_EQ(Output({"languages", "--add", "Fortran"}), "Added: Fortran\n");
-    EXPECT_EQ(Output({"languages", "--rename", "fortran", "--to", "Fortran 90"}),
+    EXPECT_EQ(Output({"languages", "--rename", "fortran", "--to", "Fortran 90 "}),
               "Renamed: Fortran 90\n");
     EXPECT_NE(Document({"languages"})
                   .find(R"({"languageID":12,"language":"Fortran 90","Status":1,"classCount":0,)"

@@ -40,9 +40,10 @@ TEST_F(TrashCommandTest, ListsWhatWasDeletedAndBringsItBack) {
 
     const CommandResult restored = Run({"trash", "restore", "2"});
     EXPECT_EQ(restored.output,
-              "Restored: application '" + entries[0]["name"].get<std::string>() + "'\n");
+              "Restored: application '" + entries[0]["name"].get<std::string>() + "'  (a2)\n");
     const auto document = DocumentOf(Run({"--json", "trash", "restore", "1"}));
     EXPECT_EQ(document["id"], 3);
+    EXPECT_EQ(document["key"], "a2f3");
     EXPECT_EQ(document["application"], entries[0]["name"]);
     EXPECT_EQ(document["remarks"].size(), 0U);
     EXPECT_EQ(Run({"tree"}).output, tree_);

@@ -95,19 +95,20 @@ TEST_F(TreeCommandTest, NestsTheNodesInJson) {
 }
 
 TEST_F(TreeCommandTest, RefusesANodeThatIsNotThereAndNamesTheKeyOfOneThatIsElsewhere) {
+    const std::string list = " 'snippetarium-cli tree' prints the keys it has.";
     const struct {
         std::string key;
         std::string hint;
     } cases[] = {
-        {"a3", ""},
-        {"a2147483647", ""},
+        {"a3", list},
+        {"a2147483647", list},
         {"a2f1", " The key of this class is 'a1f1'."},
         {"a1f2", " The key of this class is 'a2f2'."},
         {"a3f2", " The key of this class is 'a2f2'."},
-        {"a2f4", ""},
+        {"a2f4", list},
         {"a2f3c1", " The key of this procedure is 'a2f2c1'."},
         {"a2f0c1", " The key of this procedure is 'a2f2c1'."},
-        {"a2f2c9", ""},
+        {"a2f2c9", list},
     };
     for (const auto& [key, hint] : cases) {
         const std::string message = "The catalogue has no '" + key + "'." + hint;

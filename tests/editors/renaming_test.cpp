@@ -39,9 +39,12 @@ TEST_F(RenamingTest, IsRefusedWithAMessageAndNothingIsWritten) {
         {{.appID = 1}, "x", "You cannot view or edit this application."},
         {{.appID = 1, .classID = 1}, "x", "You cannot view or edit this class."},
         {kApplication, "", "Please enter a name."},
+        {kApplication, "\u00A0\u200B \u3000", "Please enter a name."},
         {kClass, std::string(256, 'x'), tooLong},
         {kProcedure, std::string(300, 'x'), tooLong},
         {kProcedure, "a\r\nb", notOneLine},
+        {kProcedure, "a\u0085b", notOneLine},
+        {kClass, "a\u2028b", notOneLine},
         {kApplication, "APP3",
          "Cannot rename: A application with the name you specified already exists. Specify a "
          "different application name."},

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "store/backup.h"
+#include "store/cut_short_imports.h"
 #include "tests/import/import_fixture.h"
 
 namespace snippetarium::test {
@@ -191,7 +192,13 @@ TEST_F(ImportJobTest, LeavesAConsistentCatalogueWhereverItIsCancelled) {
         const bool isWhole = codes.size() == 2;
         EXPECT_EQ(outcome.failedEntries, isWhole ? Names{} : Names{name});
         EXPECT_EQ(outcome.texts.errors.empty(), isWhole);
+        // What looks whole and is not is told from now on, until it is overwritten.
+        const auto cutShort = CutShortClasses(db_);
+        EXPECT_EQ(std::ranges::count(cutShort, name, &CutShortClass::pathInApp),
+                  isWhole || texts.empty() ? 0 : 1);
     }
+    TellOfCutShortImports(db_);
+    EXPECT_NE(TakeBox().text.find("An import ended in the midst of a class"), std::string::npos);
 }
 
 TEST_F(ImportJobTest, TellsTheTimeWithoutLeadingZeros) {
