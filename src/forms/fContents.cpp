@@ -107,6 +107,7 @@ void fContents::StartRename() {
 void fContents::DeleteSelected() {
     const NodeIDs node = pane_.Selection();
     if (!deletion_.Delete(node)) return;
+    pane_.SelectBeside(node);
     emit NodeDeleted(node);
     Refresh();
 }
@@ -127,7 +128,9 @@ void fContents::FocusFilter() {
 }
 
 bool fContents::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress) return ChildPane::eventFilter(watched, event);
+    // The keys that the box of a name leaves over come here too.
+    if (event->type() != QEvent::KeyPress || IsNameBoxOpen())
+        return ChildPane::eventFilter(watched, event);
     switch (static_cast<QKeyEvent*>(event)->key()) {
         case Qt::Key_Down:
         case Qt::Key_Up:
@@ -139,6 +142,10 @@ bool fContents::eventFilter(QObject* watched, QEvent* event) {
         default:
             return false;
     }
+}
+
+bool fContents::IsNameBoxOpen() const {
+    return ui_->trVwClass->viewport()->findChild<QLineEdit*>() != nullptr;
 }
 
 bool fContents::SelectFirst() {

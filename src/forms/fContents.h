@@ -68,6 +68,8 @@ class fContents final : public ChildPane {
 
   private:
     void ConnectTree();
+    /// While a name is edited in place.
+    bool IsNameBoxOpen() const;
     /// The first arrow key in a tree without a selection. False where there is one.
     bool SelectFirst();
     void OnExpanded(const QModelIndex& index);

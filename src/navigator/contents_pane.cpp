@@ -131,6 +131,17 @@ void ContentsPane::SelectWhatIsLeft() {
         selection_ = ParentOf(selection_);
 }
 
+void ContentsPane::SelectBeside(const NodeIDs& node) {
+    selection_ = ParentOf(node);
+    const ContentsItem* const item = tree_.Find(node);
+    if (!item) return;
+    const ContentsItem* const parent = item->Parent();
+    const std::size_t count = parent ? parent->ChildCount() : tree_.TopCount();
+    if (count == 1) return;
+    const std::size_t row = item->Row() + 1 < count ? item->Row() + 1 : item->Row() - 1;
+    selection_ = (parent ? parent->Child(row) : tree_.Top(row)).IDs();
+}
+
 ContentsItem* ContentsPane::Select(const NodeIDs& node) {
     if (isBusy_ || node == NodeIDs{}) return nullptr;
     return Guarded(db_.Reporter(), Procedure::SelectNode, [&]() -> ContentsItem* {

@@ -56,6 +56,10 @@ class ContentsPane {
     /// selected stays so; a selected node that is gone is replaced by its parent, if that is there.
     void Refresh();
 
+    /// Before a node is deleted: selects the one that takes its place then, so that one can go on
+    /// from there: the next one, the one before the last, or what an only one was in.
+    void SelectBeside(const NodeIDs& node);
+
     /// Loads the node's ancestors and selects it. Null where the catalogue has no such node, or the
     /// filter, which is taken away first, hid it.
     ContentsItem* Select(const NodeIDs& node);

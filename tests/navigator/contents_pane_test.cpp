@@ -142,6 +142,25 @@ TEST_F(ContentsPaneTest, RefreshesWhatIsLoadedAndKeepsTheSelection) {
     EXPECT_EQ(pane_.Selection(), (NodeIDs{2, 4, 0}));
 }
 
+TEST_F(ContentsPaneTest, SelectsWhatTakesThePlaceOfANodeThatGoes) {
+    ExpandAll();
+    const struct {
+        NodeIDs node;
+        NodeIDs beside;
+    } places[] = {
+        {{2, 3, 0}, {2, 4, 0}},    // the next one
+        {{2, 7, 0}, {2, 6, 0}},    // behind the last one is none
+        {{2, 7, 100}, {2, 7, 0}},  // the only one
+        {{3, 0, 0}, {2, 0, 0}},
+        {{2, 0, 0}, {3, 0, 0}},
+        {{2, 7, 999}, {2, 7, 0}},  // not in the tree
+    };
+    for (const auto& place : places) {
+        pane_.SelectBeside(place.node);
+        EXPECT_EQ(pane_.Selection(), place.beside);
+    }
+}
+
 TEST_F(ContentsPaneTest, SelectsATopicWithItsAncestorsLoaded) {
     const struct {
         const char* topic;
