@@ -151,8 +151,7 @@ TEST_F(ContentsPaneTest, SelectsWhatTakesThePlaceOfANodeThatGoes) {
         {{2, 3, 0}, {2, 4, 0}},    // the next one
         {{2, 7, 0}, {2, 6, 0}},    // behind the last one is none
         {{2, 7, 100}, {2, 7, 0}},  // the only one
-        {{3, 0, 0}, {2, 0, 0}},
-        {{2, 0, 0}, {3, 0, 0}},
+        {{3, 0, 0}, {2, 0, 0}},   {{2, 0, 0}, {3, 0, 0}},
         {{2, 7, 999}, {2, 7, 0}},  // not in the tree
     };
     for (const auto& place : places) {
