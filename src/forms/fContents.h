@@ -9,6 +9,7 @@
 #include "navigator/contents_pane.h"
 #include "navigator/node_deletion.h"
 
+class QItemSelection;
 class QModelIndex;
 
 namespace snippetarium {
@@ -73,7 +74,7 @@ class fContents final : public ChildPane {
     /// The first arrow key in a tree without a selection. False where there is one.
     bool SelectFirst();
     void OnExpanded(const QModelIndex& index);
-    void OnCurrentChanged(const QModelIndex& index);
+    void OnSelectionChanged(const QItemSelection& selected);
     /// Enter does the same.
     void OnDoubleClicked(const QModelIndex& index);
     void OnContextMenu(const QPoint& position);

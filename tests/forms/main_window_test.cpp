@@ -57,6 +57,11 @@ TEST_F(MainWindowTest, ShowsWhatIsSelectedWithItsPlaceAndCounts) {
         EXPECT_EQ(heading.height(), heading.heightForWidth(heading.width())) << width;
     }
     EXPECT_EQ(Get<QLabel>("lblStatusNode").toolTip().toStdString(), "Paint 0 > Grid0 > Draw1");
+    const QModelIndex above = Tree().currentIndex().parent();
+    ClickAt(*Tree().viewport(), Tree().visualRect(above).center());
+    EXPECT_EQ(Tree().currentIndex(), above);
+    EXPECT_EQ(Get<QLabel>("lblStatusNode").toolTip().toStdString(), "Paint 0 > Grid0");
+    EXPECT_TRUE(heading.text().contains("Grid0")) << "a click of the mouse shows the page";
     WaitUntil([&] { return !Get<QLabel>("lblStatusCounts").text().isEmpty(); });
     EXPECT_TRUE(Get<QLabel>("lblStatusCounts").text().contains("1,001 procedures"));
 }
@@ -145,10 +150,18 @@ TEST_F(MainWindowTest, FollowsTheLinksOfAPageByMouseAndByKeyboard) {
 
 TEST_F(MainWindowTest, GoesBackAndForwardThroughWhatWasShown) {
     StartProgram();
+    auto& heading = Get<QLabel>("lblHeading");
+    Tree().setCurrentIndex(Tree().model()->index(1, 0));
+    const int height = heading.height();
     SelectFirstProcedure();
     const QString procedure = PageText();
+    EXPECT_GT(heading.height(), height);
+    Tree().setCurrentIndex(Tree().model()->index(1, 0));
+    EXPECT_EQ(heading.height(), height) << "a short heading leaves the room to the text";
     EXPECT_TRUE(Item("actBack").isEnabled());
     EXPECT_FALSE(Item("actForward").isEnabled());
+    Item("actBack").trigger();
+    EXPECT_EQ(PageText(), procedure);
     Item("actBack").trigger();
     EXPECT_NE(PageText(), procedure);
     Item("actForward").trigger();
