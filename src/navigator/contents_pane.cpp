@@ -5,8 +5,10 @@
 #include "editors/renaming.h"
 #include "navigator/contents_filter.h"
 #include "navigator/node.h"
+#include "navigator/shown_path.h"
 #include "search/topic_list.h"
 #include "store/database.h"
+#include "store/reads_classes.h"
 #include "store/sql_text.h"
 #include "support/guard.h"
 #include "support/message_boxes.h"
@@ -72,6 +74,12 @@ EditRequest ContentsPane::DoubleClick(const ContentsItem& item) {
     if (item.Kind() == NodeKind::Placeholder) return std::nullopt;
     Click(&item);
     return EditNode(db_, selection_);
+}
+
+std::string ContentsPane::Description(const ContentsItem& item) const {
+    if (item.Kind() != NodeKind::Class) return item.Text();
+    const std::string path = ShownPath(ClassPathInAppByClassID(db_, item.IDs().classID));
+    return path.empty() || path == item.Text() ? item.Text() : item.Text() + "\n" + path;
 }
 
 bool ContentsPane::MayEditName(const ContentsItem& item) const {

@@ -45,6 +45,10 @@ class ContentsPane {
     /// Selects the node and says which editor to open; the user has been told where none may be.
     EditRequest DoubleClick(const ContentsItem& item);
 
+    /// The node's name; of a class from a file also its path, which tells it from one of the same
+    /// name.
+    std::string Description(const ContentsItem& item) const;
+
     /// Whether the node's name may be edited in place. Where not, nothing is said: nothing was
     /// entered.
     bool MayEditName(const ContentsItem& item) const;

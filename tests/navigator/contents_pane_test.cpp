@@ -58,6 +58,9 @@ TEST_F(ContentsPaneTest, LoadsEachLevelOnceWhenItIsExpanded) {
     pane_.Click(nullptr);
     EXPECT_EQ(pane_.Selection(), (NodeIDs{2, 7, 100}));
     mirror_.ExpectSame();
+    ExecuteSQL(db_, "UPDATE tblClass SET classPathInApp = 'sub\\x.bas' WHERE classID = 3");
+    EXPECT_EQ(pane_.Description(Item({2, 3})), Item({2, 3}).Text() + "\nsub/x.bas");
+    EXPECT_EQ(pane_.Description(Item({2, 4})), Item({2, 4}).Text());
 }
 
 TEST_F(ContentsPaneTest, ShowsTheUndefinedApplicationFirstWhereItHoldsAnything) {
