@@ -112,6 +112,7 @@ TEST_F(EditorClosingTest, KeepsADraftOnceNoJobIsInTheMiddleOfSomething) {
     EXPECT_EQ(editor.Editor().DraftID(), 0);
     EXPECT_TRUE(timer.isActive());
     WaitUntil([&] { return editor.Editor().DraftID() != 0; });
+    Click(editor, "cmdOK");
 }
 
 TEST_F(EditorClosingTest, OffersAgainWhatACrashLeft) {
