@@ -3,10 +3,8 @@
 -- user's own file would let the same search start from another table, and run a thousand times
 -- longer, after some import. So nothing ever analyses a user's file.
 --
--- Two figures are not what a large catalogue has, but what makes the planner do the right thing:
---   tblAuthor: a search for authors starts from them, however many there are;
---   ixCodeComment: with more comments than classes a search in comments would first read all classes
---   into a filter, which takes longer than looking up the few classes that it needs.
+-- That of tblAuthor is not what a large catalogue has, but what makes the planner do the right thing:
+-- a search for authors starts from them, however many there are.
 --
 -- A row says how many entries an index has, and how many of them one value of its first column has
 -- on average, one value of its first two columns, and so on. ANALYZE on the empty tables only makes
@@ -25,7 +23,7 @@ INSERT INTO sqlite_stat1(tbl, idx, stat) VALUES
     ('tblCode', 'ixCodeClass', '1000000 20 1 1'),
     ('tblCode', 'ixCodeKeyword', '300000 3 3 1'),
     ('tblCode', 'ixCodeName', '1000000 2 1'),
-    ('tblCode', 'ixCodeComment', '40000 2 1 1'),
+    ('tblCode', 'ixShortComment', '100 2'),
     ('tblKeyword', NULL, '40000'),
     ('tblSearchWord', 'ixSearchWord', '20000 1'),
     ('tblKeyword_link_searchWord', 'tblKeyword_link_searchWord', '1600000 4 1'),

@@ -6,8 +6,9 @@
 --   7 and 8 (scripts): also by its own language, since scripts stand in pages.
 --
 -- CROSS JOIN keeps the order of the tables. Left to itself the planner, which takes LIKE for a
--- sharp condition, looks at every class first and then searches each one's procedures. IS NOT NULL
--- lets it use the index that holds only what has a comment. The plus sign in "+cls.languageID"
+-- sharp condition, looks at every class first and then searches each one's procedures. likelihood()
+-- says that few procedures are left, or it would first read all classes into a filter. IS NOT NULL
+-- lets it use the index of the classes that have a comment. The plus sign in "+cls.languageID"
 -- keeps it from the index by languages, for which it would have to read past each class's text to
 -- the comment.
 
@@ -15,7 +16,7 @@
 SELECT a.appName, a.appID, cls.classID, cls.className, cd.codeID, cd.codeName
 FROM tblCode cd CROSS JOIN tblClass cls ON cd.classID = cls.classID
     CROSS JOIN tblApplication a ON cls.appID = a.appID
-WHERE cd.codeComment IS NOT NULL AND cd.codeComment LIKE [comment]
+WHERE cd.codeComment LIKE [comment]
 UNION
 SELECT a.appName, a.appID, cls.classID, cls.className, 0, 'N/A'
 FROM tblClass cls CROSS JOIN tblApplication a ON cls.appID = a.appID
@@ -27,7 +28,7 @@ SELECT a.appName, a.appID, cls.classID, cls.className, cd.codeID, cd.codeName
 FROM tblCode cd CROSS JOIN tblClass cls ON cd.classID = cls.classID
     CROSS JOIN tblCode_Link_Language cl ON cd.codeID = cl.codeID
     CROSS JOIN tblApplication a ON cls.appID = a.appID
-WHERE cd.codeComment IS NOT NULL AND cd.codeComment LIKE [comment] AND cls.languageID = [languageID]
+WHERE likelihood(cd.codeComment IS NOT NULL, 0.01) AND cd.codeComment LIKE [comment] AND cls.languageID = [languageID]
 UNION
 SELECT a.appName, a.appID, cls.classID, cls.className, 0, 'N/A'
 FROM tblClass cls CROSS JOIN tblApplication a ON cls.appID = a.appID
@@ -39,7 +40,7 @@ WHERE cls.classComment IS NOT NULL AND cls.classComment LIKE [comment]
 SELECT a.appName, a.appID, cls.classID, cls.className, cd.codeID, cd.codeName
 FROM tblCode cd CROSS JOIN tblClass cls ON cd.classID = cls.classID
     CROSS JOIN tblApplication a ON cls.appID = a.appID
-WHERE cd.codeComment IS NOT NULL AND cd.codeComment LIKE [comment]
+WHERE cd.codeComment LIKE [comment]
     AND (cls.languageID = [languageID]
         OR EXISTS (SELECT 1 FROM tblCode_Link_Language cl
                    WHERE cl.codeID = cd.codeID AND cl.languageID = [languageID]))
@@ -54,7 +55,7 @@ WHERE cls.classComment IS NOT NULL AND cls.classComment LIKE [comment]
 SELECT a.appName, a.appID, cls.classID, cls.className, cd.codeID, cd.codeName
 FROM tblCode cd CROSS JOIN tblClass cls ON cd.classID = cls.classID
     CROSS JOIN tblApplication a ON cls.appID = a.appID
-WHERE cd.codeComment IS NOT NULL AND cd.codeComment LIKE [comment] AND cls.languageID = [languageID]
+WHERE likelihood(cd.codeComment IS NOT NULL, 0.01) AND cd.codeComment LIKE [comment] AND cls.languageID = [languageID]
 UNION
 SELECT a.appName, a.appID, cls.classID, cls.className, 0, 'N/A'
 FROM tblClass cls CROSS JOIN tblApplication a ON cls.appID = a.appID

@@ -7,6 +7,7 @@
 #include "forms/icons.h"
 #include "forms/qt_host.h"
 #include "forms/qt_text.h"
+#include "navigator/missing_catalogue.h"
 #include "store/database.h"
 #include "store/program_folder.h"
 #include "support/message_boxes.h"
@@ -35,6 +36,7 @@ int RunProgram(const std::string& folderOption) {
     std::string folder;
     try {
         folder = OpenProgramFolder(folderOption).path;
+        if (!OfferCatalogue(host.Boxes(), folder)) return 1;
     } catch (const std::exception& error) {
         ShowErrorMessage(host.Boxes(), error.what(), kFatalTitle);
         return 1;

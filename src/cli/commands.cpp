@@ -1,7 +1,5 @@
 #include "cli/commands.h"
 
-#include <algorithm>
-
 namespace snippetarium {
 
 namespace {
@@ -27,13 +25,6 @@ constexpr CommandOption kGlobalOptions[] = {
 
 std::span<const CliCommand* const> Commands() {
     return kCommands;
-}
-
-const CliCommand* FindCommand(std::string_view name) {
-    const auto* const found =
-        std::find_if(std::begin(kCommands), std::end(kCommands),
-                     [name](const CliCommand* command) { return command->name == name; });
-    return found == std::end(kCommands) ? nullptr : *found;
 }
 
 std::span<const CommandOption> GlobalOptions() {

@@ -65,8 +65,6 @@ inline constexpr std::string_view kProgramName = "snippetarium-cli";
 
 /// Every command, in the order of the help.
 std::span<const CliCommand* const> Commands();
-/// Null when there is none of that name.
-const CliCommand* FindCommand(std::string_view name);
 std::span<const CommandOption> GlobalOptions();
 
 /// The command with what it takes: "tree [KEY] [--depth N]".

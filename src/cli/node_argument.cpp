@@ -44,12 +44,6 @@ void RequireNode(Database& db, const NodeIDs& node) {
     throw Error(error_number::kInvalidCall, "The catalogue has no '" + KeyOf(node) + "'. " + hint);
 }
 
-NodeIDs FindNode(Database& db, const std::string& key) {
-    const NodeIDs node = ReadNodeKey(key);
-    RequireNode(db, node);
-    return node;
-}
-
 NodeIDs ClassNode(Database& db, std::int32_t classID) {
     const std::int32_t appID = AppIDByClassID(db, classID);
     return appID == 0 ? NodeIDs{} : NodeIDs{.appID = appID, .classID = classID};

@@ -21,7 +21,7 @@ struct RecordKind<ApplicationRecord> {
     static constexpr auto kID = &ApplicationRecord::appID;
     static constexpr auto kLoad = &LoadApplicationRecord;
     static constexpr auto kCheck = &CheckApplicationRecord;
-    static constexpr auto kSave = &SaveApplicationRecord;
+    static constexpr auto kStore = &StoreApplicationRecord;
 
     static NodeIDs Place(Database&, const ApplicationRecord& record) {
         return {.appID = record.appID};

@@ -44,7 +44,7 @@ bool CheckApplicationRecord(Database& db, const ApplicationRecord& record) {
     });
 }
 
-std::int32_t SaveApplicationRecord(Database& db, const ApplicationRecord& record) {
+bool StoreApplicationRecord(Database& db, ApplicationRecord& record) {
     return Guarded(db.Reporter(), Procedure::SaveApplicationRecord, [&] {
         const ApplicationFields fields{
             .name = record.name,
@@ -52,13 +52,21 @@ std::int32_t SaveApplicationRecord(Database& db, const ApplicationRecord& record
             .comment = record.comment,
             .version = record.version,
         };
-        if (record.appID == 0) return AddApplication(db, fields);
+        if (record.appID == 0) {
+            record.appID = AddApplication(db, fields);
+            return true;
+        }
         const auto before = LoadApplicationRecord(db, record.appID);
-        if (!before || !UpdateApplication(db, record.appID, fields)) return 0;
+        if (!before || !UpdateApplication(db, record.appID, fields)) return false;
         if (record.comment != before->comment)
             ForgetOverlong(db, {OwnerKind::Application, record.appID}, "appComment");
-        return record.appID;
+        return true;
     });
+}
+
+std::int32_t SaveApplicationRecord(Database& db, const ApplicationRecord& record) {
+    ApplicationRecord stored = record;
+    return StoreApplicationRecord(db, stored) ? stored.appID : 0;
 }
 
 }  // namespace snippetarium

@@ -33,4 +33,7 @@ bool CheckApplicationRecord(Database& db, const ApplicationRecord& record);
 /// checked before. Returns its ID; 0 where it is gone, and on a failure.
 std::int32_t SaveApplicationRecord(Database& db, const ApplicationRecord& record);
 
+/// The same; false where that gives 0. A new record gets its ID.
+bool StoreApplicationRecord(Database& db, ApplicationRecord& record);
+
 }  // namespace snippetarium

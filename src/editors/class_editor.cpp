@@ -24,7 +24,7 @@ struct RecordKind<ClassRecord> {
     static constexpr auto kID = &ClassRecord::classID;
     static constexpr auto kLoad = &LoadClassRecord;
     static constexpr auto kCheck = &CheckClassRecord;
-    static constexpr auto kSave = &SaveClassRecord;
+    static constexpr auto kStore = &StoreClassRecord;
 
     static NodeIDs Place(Database&, const ClassRecord& record) {
         return {.appID = record.appID, .classID = record.classID};

@@ -1,5 +1,7 @@
 #include "editors/class_record.h"
 
+#include <utility>
+
 #include "editors/field_rules.h"
 #include "editors/marker_style.h"
 #include "editors/overlong.h"
@@ -92,11 +94,11 @@ bool CheckClassRecord(Database& db, const ClassRecord& record) {
     });
 }
 
-std::int32_t SaveClassRecord(Database& db, const ClassRecord& record) {
+bool StoreClassRecord(Database& db, ClassRecord& record) {
     return Guarded(db.Reporter(), Procedure::SaveClassRecord, [&] {
         const ClassRecord before = StoredOrEmpty(db, record.classID);
         const ClassRecord finished = Finished(db, record, before);
-        const ClassFields fields{
+        ClassFields fields{
             .name = finished.name,
             .appID = finished.appID,
             .pathInApp = ToCataloguePath(finished.pathInApp),
@@ -104,11 +106,21 @@ std::int32_t SaveClassRecord(Database& db, const ClassRecord& record) {
             .comment = finished.comment,
             .languageID = finished.languageID,
         };
-        if (record.classID == 0) return AddClass(db, fields);
-        if (!UpdateClass(db, record.classID, fields)) return 0;
+        if (record.classID == 0) {
+            const std::string comment = std::exchange(fields.comment, {});
+            record.classID = AddClass(db, fields);
+            if (comment.empty()) return true;
+            fields.comment = comment;  // which has a statement of its own
+        }
+        if (!UpdateClass(db, record.classID, fields)) return false;
         ForgetWhatWasCut(db, record, before);
-        return record.classID;
+        return true;
     });
+}
+
+std::int32_t SaveClassRecord(Database& db, const ClassRecord& record) {
+    ClassRecord stored = record;
+    return StoreClassRecord(db, stored) ? stored.classID : 0;
 }
 
 std::vector<std::string> ProceduresWithoutMarker(Database& db, std::int32_t classID) {

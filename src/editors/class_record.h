@@ -42,6 +42,10 @@ bool CheckClassRecord(Database& db, const ClassRecord& record);
 /// which an import had to cut off the end cannot get such a language.
 std::int32_t SaveClassRecord(Database& db, const ClassRecord& record);
 
+/// The same; false where that gives 0. The record gets its ID with its row, also where a statement
+/// behind that fails, as on a full disk: saved again, it goes on with that row.
+bool StoreClassRecord(Database& db, ClassRecord& record);
+
 /// The procedures that export will leave out, because the class's text has no marker of them.
 /// Editing the text by hand is how that comes about.
 std::vector<std::string> ProceduresWithoutMarker(Database& db, std::int32_t classID);

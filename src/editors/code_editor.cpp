@@ -24,7 +24,7 @@ struct RecordKind<CodeRecord> {
     static constexpr auto kID = &CodeRecord::codeID;
     static constexpr auto kLoad = &LoadCodeRecord;
     static constexpr auto kCheck = &CheckCodeRecord;
-    static constexpr auto kSave = &SaveCodeRecord;
+    static constexpr auto kStore = &StoreCodeRecord;
 
     static NodeIDs Place(Database& db, const CodeRecord& record) {
         return {AppIDByClassID(db, record.classID), record.classID, record.codeID};

@@ -47,25 +47,36 @@ CodeFields FieldsOf(const CodeRecord& record) {
     };
 }
 
-std::int32_t Add(Database& db, const CodeRecord& record) {
-    const std::int32_t codeID = AddCode(db, FieldsOf(record));
-    const std::int32_t language = record.languageID != 0
-                                      ? record.languageID
-                                      : LanguageIDByClassID(db, ClassOrUndefined(record.classID));
-    AddCodeLanguage(db, codeID, language);
+/// What belongs to a new row. The language comes last: a procedure without one is a row that was
+/// left before it had all.
+void FinishAdding(Database& db, std::int32_t codeID, const CodeRecord& record) {
     AddMarker(db, codeID);
-    return codeID;
+    AddCodeLanguage(db, codeID,
+                    record.languageID != 0
+                        ? record.languageID
+                        : LanguageIDByClassID(db, ClassOrUndefined(record.classID)));
 }
 
-std::int32_t Update(Database& db, const CodeRecord& record, const CodeRecord& before) {
-    if (!UpdateCode(db, record.codeID, FieldsOf(record))) return 0;
-    if (record.languageID != before.languageID)
-        SetCodeLanguage(db, record.codeID, record.languageID);
+void Add(Database& db, const CodeRecord& record, std::int32_t& codeID) {
+    CodeFields row = FieldsOf(record);
+    row.comment.clear();  // which has a statement of its own
+    codeID = AddCode(db, row);
+    if (!record.comment.empty()) SetCodeComment(db, codeID, record.comment);
+    FinishAdding(db, codeID, record);
+}
+
+bool Update(Database& db, const CodeRecord& record, const CodeRecord& before) {
+    if (!UpdateCode(db, record.codeID, FieldsOf(record))) return false;
     MoveMarker(db, record.codeID, {before.classID, before.name});
+    if (before.languageID == 0) {
+        FinishAdding(db, record.codeID, record);
+    } else if (record.languageID != before.languageID) {
+        SetCodeLanguage(db, record.codeID, record.languageID);
+    }
     const Owner owner{OwnerKind::Procedure, record.codeID};
     if (record.code != before.code) ForgetOverlong(db, owner, "code");
     if (record.comment != before.comment) ForgetOverlong(db, owner, "codeComment");
-    return record.codeID;
+    return true;
 }
 
 }  // namespace
@@ -93,12 +104,19 @@ bool CheckCodeRecord(Database& db, const CodeRecord& record) {
     });
 }
 
-std::int32_t SaveCodeRecord(Database& db, const CodeRecord& record) {
+bool StoreCodeRecord(Database& db, CodeRecord& record) {
     return Guarded(db.Reporter(), Procedure::SaveCodeRecord, [&] {
         const CodeRecord before = StoredOrEmpty(db, record.codeID);
         const CodeRecord finished = Finished(db, record, before);
-        return record.codeID == 0 ? Add(db, finished) : Update(db, finished, before);
+        if (record.codeID != 0) return Update(db, finished, before);
+        Add(db, finished, record.codeID);
+        return true;
     });
+}
+
+std::int32_t SaveCodeRecord(Database& db, const CodeRecord& record) {
+    CodeRecord stored = record;
+    return StoreCodeRecord(db, stored) ? stored.codeID : 0;
 }
 
 }  // namespace snippetarium

@@ -16,7 +16,7 @@ struct CodeRecord {
     std::string name = {};
     /// 0: the undefined class.
     std::int32_t classID = 0;
-    /// The procedure's own. 0 where it has none; a new one then gets its class's.
+    /// The procedure's own. 0 where it has none; saved so, it gets its class's.
     std::int32_t languageID = 0;
     std::string code = {};
     std::string comment = {};
@@ -37,5 +37,9 @@ bool CheckCodeRecord(Database& db, const CodeRecord& record);
 /// A comment that changed is framed as the class's language wants it (export/comment_header.h). The
 /// marker in the class's text follows the name, and the procedure into another class.
 std::int32_t SaveCodeRecord(Database& db, const CodeRecord& record);
+
+/// The same; false where that gives 0. The record gets its ID with its row, also where a statement
+/// behind that fails, as on a full disk: saved again, it goes on with that row.
+bool StoreCodeRecord(Database& db, CodeRecord& record);
 
 }  // namespace snippetarium

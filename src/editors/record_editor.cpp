@@ -36,18 +36,19 @@ const KindTexts& TextsOf(OwnerKind kind) {
     return kKinds[0];
 }
 
-void PutID(NodeIDs& place, OwnerKind kind, std::int32_t id) {
+NodeIDs WithID(NodeIDs place, OwnerKind kind, std::int32_t id) {
     switch (kind) {
         case OwnerKind::Application:
             place.appID = id;
-            return;
+            break;
         case OwnerKind::Class:
             place.classID = id;
-            return;
+            break;
         case OwnerKind::Procedure:
             place.codeID = id;
-            return;
+            break;
     }
+    return place;
 }
 
 FieldTexts Together(FieldTexts texts, const FieldTexts& more) {
@@ -58,14 +59,14 @@ FieldTexts Together(FieldTexts texts, const FieldTexts& more) {
 }  // namespace
 
 RecordEditor::RecordEditor(Database& db, const NoiseWords& noise, const Owner& owner)
-    : db_(db), noise_(noise), kind_(owner.kind), id_(owner.id) {
-    if (id_ != 0) loadedDetails_ = DetailsToEdit(LoadOwnerDetails(db_, owner));
+    : db_(db), noise_(noise), kind_(owner.kind) {
+    if (owner.id != 0) loadedDetails_ = DetailsToEdit(LoadOwnerDetails(db_, owner));
     details_ = loadedDetails_;
 }
 
 std::optional<EditorKey> RecordEditor::Key() const {
     if (IsNew()) return std::nullopt;
-    return EditorKey{kind_, id_};
+    return EditorKey{kind_, ID()};
 }
 
 std::string_view RecordEditor::Caption() const {
@@ -80,9 +81,11 @@ bool RecordEditor::IsChanged() const {
     return IsRecordChanged() || details_ != loadedDetails_;
 }
 
-bool RecordEditor::Check() {
+bool RecordEditor::Check(SaveOutcome& outcome) {
     return Guarded(db_.Reporter(), Procedure::CheckEditor, [&] {
-        return CheckRecord() && CheckDetailChanges(db_, ChangesBetween(loadedDetails_, details_));
+        outcome.isRefused = !CheckRecord();
+        return !outcome.isRefused &&
+               CheckDetailChanges(db_, ChangesBetween(loadedDetails_, details_));
     });
 }
 
@@ -95,43 +98,52 @@ SaveOutcome RecordEditor::Save() {
 void RecordEditor::SaveInto(SaveOutcome& outcome) {
     const Meeting meeting = IsNew() ? Meeting::GoOn : MeetStored();
     if (meeting == Meeting::GoBack) return;
-    if (!IsNew()) outcome.before = LoadedPlace();
+    if (!IsNew()) outcome.before = WithID(LoadedPlace(), kind_, ID());
     if (meeting == Meeting::Reloaded || (!IsNew() && !IsChanged())) {
         outcome.node = outcome.before;
         outcome.result = meeting == Meeting::Reloaded ? SaveResult::Reloaded : SaveResult::Saved;
         return;
     }
-    if (ConfirmLosses() && Check() && StoreAll(outcome)) outcome.wantsKeywords = AskForKeywords();
+    if (ConfirmLosses() && Check(outcome) && StoreAll(outcome))
+        outcome.wantsKeywords = AskForKeywords();
 }
 
 /// What was stored counts as loaded from then on, also where a later step fails: saving again then
 /// goes on there.
 bool RecordEditor::StoreAll(SaveOutcome& outcome) {
     if (!StoreRecordFirst(outcome)) return false;
-    const Owner owner{kind_, id_};
+    const Owner owner{kind_, ID()};
     SaveDetailChanges(db_, noise_, owner, ChangesBetween(loadedDetails_, details_));
     details_ = loadedDetails_ = DetailsToEdit(LoadOwnerDetails(db_, owner));
     outcome.result = SaveResult::Saved;
     return true;
 }
 
-/// Once the row is written nothing may fail before its ID is kept, so its place is found first.
+/// The place is found before the row is written: the outcome tells it also where a statement behind
+/// that fails.
 bool RecordEditor::StoreRecordFirst(SaveOutcome& outcome) {
     outcome.node = RecordPlace();
     if (!IsNew() && !IsRecordChanged()) return true;
-    NodeIDs place = std::exchange(outcome.node, {});
-    const std::int32_t id = StoreRecord();
-    if (id == 0) return false;
-    id_ = id;
-    isReadBackDue_ = true;
-    PutID(place, kind_, id_);
-    outcome.node = place;
+    const NodeIDs place = std::exchange(outcome.node, {});
+    const bool wasNew = IsNew();
+    try {
+        if (!StoreRecord()) return false;
+    } catch (...) {
+        if (wasNew && !IsNew()) NoteOwnWork(place, outcome);
+        throw;
+    }
+    NoteOwnWork(place, outcome);
     // Columns cut texts, and comments get frames.
     const std::optional<FieldTexts> stored = StoredTexts();
     isReadBackDue_ = false;
     if (stored) TakeTexts(*stored, *stored);
     outcome.node = stored ? LoadedPlace() : NodeIDs{};
     return stored.has_value();
+}
+
+void RecordEditor::NoteOwnWork(const NodeIDs& place, SaveOutcome& outcome) {
+    isReadBackDue_ = true;
+    outcome.node = WithID(place, kind_, ID());
 }
 
 /// Looks at what the catalogue has of the record now, and settles with the user what becomes of it.
@@ -146,7 +158,7 @@ RecordEditor::Meeting RecordEditor::MeetStored() {
         BecomeNew();
         return Meeting::GoOn;
     }
-    const EditedDetails details = DetailsToEdit(LoadOwnerDetails(db_, {kind_, id_}));
+    const EditedDetails details = DetailsToEdit(LoadOwnerDetails(db_, {kind_, ID()}));
     *stored = Together(std::move(*stored), TextsOfDetails(details));
     const bool isOwnWork = std::exchange(isReadBackDue_, false);
     if (IsChanged() && !isOwnWork) {
@@ -177,7 +189,6 @@ RecordEditor::Meeting RecordEditor::MeetChanged(const FieldTexts& stored, const 
 
 /// All of it has to be stored then, and nothing of it is.
 void RecordEditor::BecomeNew() {
-    id_ = 0;
     ForgetStored();
     loadedDetails_ = {};
 }

@@ -32,6 +32,8 @@ struct SaveOutcome {
     /// the record's own row was not written.
     NodeIDs before = {};
     NodeIDs node = {};
+    /// The name or a text of the record cannot be stored, and the user has been told why.
+    bool isRefused = false;
     /// The record has no keywords, and the user wants to give it some now.
     bool wantsKeywords = false;
 };
@@ -53,8 +55,8 @@ class RecordEditor {
 
     OwnerKind Kind() const { return kind_; }
     /// 0: not stored yet.
-    std::int32_t ID() const { return id_; }
-    bool IsNew() const { return id_ == 0; }
+    std::int32_t ID() const { return RecordID(); }
+    bool IsNew() const { return ID() == 0; }
     /// None for a record that is not stored yet.
     std::optional<EditorKey> Key() const;
 
@@ -70,11 +72,8 @@ class RecordEditor {
     /// Whether anything differs from what was loaded or stored last.
     bool IsChanged() const;
 
-    /// Whether the record and its details may be stored as they are. Where not, the user has been
-    /// told why.
-    bool Check();
-
-    /// Stores what was changed, if it passes the Check. Where nothing was, nothing is written.
+    /// Stores what was changed, if it may be stored as it is; where not, the user is told why.
+    /// Where nothing was changed, nothing is written.
     ///
     /// Where the record has been changed or deleted since it was loaded, the user is asked what to
     /// do:
@@ -118,10 +117,12 @@ class RecordEditor {
     virtual bool IsRecordChanged() const = 0;
     virtual bool ConfirmLosses() = 0;
     virtual bool CheckRecord() = 0;
-    /// Writes the record, which counts as loaded then. Its ID; 0 where that was not possible.
-    virtual std::int32_t StoreRecord() = 0;
+    virtual std::int32_t RecordID() const = 0;
+    /// Writes the record, which counts as loaded then. False where it is gone. A new one has its ID
+    /// as soon as its row is there, also where this then fails.
+    virtual bool StoreRecord() = 0;
+    /// Where it was, and where it is to be. The ID of the record itself may be missing.
     virtual NodeIDs LoadedPlace() const = 0;
-    /// Where it is to be. The ID of the record itself is missing while it is new.
     virtual NodeIDs RecordPlace() const = 0;
 
     enum class Meeting : std::uint8_t { GoOn, GoBack, Reloaded };
@@ -133,18 +134,19 @@ class RecordEditor {
     Meeting MeetStored();
     Meeting MeetChanged(const FieldTexts& stored, const std::string& what);
     void SaveInto(SaveOutcome& outcome);
+    bool Check(SaveOutcome& outcome);
     bool StoreAll(SaveOutcome& outcome);
     bool StoreRecordFirst(SaveOutcome& outcome);
+    void NoteOwnWork(const NodeIDs& place, SaveOutcome& outcome);
     bool AskForKeywords();
 
     Database& db_;
     const NoiseWords& noise_;
     OwnerKind kind_;
-    std::int32_t id_ = 0;
     EditedDetails loadedDetails_;
     EditedDetails details_;
     std::int32_t draftID_ = 0;
-    /// What is stored of the record is this editor's work, but could not be read since.
+    /// What is stored of the record is this editor's work, but could not be finished or read since.
     bool isReadBackDue_ = false;
     bool wasAskedForKeywords_ = false;
 };

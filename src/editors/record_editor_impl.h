@@ -16,7 +16,7 @@ namespace snippetarium {
 //         static constexpr auto kID = &ClassRecord::classID;
 //         static constexpr auto kLoad = &LoadClassRecord;
 //         static constexpr auto kCheck = &CheckClassRecord;
-//         static constexpr auto kSave = &SaveClassRecord;
+//         static constexpr auto kStore = &StoreClassRecord;
 //
 //         static NodeIDs Place(Database& db, const ClassRecord& record);
 //         /// Asks the user before anything is lost of what is stored, or of what he entered.
@@ -77,12 +77,15 @@ bool RecordEditorOf<RecordType>::CheckRecord() {
 }
 
 template <typename RecordType>
-std::int32_t RecordEditorOf<RecordType>::StoreRecord() {
-    const std::int32_t id = RecordKind<RecordType>::kSave(Catalogue(), record_);
-    if (id == 0) return 0;
-    record_.*RecordKind<RecordType>::kID = id;
+std::int32_t RecordEditorOf<RecordType>::RecordID() const {
+    return record_.*RecordKind<RecordType>::kID;
+}
+
+template <typename RecordType>
+bool RecordEditorOf<RecordType>::StoreRecord() {
+    if (!RecordKind<RecordType>::kStore(Catalogue(), record_)) return false;
     loaded_ = record_;
-    return id;
+    return true;
 }
 
 template <typename RecordType>

@@ -28,7 +28,8 @@ class RecordEditorOf final : public RecordEditor {
     bool IsRecordChanged() const override { return record_ != loaded_; }
     bool ConfirmLosses() override;
     bool CheckRecord() override;
-    std::int32_t StoreRecord() override;
+    std::int32_t RecordID() const override;
+    bool StoreRecord() override;
     NodeIDs LoadedPlace() const override;
     NodeIDs RecordPlace() const override;
 

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <exception>
 #include <filesystem>
 #include <system_error>
 
@@ -19,7 +20,9 @@ namespace {
 
 constexpr int kStepsBetweenReports = 100'000;
 
-/// Reports how far the copy has grown towards the size that the source has without its gaps.
+/// Reports how far the copy has grown towards the size that the source has without its gaps. The
+/// library, which asks for it, is C code, through which nothing may be thrown: what the report
+/// throws ends the statement and is kept until then.
 class ProgressReport {
   public:
     ProgressReport(sqlite3* source, const std::string& target, const OnProgress& report)
@@ -34,20 +37,32 @@ class ProgressReport {
     ProgressReport(const ProgressReport&) = delete;
     ProgressReport& operator=(const ProgressReport&) = delete;
 
+    void ThrowWhatWasKept() const {
+        if (failure_) std::rethrow_exception(failure_);
+    }
+
   private:
     static int OnSteps(void* self) {
-        const auto& report = *static_cast<const ProgressReport*>(self);
-        std::error_code error;
-        const std::uintmax_t size = std::filesystem::file_size(report.target_, error);
-        if (!error)
-            report.report_(std::min(1.0, static_cast<double>(size) / report.expectedBytes_));
+        auto& report = *static_cast<ProgressReport*>(self);
+        try {
+            report.Report();
+        } catch (...) {
+            report.failure_ = std::current_exception();
+            return 1;
+        }
         return 0;
+    }
+    void Report() const {
+        std::error_code error;
+        const std::uintmax_t size = std::filesystem::file_size(target_, error);
+        if (!error) report_(std::min(1.0, static_cast<double>(size) / expectedBytes_));
     }
 
     sqlite3* source_;
     const std::string& target_;
     const OnProgress& report_;
     double expectedBytes_ = 1.0;
+    std::exception_ptr failure_;
 };
 
 void ExecuteWithText(sqlite3* database, std::string_view sql, const std::string& text) {
@@ -55,6 +70,16 @@ void ExecuteWithText(sqlite3* database, std::string_view sql, const std::string&
     sqlite3_bind_text64(statement.get(), 1, text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8);
     const int result = sqlite3_step(statement.get());
     if (result != SQLITE_DONE) ThrowEngineError(database, result);
+}
+
+void VacuumInto(sqlite3* source, const std::string& target, const OnProgress& onProgress) {
+    const ProgressReport progress(source, target, onProgress);
+    try {
+        ExecuteWithText(source, "VACUUM INTO ?1", target);
+    } catch (const EngineError&) {
+        progress.ThrowWhatWasKept();
+        throw;
+    }
 }
 
 }  // namespace
@@ -72,16 +97,13 @@ void Compaction::WriteCopy(const std::string& targetConnectionString,
                           "There is a file '" + targetPath_ + "' already; it was left as it is.");
     }
     try {
-        {
-            const ProgressReport progress(source_.get(), targetPath_, onProgress);
-            ExecuteWithText(source_.get(), "VACUUM INTO ?1", targetPath_);
-        }
+        VacuumInto(source_.get(), targetPath_, onProgress);
         MakeSureOf(targetPath_);
+        if (onProgress) onProgress(1.0);
     } catch (...) {
         RemoveDatabaseFiles(targetPath_);
         throw;
     }
-    if (onProgress) onProgress(1.0);
 }
 
 void Compaction::ReplaceWithCopy() {

@@ -246,6 +246,15 @@ bool LikeElement::Accepts(char32_t folded) const {
     return isInSet == (kind == Kind::InSet);
 }
 
+std::string PatternOfLiteral(std::string_view literal) {
+    std::string pattern = "%";
+    for (const char character : literal) {
+        const bool isWildcard = character == '%' || character == '_' || character == '[';
+        pattern.append(isWildcard ? "[" : "").append(1, character).append(isWildcard ? "]" : "");
+    }
+    return pattern + "%";
+}
+
 LikePattern::LikePattern(std::string_view pattern) {
     const std::size_t length = CharacterCount(pattern);
     if (length > kMaxPatternLength) {

@@ -35,6 +35,9 @@ struct LikeSegment {
     bool isPlainText = false;
 };
 
+/// The pattern of all texts that hold the literal: "100%" gives "%100[%]%".
+std::string PatternOfLiteral(std::string_view literal);
+
 /// A pattern of the LIKE operator, compiled once to be matched against many texts.
 ///
 ///     %        any characters, also none

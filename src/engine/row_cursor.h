@@ -16,11 +16,11 @@ using BoundValue = std::variant<std::int64_t, std::string_view, std::monostate>;
 
 /// Reads the rows of a statement one by one, where a Recordset with all of them would be too much:
 /// a reader that looks at many rows and keeps few. Unlike a recordset it is in the middle of a
-/// read, so nothing else may happen to the catalogue while it lives: take what is wanted and let it
-/// go.
+/// read: while it lives, other statements may read, but nothing may be written. Take what is wanted
+/// and let it go.
 ///
-///     const auto row = connection.OpenCursor("SELECT codeName FROM tblCode WHERE codeID > ?1",
-///     id); while (row->Next()) Use(row->Text(0));
+///     const auto row = connection.OpenCursor("SELECT code FROM tblCode WHERE codeID > ?1", id);
+///     while (row->Next()) Use(row->Text(0));
 class RowCursor {
   public:
     virtual ~RowCursor() = default;

@@ -12,9 +12,9 @@ namespace snippetarium {
 namespace {
 
 constexpr std::array<std::string_view, 4> kSearchFunctions = {"like", "count", "max", "min"};
-constexpr std::array<std::string_view, 11> kOwnFunctions = {
-    "like",   "count", "max",   "min",    "coalesce",    "ifnull",
-    "length", "sum",   "total", "substr", "group_concat"};
+constexpr std::array<std::string_view, 12> kOwnFunctions = {
+    "like",   "count", "max",   "min",    "coalesce",     "ifnull",
+    "length", "sum",   "total", "substr", "group_concat", "likelihood"};
 
 struct Limit {
     int id;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <limits>
 #include <optional>
 
 #include "engine/engine_error.h"
@@ -42,13 +43,8 @@ class TableCheck {
 
     TextIndexProblem Run() {
         problem_.table = table_.name;
-        const StatementHandle row = PrepareStatement(
-            database_, "SELECT indexedTo, segments FROM tblTextIndex WHERE ownerTableID = " +
-                           std::to_string(table_.number));
-        if (sqlite3_step(row.get()) != SQLITE_ROW) return problem_;  // no index
-        indexedTo_ = sqlite3_column_int64(row.get(), 0);
         try {
-            FindSegments(sqlite3_column_int64(row.get(), 1));
+            if (!FindSegments()) return problem_;
             SumPostings();
             CompareTexts();
             LookForSuspects();
@@ -63,15 +59,28 @@ class TableCheck {
     using VisitPosting = std::function<void(TextKey key, std::uint32_t id)>;
     using VisitText = std::function<void(std::uint32_t id, unsigned column, std::string_view text)>;
 
-    void FindSegments(std::int64_t wanted) {
+    /// False where the table has no index.
+    bool FindSegments() {
+        const StatementHandle row = PrepareStatement(
+            database_, "SELECT indexedTo, segments FROM tblTextIndex WHERE ownerTableID = " +
+                           std::to_string(table_.number));
+        const int result = sqlite3_step(row.get());
+        if (result == SQLITE_DONE) return false;
+        if (result != SQLITE_ROW) ThrowEngineError(database_, result);
+        indexedTo_ = sqlite3_column_int64(row.get(), 0);
+        if (indexedTo_ < 0 || indexedTo_ > std::numeric_limits<std::int32_t>::max()) {
+            throw EngineError(EngineErrorCode::Corrupted,
+                              "The text index does not say how far it reaches.");
+        }
         for (const TextSegment& segment : ReadTextSegments(database_)) {
             if (segment.table == table_.number && segment.state == SegmentState::InUse)
                 segments_.push_back(segment);
         }
-        if (static_cast<std::int64_t>(segments_.size()) != wanted) {
+        if (static_cast<std::int64_t>(segments_.size()) != sqlite3_column_int64(row.get(), 1)) {
             throw EngineError(EngineErrorCode::Corrupted,
                               "A segment of the text index is missing.");
         }
+        return true;
     }
 
     void VisitPostings(const VisitPosting& visit) const {
@@ -89,7 +98,7 @@ class TableCheck {
         }
     }
 
-    /// Of the rows that the index should know.
+    /// Of the rows that the index should know. `condition` is one about the ID.
     void VisitTexts(const std::string& condition, const VisitText& visit) const {
         std::string sql = "SELECT " + std::string(table_.idColumn);
         for (const std::string_view column : table_.columns)
@@ -128,7 +137,7 @@ class TableCheck {
             if (current != 0 && sums_[current] != 0) suspects_.push_back(current);
             current = next;
         };
-        VisitTexts(" <= " + std::to_string(indexedTo_),
+        VisitTexts(" BETWEEN 1 AND " + std::to_string(indexedTo_),
                    [&](std::uint32_t id, unsigned column, std::string_view text) {
                        if (id != current) finish(id);
                        for (const Trigram trigram : distinct_.Of(text))

@@ -269,13 +269,4 @@ void TextLookup::ReadIDs(const std::string& sql, std::span<const std::int64_t> n
     if (result != SQLITE_DONE) ThrowEngineError(database_, result);
 }
 
-std::string PatternOfLiteral(std::string_view literal) {
-    std::string pattern = "%";
-    for (const char character : literal) {
-        const bool isWildcard = character == '%' || character == '_' || character == '[';
-        pattern.append(isWildcard ? "[" : "").append(1, character).append(isWildcard ? "]" : "");
-    }
-    return pattern + "%";
-}
-
 }  // namespace snippetarium

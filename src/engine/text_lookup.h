@@ -109,7 +109,4 @@ class TextLookup {
     StatementCache statements_;
 };
 
-/// A pattern that is like all texts that hold the literal.
-std::string PatternOfLiteral(std::string_view literal);
-
 }  // namespace snippetarium

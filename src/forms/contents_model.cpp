@@ -56,8 +56,9 @@ QVariant ContentsModel::data(const QModelIndex& index, int role) const {
             // A name from an import may have line breaks; a row has none.
             return ToQt(item->Text()).simplified();
         case Qt::EditRole:
-        case Qt::ToolTipRole:
             return ToQt(item->Text());
+        case Qt::ToolTipRole:
+            return ToQt(pane_.Description(*item));
         case Qt::DecorationRole:
             if (item->Kind() == NodeKind::Placeholder) return {};
             return icons_[static_cast<std::size_t>(item->Kind())];

@@ -26,6 +26,7 @@
 #include "store/database.h"
 #include "store/sql_text.h"
 #include "support/message_boxes.h"
+#include "support/utf8.h"
 
 namespace snippetarium {
 
@@ -172,6 +173,7 @@ bool EditorWindow::Store() {
     if (outcome.result == SaveResult::NotSaved) {
         // A later step failed: the record itself is there, and the tree shows it.
         if (outcome.node != NodeIDs{}) emit Saved(outcome.before, outcome.node);
+        if (outcome.isRefused) FocusOnRefused();
         return false;
     }
     pause_.stop();
@@ -182,6 +184,17 @@ bool EditorWindow::Store() {
     if (outcome.wantsKeywords) EditKeywords();
     const bool hasMore = outcome.wantsKeywords && editor_->IsChanged();
     return hasMore ? Store() : outcome.result == SaveResult::Saved;
+}
+
+/// A text that is too long, else the name.
+void EditorWindow::FocusOnRefused() {
+    for (CodeEdit* text : findChildren<CodeEdit*>()) {
+        if (CharacterCount(text->Code()) > kLongTextLimit) return text->setFocus();
+    }
+    if (auto* const name = findChild<QLineEdit*>("txtName")) {
+        name->setFocus();
+        name->selectAll();
+    }
 }
 
 void EditorWindow::reject() {

@@ -79,6 +79,7 @@ class EditorWindow : public QDialog {
     void KeepDraft();
     bool Store();
     bool MayClose();
+    void FocusOnRefused();
     void EditKeywords();
     void EditAuthors();
     std::vector<LinkedAuthor> LinkedAuthors() const;

@@ -1,6 +1,7 @@
 #include "forms/entry_list_model.h"
 
 #include "forms/qt_text.h"
+#include "support/paths.h"
 
 namespace snippetarium {
 
@@ -18,11 +19,12 @@ int EntryListModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant EntryListModel::data(const QModelIndex& index, int role) const {
-    const bool isText = role == Qt::DisplayRole || role == Qt::ToolTipRole;
+    const bool isShown = role == Qt::DisplayRole || role == Qt::ToolTipRole;
     const auto row = static_cast<std::size_t>(index.row());
     // While a job fills the list, the control may paint rows that are there no more.
-    if (!isText || !index.isValid() || row >= entries_.size()) return {};
-    return ToQt(entries_[row]);
+    if (!index.isValid() || row >= entries_.size()) return {};
+    if (isShown) return ToQt(ToPlatformPath(entries_[row]));
+    return role == kEntryRole ? ToQt(entries_[row]) : QVariant();
 }
 
 }  // namespace snippetarium

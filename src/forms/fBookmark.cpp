@@ -1,9 +1,12 @@
 #include "forms/fBookmark.h"
 
+#include <QShortcut>
+#include <algorithm>
 #include <utility>
 
 #include "forms/handler.h"
 #include "forms/icons.h"
+#include "forms/kept_scroll.h"
 #include "forms/qt_text.h"
 #include "store/database.h"
 #include "ui_fBookmark.h"
@@ -15,6 +18,12 @@ fBookmark::fBookmark(Database& db, QWidget* parent)
     ui_->setupUi(this);
     connect(ui_->lstBookmark, &QListWidget::itemActivated, this, [this] {
         Handle(db_.Reporter(), Procedure::BookmarkEvent, [this] { DisplaySelected(); });
+    });
+    auto* const remove = new QShortcut(QKeySequence::Delete, ui_->lstBookmark);
+    remove->setContext(Qt::WidgetShortcut);
+    connect(remove, &QShortcut::activated, this, [this] {
+        if (db_.IsReadOnly()) return;
+        Handle(db_.Reporter(), Procedure::BookmarkEvent, [this] { RemoveSelected(); });
     });
     connect(ui_->lstBookmark, &QListWidget::currentRowChanged, this, &fBookmark::SelectionChanged);
     connect(ui_->lstBookmark, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
@@ -45,11 +54,15 @@ void fBookmark::Read() {
 
 void fBookmark::List(const NodeIDs& selected) {
     QListWidget* const list = ui_->lstBookmark;
-    list->clear();
-    for (const ListedBookmark& bookmark : bookmarks_.Entries()) {
-        auto* item = new QListWidgetItem(Icon(bookmark.node.codeID != 0 ? "procedure" : "class"),
-                                         ToQt(bookmark.caption).simplified(), list);
-        item->setToolTip(item->text());
+    {
+        const KeptScroll kept(list);
+        list->clear();
+        for (const ListedBookmark& bookmark : bookmarks_.Entries()) {
+            auto* item =
+                new QListWidgetItem(Icon(bookmark.node.codeID != 0 ? "procedure" : "class"),
+                                    ToQt(bookmark.caption).simplified(), list);
+            item->setToolTip(item->text());
+        }
     }
     const std::optional<std::size_t> row = bookmarks_.RowOf(selected);
     list->setCurrentRow(row ? static_cast<int>(*row) : -1);
@@ -75,8 +88,11 @@ void fBookmark::Add(const NodeIDs& node) {
 void fBookmark::RemoveSelected() {
     const ListedBookmark* const selected = Selected();
     if (selected == nullptr) return;
+    const auto row = static_cast<std::size_t>(ui_->lstBookmark->currentRow());
     bookmarks_.Remove(NodeIDs(selected->node));
-    List({});
+    // The one that is in its place now, so that one can go on from there.
+    const std::vector<ListedBookmark>& left = bookmarks_.Entries();
+    List(left.empty() ? NodeIDs{} : left[std::min(row, left.size() - 1)].node);
 }
 
 void fBookmark::DisplaySelected() {

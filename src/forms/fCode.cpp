@@ -67,9 +67,9 @@ void fCode::OnLanguage(std::int32_t languageID) {
 }
 
 std::int32_t fCode::ApplicationOfRecord() const {
-    const std::int32_t classID = Record().classID;
-    if (classID == 0 && appID_ != 0) return appID_;
-    return AppIDByClassID(Catalogue(), ClassOrUndefined(classID));
+    const std::int32_t classID = ClassOrUndefined(Record().classID);
+    const bool isInNone = Editor().IsNew() && classID == kUndefinedClassID;
+    return isInNone && appID_ != 0 ? appID_ : AppIDByClassID(Catalogue(), classID);
 }
 
 void fCode::ShowRecord() {

@@ -40,8 +40,10 @@ void fContents::ConnectTree() {
     connect(tree, &QTreeView::expanded, this, &fContents::OnExpanded);
     connect(tree, &QTreeView::doubleClicked, this, &fContents::OnDoubleClicked);
     connect(tree, &QTreeView::customContextMenuRequested, this, &fContents::OnContextMenu);
-    connect(tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &fContents::OnCurrentChanged);
+    // Not the current node: a click of the mouse changes that before it selects, and a tree that
+    // gets the focus makes its first node the current one without selecting it.
+    connect(tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &fContents::OnSelectionChanged);
     // The control finishes its edit before anything is stored or asked.
     connect(model_, &ContentsModel::NameEntered, this, &fContents::OnNameEntered,
             Qt::QueuedConnection);
@@ -107,6 +109,7 @@ void fContents::StartRename() {
 void fContents::DeleteSelected() {
     const NodeIDs node = pane_.Selection();
     if (!deletion_.Delete(node)) return;
+    pane_.SelectBeside(node);
     emit NodeDeleted(node);
     Refresh();
 }
@@ -127,7 +130,9 @@ void fContents::FocusFilter() {
 }
 
 bool fContents::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress) return ChildPane::eventFilter(watched, event);
+    // The keys that the box of a name leaves over come here too.
+    if (event->type() != QEvent::KeyPress || IsNameBoxOpen())
+        return ChildPane::eventFilter(watched, event);
     switch (static_cast<QKeyEvent*>(event)->key()) {
         case Qt::Key_Down:
         case Qt::Key_Up:
@@ -141,10 +146,14 @@ bool fContents::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
+bool fContents::IsNameBoxOpen() const {
+    return ui_->trVwClass->viewport()->findChild<QLineEdit*>() != nullptr;
+}
+
 bool fContents::SelectFirst() {
     QTreeView* const tree = ui_->trVwClass;
     if (tree->selectionModel()->hasSelection() || model_->rowCount({}) == 0) return false;
-    // It may be the current one already, though nobody sees that: see OnCurrentChanged.
+    // It may be the current one already, though nobody sees that: see ConnectTree.
     tree->setCurrentIndex({});
     tree->setCurrentIndex(model_->index(0, 0, {}));
     return true;
@@ -161,11 +170,10 @@ void fContents::OnExpanded(const QModelIndex& index) {
     });
 }
 
-void fContents::OnCurrentChanged(const QModelIndex& index) {
-    const ContentsItem* const item = ContentsModel::ItemAt(index);
-    if (item == nullptr || isSelfMoving_) return;
-    // A tree that gets the focus makes its first node the current one without selecting it.
-    if (!ui_->trVwClass->selectionModel()->isSelected(index)) return;
+void fContents::OnSelectionChanged(const QItemSelection& selected) {
+    if (selected.isEmpty() || isSelfMoving_) return;
+    const ContentsItem* const item = ContentsModel::ItemAt(selected.indexes().constFirst());
+    if (item == nullptr) return;
     Handle(Reporter(), Procedure::ContentsEvent, [&] {
         pane_.Click(item);
         emit NodeSelected(pane_.Selection());

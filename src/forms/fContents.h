@@ -9,6 +9,7 @@
 #include "navigator/contents_pane.h"
 #include "navigator/node_deletion.h"
 
+class QItemSelection;
 class QModelIndex;
 
 namespace snippetarium {
@@ -68,10 +69,12 @@ class fContents final : public ChildPane {
 
   private:
     void ConnectTree();
+    /// While a name is edited in place.
+    bool IsNameBoxOpen() const;
     /// The first arrow key in a tree without a selection. False where there is one.
     bool SelectFirst();
     void OnExpanded(const QModelIndex& index);
-    void OnCurrentChanged(const QModelIndex& index);
+    void OnSelectionChanged(const QItemSelection& selected);
     /// Enter does the same.
     void OnDoubleClicked(const QModelIndex& index);
     void OnContextMenu(const QPoint& position);

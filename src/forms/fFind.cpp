@@ -21,6 +21,9 @@ TextRange InUnits(const Utf16Map& places, const TextRange& range) {
     return {places.ToUtf16(range.begin), places.ToUtf16(range.end)};
 }
 
+/// How much of a match before its end must be seen.
+constexpr int kSeenOfMatch = 100;
+
 }  // namespace
 
 fFind::fFind(Database& db, QWidget* parent)
@@ -96,8 +99,20 @@ void fFind::SelectNext() {
         cursor.setPosition(static_cast<int>(selected.begin));
         cursor.setPosition(static_cast<int>(selected.end), QTextCursor::KeepAnchor);
         text_->setTextCursor(cursor);
+        MakeWayFor(*text_);
         ShowNotice(*found, matches.size());
     });
+}
+
+/// What was found must not lie behind this window.
+void fFind::MakeWayFor(const QPlainTextEdit& text) {
+    const QWidget& view = *text.viewport();
+    const QRect match = text.cursorRect().translated(view.mapToGlobal(QPoint(0, 0)));
+    const QRect own = frameGeometry();
+    if (!own.adjusted(0, 0, kSeenOfMatch, 0).intersects(match)) return;
+    const QRect around(view.mapToGlobal(QPoint(0, 0)), view.size());
+    const bool isInUpperHalf = match.center().y() < around.center().y();
+    move(own.left(), isInUpperHalf ? around.bottom() - own.height() : around.top());
 }
 
 void fFind::ShowNotice(const FoundText& found, std::size_t matches) {

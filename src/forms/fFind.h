@@ -35,6 +35,7 @@ class fFind final : public QDialog {
     FindRequest Request() const;
     void LetGo();
     void SelectNext();
+    void MakeWayFor(const QPlainTextEdit& text);
     void ShowNotice(const FoundText& found, std::size_t matches);
 
     Database& db_;

@@ -14,6 +14,7 @@
 #include "forms/help_key.h"
 #include "forms/modal.h"
 #include "forms/qt_text.h"
+#include "forms/shown_report.h"
 #include "navigator/help.h"
 #include "store/database.h"
 #include "store/settings.h"
@@ -118,6 +119,7 @@ void fImport::ConnectLists() {
     connect(ui_->cmdRmvOne, &QPushButton::clicked, this,
             [this] { OnEvent([this] { MoveChosen(ui_->lstSelFiles); }); });
     for (QListView* list : {ui_->lstSrcFiles, ui_->lstSelFiles}) {
+        list->setItemDelegate(new EntryRows(list));
         list->installEventFilter(this);
         connect(list, &QListView::doubleClicked, this,
                 [this, list] { OnEvent([this, list] { MoveChosen(list); }); });
@@ -180,7 +182,7 @@ void fImport::TakeFirstFolder() {
 /// Where the folder is not taken, because the user keeps his selection or it cannot be read, the
 /// list shows the one that was taken before.
 void fImport::TakeFolder(const std::string& folder) {
-    selection_.ChangeFolder(folder);
+    if (selection_.ChangeFolder(folder)) ui_->panePreview->Forget();
     ui_->dlstSrcDir->Open(selection_.Folder(), selection_.Subfolders());
     SelectDriveOf(ui_->dlstSrcDrive, selection_.Folder());
     ShowSelection();
@@ -243,7 +245,8 @@ void fImport::ShowEnding(const ImportOutcome& outcome) {
     if (outcome.ending != ImportEnding::WithProblems) {
         return ShowImportEnding(db_.GetHost().messages, outcome.ending);
     }
-    fLogError report(db_, kImportReportLabel, ImportReportText(outcome.texts), this);
+    const JobTexts texts = ShownTexts(outcome.texts, selection_.SelectedFiles());
+    fLogError report(db_, kImportReportLabel, ImportReportText(texts), this);
     RunModal(report, db_.Reporter());
 }
 
@@ -285,7 +288,8 @@ void fImport::ShowTexts() {
 void fImport::ShowPreviewOf(QListView* list) {
     const QModelIndex index = list->currentIndex();
     if (index.isValid()) {
-        ui_->panePreview->ShowFile(selection_.Folder(), FromQt(index.data().toString()));
+        const QString entry = index.data(EntryListModel::kEntryRole).toString();
+        ui_->panePreview->ShowFile(selection_.Folder(), FromQt(entry));
     }
 }
 

@@ -1,7 +1,10 @@
 #include "forms/fIndex.h"
 
+#include <algorithm>
+
 #include "forms/fTopicsFound.h"
 #include "forms/handler.h"
+#include "forms/kept_scroll.h"
 #include "forms/list_keys.h"
 #include "forms/modal.h"
 #include "forms/qt_text.h"
@@ -39,12 +42,13 @@ void fIndex::Load() {
     ui_->lblIndex->setText(ToQt(kLoadingIndexText));
     ui_->lblIndex->show();
     ui_->lblIndex->repaint();
+    const KeptScroll kept(ui_->lstIndex);
     model_->BeginChange();
     index_.Load();
     model_->EndChange();
     ui_->lblIndex->setVisible(index_.Count() == 0);
     ui_->lblIndex->setText(tr("There are no keywords yet."));
-    SelectRow(index_.RowOf(word));
+    MakeCurrent(index_.RowOf(word));
 }
 
 bool fIndex::HasWord() const {
@@ -61,9 +65,14 @@ std::string fIndex::SelectedWord() const {
     return std::string(index_.WordAt(static_cast<std::size_t>(index.row())));
 }
 
-void fIndex::SelectRow(std::optional<std::size_t> row) {
+void fIndex::MakeCurrent(std::optional<std::size_t> row) {
     const QModelIndex index = row ? model_->index(static_cast<int>(*row)) : QModelIndex();
     ui_->lstIndex->setCurrentIndex(index);
+}
+
+void fIndex::SelectRow(std::optional<std::size_t> row) {
+    MakeCurrent(row);
+    const QModelIndex index = ui_->lstIndex->currentIndex();
     if (index.isValid()) ui_->lstIndex->scrollTo(index, QAbstractItemView::PositionAtTop);
 }
 
@@ -81,11 +90,12 @@ void fIndex::OpenSelected() {
 void fIndex::DeleteSelected() {
     const std::string word = SelectedWord();
     if (word.empty()) return;
-    const int row = ui_->lstIndex->currentIndex().row();
+    const auto row = static_cast<std::size_t>(ui_->lstIndex->currentIndex().row());
     if (!index_.DeleteWord(word)) return;
+    const KeptScroll kept(ui_->lstIndex);
     model_->BeginChange();
     model_->EndChange();
-    if (row < model_->rowCount({})) SelectRow(static_cast<std::size_t>(row));
+    if (index_.Count() > 0) MakeCurrent(std::min(row, index_.Count() - 1));
 }
 
 void fIndex::FocusFirst() {

@@ -40,6 +40,8 @@ class fIndex final : public ChildPane {
     void SelectionChanged();
 
   private:
+    void MakeCurrent(std::optional<std::size_t> row);
+    /// The same, at the top of the list.
     void SelectRow(std::optional<std::size_t> row);
     void OpenSelected();
 

@@ -97,7 +97,12 @@ void fLanguage::Rename() {
 }
 
 void fLanguage::Delete() {
-    ShowChange(RemoveLanguage(db_, Selected()), {});
+    QTreeWidget* const list = ui_->lstVwLanguage;
+    QTreeWidgetItem* const item = list->currentItem();
+    const QTreeWidgetItem* beside = list->itemBelow(item);
+    if (beside == nullptr) beside = list->itemAbove(item);
+    const std::string next = beside == nullptr ? std::string() : FromQt(beside->text(0));
+    ShowChange(RemoveLanguage(db_, Selected()), next);
 }
 
 void fLanguage::ShowChange(bool isDone, const std::string& language) {

@@ -49,6 +49,7 @@ void fLogError::SaveAs() {
     QFileDialog dialog(this, ToQt(kSaveReportTitle));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(NameFilters(kSaveReportFilter));
+    dialog.selectFile(ui_->lblLog->text().remove(':') + ".txt");
     if (RunModal(dialog, db_.Reporter()) != QDialog::Accepted) return;
     DiskFileSystem().WriteFile(FromQt(dialog.selectedFiles().value(0)), report_);
     ShowInformation(db_.GetHost().messages, kReportSaved, kInformationTitle);

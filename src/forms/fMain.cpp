@@ -72,6 +72,7 @@ fMain::fMain(Database& db, QtHost& host)
     tmAutoLoad_.setInterval(kIdleInterval);
     qApp->installEventFilter(this);
     db_.SetEndProgram([this] { close(); });
+    host_.Boxes().SetPreparation([this] { ShowThemeEarly(); });
     ConnectParts();
     ConnectLists();
     ConnectToolBar();
@@ -79,7 +80,9 @@ fMain::fMain(Database& db, QtHost& host)
     OfferHelp();
 }
 
-fMain::~fMain() = default;
+fMain::~fMain() {
+    host_.Boxes().SetPreparation({});
+}
 
 void fMain::OfferHelp() {
     const auto offer = [this](QWidget* window, std::string_view form) {
@@ -218,6 +221,13 @@ bool fMain::Start() {
 void fMain::ShowSplash() {
     splash_ = std::make_unique<fAbout>(fAbout::Use::Splash, db_.FilePath(), nullptr);
     splash_->ShowAtOnce();
+}
+
+/// What is said while the program starts, as that the catalogue can only be read.
+void fMain::ShowThemeEarly() {
+    const bool isEarly = run_.State() < RunState::Ready && db_.GetConnection().IsOpen();
+    // Reading it may fail, which would be said too.
+    if (isEarly && !std::exchange(wasThemeRead_, true)) ApplyTheme(ReadTheme(db_));
 }
 
 void fMain::CloseSplash() {

@@ -56,6 +56,7 @@ class fMain final : public QMainWindow, private ProgramWindow {
   private:
     void ShowSplash() override;
     void CloseSplash() override;
+    void ShowThemeEarly();
     void SetWrapCommands(bool wrap) override;
     void LoadContents() override;
     void FinishIndexPane() override;
@@ -107,6 +108,7 @@ class fMain final : public QMainWindow, private ProgramWindow {
     QTimer tmAutoLoad_;
     QElapsedTimer lastInput_;
     std::unique_ptr<fAbout> splash_;
+    bool wasThemeRead_ = false;
     /// Whether what the panes list may have changed, and what the status bar counts.
     bool areListsStale_ = false;
     bool areCountsStale_ = false;

@@ -14,6 +14,7 @@
 #include "forms/modal.h"
 #include "forms/page_marks.h"
 #include "forms/qt_text.h"
+#include "navigator/node.h"
 #include "store/database.h"
 #include "store/settings.h"
 #include "ui_fPage.h"
@@ -38,6 +39,7 @@ QString HtmlRow(const QString& label, const QString& text, const QString& target
 fPage::fPage(Database& db, QWidget* parent)
     : ChildPane(parent), db_(db), ui_(std::make_unique<Ui::fPage>()) {
     ui_->setupUi(this);
+    hint_ = ui_->txtPage->placeholderText();
     ui_->lblHeading->setBackgroundRole(QPalette::AlternateBase);
     ui_->lblHeading->hide();
     ui_->lineHeading->hide();
@@ -69,11 +71,24 @@ void fPage::ShowPage(const NodeIDs& node) {
     ui_->lblHeading->ShowHtml(HeadingHtml());
     ui_->lblHeading->setVisible(page_.node != NodeIDs{});
     ui_->lineHeading->setVisible(page_.node != NodeIDs{});
+    ui_->txtPage->setPlaceholderText(TextInPlaceOfNone());
     if (isSame) return;
     // Another heading leaves the text another height, which it is to have before it is laid out.
     ui_->layout->activate();
     ui_->txtPage->ShowPage(page_);
     MarkWords({});
+}
+
+QString fPage::TextInPlaceOfNone() const {
+    if (page_.node == NodeIDs{}) return hint_;
+    switch (KindOf(page_.node)) {
+        case NodeKind::Procedure:
+            return tr("This procedure has no code yet.");
+        case NodeKind::Class:
+            return tr("This class has no text yet.");
+        default:
+            return tr("This application has no classes yet.");
+    }
 }
 
 QString fPage::HeadingHtml() const {

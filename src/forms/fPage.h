@@ -67,6 +67,8 @@ class fPage final : public ChildPane {
 
   private:
     QString HeadingHtml() const;
+    /// What stands in the text box of a page without text.
+    QString TextInPlaceOfNone() const;
     void ApplyTextSize();
 
     Database& db_;
@@ -74,6 +76,7 @@ class fPage final : public ChildPane {
     Page page_;
     PageHistory history_;
     int textSteps_ = 0;
+    QString hint_;
 };
 
 }  // namespace snippetarium

@@ -167,7 +167,7 @@ void fSearch::ShowTopics() {
     const std::size_t count = pane_.Topics().Topics().size();
     ui_->lstVwSearch->setCurrentIndex(model_->index(0, 0));
     ui_->lstVwSearch->setFocus();
-    ui_->lblFound->setText(count == 1 ? tr("1 topic found") : tr("%1 topics found").arg(count));
+    ui_->lblFound->setText(count == 1 ? tr("1 topic found") : tr("%L1 topics found").arg(count));
 }
 
 void fSearch::SelectTopic() {

@@ -1,6 +1,7 @@
 #include "forms/fTrash.h"
 
 #include <QHeaderView>
+#include <algorithm>
 
 #include "forms/handler.h"
 #include "forms/help_key.h"
@@ -74,8 +75,13 @@ void fTrash::List() {
         list->resizeColumnToContents(column);
         if (list->columnWidth(column) > kWidestName) list->setColumnWidth(column, kWidestName);
     }
-    if (!entries_.empty()) list->setCurrentItem(list->topLevelItem(0));
+    SelectRow(0);
     EnableButtons();
+}
+
+void fTrash::SelectRow(int row) {
+    QTreeWidget* const list = ui_->lstVwTrash;
+    list->setCurrentItem(list->topLevelItem(std::min(row, list->topLevelItemCount() - 1)));
 }
 
 void fTrash::EnableButtons() {
@@ -91,6 +97,7 @@ void fTrash::Restore() {
     const TrashReturn returned = RestoreFromTrash(db_, trashID);
     deletion_.Forget(trashID);
     List();
+    SelectRow(row);
     for (const std::string& remark : returned.remarks)
         ShowInformation(db_.GetHost().messages, remark, kInformationTitle);
     if (returned.owner.id != 0) emit BroughtBack(NodeOf(db_, returned.owner));

@@ -32,6 +32,8 @@ class fTrash final : public QDialog {
     void List();
     void Restore();
     void Empty();
+    /// The last one where there is no such row.
+    void SelectRow(int row);
     void EnableButtons();
     void OpenHelpPage();
 

@@ -28,7 +28,7 @@ QString PlaceOf(const QString& page) {
 HelpWindow::HelpWindow() : page_(new QTextBrowser(this)) {
     setObjectName("fHelp");
     setWindowTitle(tr("Snippetarium Help"));
-    resize(760, 620);
+    resize(840, 680);
     page_->setObjectName("txtHelp");
     page_->setAccessibleName(tr("Help page"));
     page_->setOpenExternalLinks(false);

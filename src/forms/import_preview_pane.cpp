@@ -72,6 +72,7 @@ ImportPreviewPane::ImportPreviewPane(QWidget* parent)
     : QWidget(parent), ui_(std::make_unique<Ui::ImportPreviewPane>()) {
     ui_->setupUi(this);
     setFocusProxy(ui_->trVwPreview);
+    hint_ = ui_->lblProblems->text();
     QHeaderView* const header = ui_->trVwPreview->header();
     header->setStretchLastSection(false);
     header->setSectionResizeMode(0, QHeaderView::Stretch);
@@ -104,6 +105,15 @@ void ImportPreviewPane::ShowFile(std::string_view folder, std::string_view entry
     StartSoon();
 }
 
+void ImportPreviewPane::Forget() {
+    state_.importCancelled = true;
+    timer_.stop();
+    wanted_.entry.clear();
+    shownFor_ = {};
+    Clear();
+    ui_->lblProblems->setText(hint_);
+}
+
 void ImportPreviewPane::SetPaused(bool isPaused) {
     isPaused_ = isPaused;
     if (isPaused) {
@@ -121,7 +131,7 @@ void ImportPreviewPane::StartSoon() {
 
 void ImportPreviewPane::CutWanted() {
     if (isCutting_) return timer_.start();
-    if (wanted_ == shownFor_) return;
+    if (wanted_.entry.empty() || wanted_ == shownFor_) return;
     const QScopedValueRollback cutting(isCutting_, true);
     PreviewEvents events(*host_);
     const Host host{host_->messages, host_->progress, events,

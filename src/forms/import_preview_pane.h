@@ -30,6 +30,8 @@ class ImportPreviewPane final : public QWidget {
     void SetEncoding(std::string_view encoding);
     /// Shows an entry of the folder.
     void ShowFile(std::string_view folder, std::string_view entry);
+    /// Shows none any more.
+    void Forget();
     /// While a job runs nothing is cut besides.
     void SetPaused(bool isPaused);
 
@@ -52,6 +54,8 @@ class ImportPreviewPane final : public QWidget {
     bool isCutting_ = false;
     bool isPaused_ = false;
     QTimer timer_;
+    /// What it says while no file is shown.
+    QString hint_;
     ImportPreview shown_;
 };
 

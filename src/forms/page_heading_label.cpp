@@ -12,6 +12,7 @@ void PageHeadingLabel::ShowHtml(const QString& html) {
 }
 
 void PageHeadingLabel::FitHeight() {
+    setMinimumHeight(0);  // which the label would take for its least height
     height_ = std::max(0, heightForWidth(width()));  // -1 without a text
     setFixedHeight(height_);
 }

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QTextBlock>
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -78,6 +79,19 @@ const PageLink* PageText::LinkAt(const QTextCursor& cursor) const {
     return link == links_.end() ? nullptr : &*link;
 }
 
+const PageLink* PageText::OnlyLinkInLine(const QTextCursor& cursor) const {
+    const QTextBlock line = cursor.block();
+    const auto begin = Places().ToByte(static_cast<std::size_t>(line.position()));
+    const auto end = Places().ToByte(static_cast<std::size_t>(line.position() + line.length() - 1));
+    const auto isInLine = [&](const PageLink& each) {
+        return begin <= each.range.begin && each.range.begin <= end;
+    };
+    const auto link = std::ranges::find_if(links_, isInLine);
+    if (link == links_.end()) return nullptr;
+    const auto next = std::next(link);
+    return next == links_.end() || !isInLine(*next) ? &*link : nullptr;
+}
+
 QRect PageText::RectOf(std::size_t byte) const {
     QTextCursor cursor(document());
     cursor.setPosition(static_cast<int>(Places().ToUtf16(byte)));
@@ -127,7 +141,9 @@ void PageText::mouseReleaseEvent(QMouseEvent* event) {
 
 void PageText::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    const PageLink* const link = isEnter ? LinkAt(textCursor()) : nullptr;
+    if (!isEnter) return ColouredText::keyPressEvent(event);
+    const PageLink* link = LinkAt(textCursor());
+    if (link == nullptr) link = OnlyLinkInLine(textCursor());
     if (link == nullptr) return ColouredText::keyPressEvent(event);
     Follow(link);
 }

@@ -10,7 +10,7 @@ namespace snippetarium {
 /// The text box of the page view. A source has the numbers of its lines, prose has none.
 ///
 /// The places that lead to other nodes look like links. A click follows one; Tab goes from link to
-/// link, as in a browser, and Enter follows the one at the cursor.
+/// link, as in a browser, and Enter follows the one at the cursor, or the only one in its line.
 class PageText final : public ColouredText {
     Q_OBJECT
 
@@ -36,6 +36,8 @@ class PageText final : public ColouredText {
     /// None where there is no link.
     const PageLink* LinkAt(const QPoint& point) const;
     const PageLink* LinkAt(const QTextCursor& cursor) const;
+    /// None where the line has several.
+    const PageLink* OnlyLinkInLine(const QTextCursor& cursor) const;
     QRect RectOf(std::size_t byte) const;
     const PageLink* LinkBeside(bool next) const;
     void Follow(const PageLink* link);

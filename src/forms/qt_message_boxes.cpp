@@ -1,6 +1,9 @@
 #include "forms/qt_message_boxes.h"
 
 #include <QApplication>
+#include <QFontMetrics>
+#include <QGridLayout>
+#include <QMainWindow>
 #include <QMessageBox>
 
 #include "forms/fMsgBox.h"
@@ -8,6 +11,34 @@
 #include "forms/qt_text.h"
 
 namespace snippetarium {
+
+namespace {
+
+/// What a title bar needs beside its title, in widths of its letters.
+constexpr int kLettersOfTitleButtons = 16;
+
+/// The window that a box is to stand over. None is active while the window system hands the focus
+/// on from a window that has just closed.
+QWidget* WindowInFront() {
+    if (QWidget* const active = QApplication::activeWindow()) return active;
+    if (QWidget* const modal = QApplication::activeModalWidget()) return modal;
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr) return window;
+    }
+    return nullptr;
+}
+
+/// A short message must not make the box narrower than its title.
+void MakeRoomForTitle(QMessageBox& box) {
+    auto* const layout = qobject_cast<QGridLayout*>(box.layout());
+    if (layout == nullptr) return;
+    const QFontMetrics metrics = box.fontMetrics();
+    const int width = metrics.horizontalAdvance(box.windowTitle()) +
+                      kLettersOfTitleButtons * metrics.averageCharWidth();
+    layout->addItem(new QSpacerItem(width, 0), layout->rowCount(), 0, 1, layout->columnCount());
+}
+
+}  // namespace
 
 struct QtMessageBoxes::Box {
     QMessageBox::Icon icon = QMessageBox::Information;
@@ -50,18 +81,25 @@ StandardAnswer QtMessageBoxes::YesNoCancel(std::string_view question, std::strin
 }
 
 SeriesAnswer QtMessageBoxes::Series(std::string_view question) {
-    fMsgBox box(question, openHelp_, QApplication::activeWindow());
+    Prepare();
+    fMsgBox box(question, openHelp_, WindowInFront());
     RunModal(box, *reporter_);
     return box.Answer();
 }
 
+void QtMessageBoxes::Prepare() const {
+    if (prepare_) prepare_();
+}
+
 int QtMessageBoxes::Show(const Box& box) {
+    Prepare();
     QMessageBox window(box.icon, ToQt(box.title), LinesToQt(box.message), box.buttons,
-                       QApplication::activeWindow());
+                       WindowInFront());
     window.setTextFormat(Qt::PlainText);
     window.setTextInteractionFlags(Qt::TextSelectableByMouse);
     window.setEscapeButton(box.escape);
     window.setDefaultButton(QMessageBox::NoButton);
+    MakeRoomForTitle(window);
     return RunModal(window, *reporter_);
 }
 

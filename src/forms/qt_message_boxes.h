@@ -27,6 +27,9 @@ class QtMessageBoxes final : public MessageBoxes {
         openHelp_ = std::move(openHelp);
     }
 
+    /// Called before each box and question.
+    void SetPreparation(std::function<void()> prepare) { prepare_ = std::move(prepare); }
+
     void Information(std::string_view message, std::string_view title) override;
     void Warning(std::string_view message, std::string_view title) override;
     void Error(std::string_view message, std::string_view title) override;
@@ -37,9 +40,11 @@ class QtMessageBoxes final : public MessageBoxes {
   private:
     struct Box;
     int Show(const Box& box);
+    void Prepare() const;
 
     ErrorReporter* reporter_ = nullptr;
     std::function<void(std::string_view)> openHelp_;
+    std::function<void()> prepare_;
 };
 
 }  // namespace snippetarium

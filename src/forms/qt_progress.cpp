@@ -5,6 +5,7 @@
 #include "forms/fPrgrCancel.h"
 #include "forms/fProgressBar1.h"
 #include "forms/fProgressBar2.h"
+#include "support/paths.h"
 
 namespace snippetarium {
 
@@ -80,7 +81,8 @@ void QtProgress::SetFolderLine(std::string_view text) {
 }
 
 void QtProgress::SetContentLine(std::string_view text) {
-    Change(&ProgressContents::contentLine, text);
+    // It may name a file as the catalogue does.
+    Change(&ProgressContents::contentLine, ToPlatformPath(text));
 }
 
 void QtProgress::SetUnit(double percent) {

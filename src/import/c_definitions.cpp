@@ -6,6 +6,7 @@
 
 #include "import/c_live_tokens.h"
 #include "import/c_names.h"
+#include "import/source_words.h"
 #include "support/utf8.h"
 
 namespace snippetarium {
@@ -33,11 +34,6 @@ constexpr std::string_view kAccessWords[] = {
     "public", "private", "protected", "signals", "slots", "Q_SIGNALS", "Q_SLOTS",
 };
 // clang-format on
-
-template <std::size_t N>
-bool IsOneOf(std::string_view word, const std::string_view (&words)[N]) {
-    return std::find(std::begin(words), std::end(words), word) != std::end(words);
-}
 
 // The scanner reads declaration after declaration. Of each it remembers what it has met since its
 // first token (the head); at the brace that follows it decides what the head is: that of a

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "import/c_live_tokens.h"
+#include "import/source_words.h"
 
 namespace snippetarium {
 
@@ -36,11 +37,6 @@ constexpr std::string_view kStatements[] = {"return", "else", "case", "goto"};
 /// What may stand between a parameter list and its body.
 constexpr std::string_view kAfterParameters[] = {"const", "noexcept", "override", "final"};
 // clang-format on
-
-template <std::size_t N>
-bool IsOneOf(std::string_view word, const std::string_view (&words)[N]) {
-    return std::find(std::begin(words), std::end(words), word) != std::end(words);
-}
 
 /// BOOL, FOO_API, Q2; not a single letter, which is a template's parameter.
 bool LooksLikeMacro(std::string_view word) {

@@ -4,25 +4,19 @@
 #include <limits>
 #include <string>
 
+#include "import/source_words.h"
+
 namespace snippetarium {
 
 namespace {
 
-bool IsDigit(char character) {
-    return character >= '0' && character <= '9';
+/// Compilers take "$" for a letter.
+bool IsNamePart(char character) {
+    return IsWordPart(character) || character == '$';
 }
 
-bool IsWordStart(char character) {
-    return character == '_' || character == '$' || (character >= 'A' && character <= 'Z') ||
-           (character >= 'a' && character <= 'z') || static_cast<unsigned char>(character) > 127;
-}
-
-bool IsWordPart(char character) {
-    return IsWordStart(character) || IsDigit(character);
-}
-
-bool IsBlank(char character) {
-    return static_cast<unsigned char>(character) <= ' ';
+bool IsNameStart(char character) {
+    return IsNamePart(character) && !IsDigit(character);
 }
 
 bool IsRawPrefix(std::string_view word) {
@@ -78,7 +72,7 @@ class Tokeniser {
 
     void ReadToken(char character) {
         const std::size_t begin = at_;
-        if (IsWordStart(character)) {
+        if (IsNameStart(character)) {
             ReadWord();
         } else if (IsDigit(character)) {
             ReadNumber();
@@ -98,7 +92,7 @@ class Tokeniser {
 
     void ReadWord() {
         const std::size_t begin = at_;
-        while (at_ < text_.size() && IsWordPart(text_[at_]))
+        while (at_ < text_.size() && IsNamePart(text_[at_]))
             ++at_;
         const std::string_view word = text_.substr(begin, at_ - begin);
         if (Peek() == '"' && dialect_ == CDialect::Cpp && IsRawPrefix(word)) {
@@ -115,8 +109,8 @@ class Tokeniser {
     /// A quote between digits separates them.
     void ReadNumber() {
         const std::size_t begin = at_;
-        while (at_ < text_.size() && (IsWordPart(text_[at_]) || text_[at_] == '.' ||
-                                      (text_[at_] == '\'' && IsWordPart(Peek(1))))) {
+        while (at_ < text_.size() && (IsNamePart(text_[at_]) || text_[at_] == '.' ||
+                                      (text_[at_] == '\'' && IsNamePart(Peek(1))))) {
             ++at_;
         }
         Add(begin, CTokenKind::Number);
@@ -186,7 +180,7 @@ class Tokeniser {
                 rest.remove_prefix(1);
         };
         skipBlanks();
-        const auto nameEnd = std::find_if_not(rest.begin(), rest.end(), IsWordPart);
+        const auto nameEnd = std::find_if_not(rest.begin(), rest.end(), IsNamePart);
         const std::string_view name =
             rest.substr(0, static_cast<std::size_t>(nameEnd - rest.begin()));
         std::string_view condition = rest;

@@ -8,9 +8,6 @@ namespace snippetarium {
 
 namespace {
 
-constexpr ImportWindow::Texts kDropTexts{"Snippetarium is counting code files, please wait...",
-                                         "Folder Progress:"};
-
 bool EndsInSeparator(std::string_view path) {
     return path.ends_with('/') || path.ends_with('\\');
 }
@@ -26,10 +23,6 @@ bool IsWithin(std::string_view path, std::string_view folder) {
 std::string_view FolderFor(const FileSystem& files, std::string_view path) {
     if (files.FolderExists(path)) return path;
     return files.FileExists(path) ? ParentFolder(path) : std::string_view();
-}
-
-std::string EntryBelow(std::string_view path, std::string_view root) {
-    return ToCataloguePath(path.substr(root.size() + (EndsInSeparator(root) ? 0 : 1)));
 }
 
 }  // namespace
@@ -51,7 +44,8 @@ std::string FolderOfDropped(const FileSystem& files, std::span<const std::string
 
 bool ListDropped(FolderWalk& walk, std::span<const std::string> paths, std::string_view root,
                  WalkedFiles& target) {
-    const ImportWindow window(walk.GetHost(), walk.State(), kDropTexts);
+    const EndOfListing end(walk.State());
+    const ImportWindow window(walk.GetHost(), walk.State(), kListingTexts);
     const std::string pattern = EveryKindPattern();
     Progress& progress = walk.GetHost().progress;
     const double step = 100.0 / static_cast<double>(paths.size());

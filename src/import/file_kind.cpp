@@ -109,11 +109,4 @@ bool IsDeliveredLanguage(std::string_view name) {
            });
 }
 
-std::string_view ClassNameOfFile(std::string_view entry) {
-    const ExtensionRow* const row = FindExtension(FileExtension(entry));
-    const bool holdsOneClass = row != nullptr && (row->kind == CodeFileKind::VisualBasic ||
-                                                  row->kind == CodeFileKind::Java);
-    return holdsOneClass ? BaseName(entry) : FileName(entry);
-}
-
 }  // namespace snippetarium

@@ -61,8 +61,4 @@ std::string_view DeliveredLanguageName(std::int32_t languageID);
 /// In any letter case.
 bool IsDeliveredLanguage(std::string_view name);
 
-/// What a class is called where its file's text does not say: "Form1" of "sub\Form1.frm" in the
-/// languages in which a file usually holds one named class, "grid.c" of "sub\grid.c" in all others.
-std::string_view ClassNameOfFile(std::string_view entry);
-
 }  // namespace snippetarium

@@ -17,19 +17,10 @@ namespace snippetarium {
 namespace {
 
 constexpr std::array<std::string_view, 2> kForeignFolders{"_vti_pvt", "_vti_cnf"};
-constexpr ImportWindow::Texts kWalkTexts{"Snippetarium is counting code files, please wait...",
-                                         "Folder Progress:"};
-
 bool IsForeign(std::string_view folderName) {
     return std::ranges::any_of(kForeignFolders, [&](std::string_view foreign) {
         return EqualsIgnoringAsciiCase(foreign, folderName);
     });
-}
-
-/// A file's path with the root folder's taken away, and the one separator behind it.
-std::string EntryOf(std::string_view path, std::string_view rootFolder) {
-    const bool endsInSeparator = rootFolder.ends_with('\\') || rootFolder.ends_with('/');
-    return ToCataloguePath(path.substr(rootFolder.size() + (endsInSeparator ? 0 : 1)));
 }
 
 /// What lies in a folder that may be unreadable: then a problem is noted.
@@ -68,6 +59,11 @@ double FolderWalk::RandomPercent() {
     return std::uniform_real_distribution<double>(0, 100)(random_);
 }
 
+std::string EntryBelow(std::string_view path, std::string_view rootFolder) {
+    const bool endsInSeparator = rootFolder.ends_with('\\') || rootFolder.ends_with('/');
+    return ToCataloguePath(path.substr(rootFolder.size() + (endsInSeparator ? 0 : 1)));
+}
+
 void ListFolderFiles(FolderWalk& walk, std::string_view folder, WalkedFiles& target,
                      std::string_view pattern, std::string_view rootFolder) {
     Guarded(walk.GetHost().reporter, Procedure::ListFolderFiles, [&] {
@@ -78,7 +74,7 @@ void ListFolderFiles(FolderWalk& walk, std::string_view folder, WalkedFiles& tar
             if (host.progress.Unit() + step < 100)
                 host.progress.SetUnit(host.progress.Unit() + step);
             if (IsTakenByWalk(name, pattern))
-                target.entries.push_back(EntryOf(JoinPath(folder, name), rootFolder));
+                target.entries.push_back(EntryBelow(JoinPath(folder, name), rootFolder));
             host.events.Yield();
             if (walk.State().importCancelled) return;
         }
@@ -104,16 +100,10 @@ void ListSubfolderFiles(FolderWalk& walk, std::string_view folder, WalkedFiles& 
 
 bool ListAllSubfolderFiles(FolderWalk& walk, std::string_view rootFolder, WalkedFiles& target,
                            std::string_view pattern) {
-    // The flag belongs to the walk: a cancelled listing must not cancel the next import, however
-    // the walk ends.
-    struct ClearFlag {
-        ImportState& state;
-        ~ClearFlag() { state.importCancelled = false; }
-    };
     return Guarded(walk.GetHost().reporter, Procedure::ListAllSubfolderFiles, [&] {
         Progress& progress = walk.GetHost().progress;
-        const ClearFlag clearFlag{walk.State()};
-        const ImportWindow window(walk.GetHost(), walk.State(), kWalkTexts);
+        const EndOfListing end(walk.State());
+        const ImportWindow window(walk.GetHost(), walk.State(), kListingTexts);
         progress.SetUnit(1);
         progress.SetTotal(1);
         const std::vector<std::string> names = walk.Files().ListFolder(rootFolder).subfolders;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "import/import_state.h"
+#include "import/import_window.h"
 #include "support/file_system.h"
 #include "support/host.h"
 
@@ -41,6 +42,27 @@ class FolderWalk {
     ImportState& state_;
     std::minstd_rand random_;
 };
+
+/// The entry of a file or folder below the root, in platform paths: "/src/Paint/sub/a.bas" of
+/// "/src/Paint" is "sub\\a.bas".
+std::string EntryBelow(std::string_view path, std::string_view rootFolder);
+
+/// Says that an import was cancelled no more when it dies: a cancelled listing must not cancel the
+/// next import, however the listing ends.
+class EndOfListing {
+  public:
+    explicit EndOfListing(ImportState& state) : state_(state) {}
+    ~EndOfListing() { state_.importCancelled = false; }
+    EndOfListing(const EndOfListing&) = delete;
+    EndOfListing& operator=(const EndOfListing&) = delete;
+
+  private:
+    ImportState& state_;
+};
+
+/// The progress window of a listing.
+inline constexpr ImportWindow::Texts kListingTexts{
+    "Snippetarium is counting code files, please wait...", "Folder Progress:"};
 
 /// Adds the files of one folder that the pattern takes (IsTakenByWalk), without its subfolders.
 /// Yields after each file; stops when the import is cancelled.

@@ -181,7 +181,6 @@ bool ImportSelection::Drop(std::span<const std::string> paths) {
         WalkedFiles found;
         FolderWalk walk(db_.GetHost(), files_, state_);
         const bool isComplete = ListDropped(walk, paths, folder_, found);
-        state_.importCancelled = false;
         problems_.insert(problems_.end(), found.problems.begin(), found.problems.end());
         if (!isComplete) return false;
         Select(found.entries);

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "import/qualified_name.h"
+#include "import/source_words.h"
 
 namespace snippetarium {
 
@@ -28,11 +29,6 @@ constexpr std::string_view kFunctionValues[] = {
     "function_expression", "generator_function", "arrow_function",
 };
 // clang-format on
-
-template <std::size_t N>
-bool IsOneOf(std::string_view kind, const std::string_view (&kinds)[N]) {
-    return std::find(std::begin(kinds), std::end(kinds), kind) != std::end(kinds);
-}
 
 bool IsFunctionValue(const SyntaxNode& node) {
     return IsOneOf(node.Kind(), kFunctionValues);

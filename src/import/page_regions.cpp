@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "import/source_words.h"
 #include "support/ascii_search.h"
 
 namespace snippetarium {
@@ -9,10 +10,6 @@ namespace snippetarium {
 namespace {
 
 constexpr std::size_t kNowhere = std::string_view::npos;
-
-bool IsBlank(char character) {
-    return static_cast<unsigned char>(character) <= ' ';
-}
 
 std::string_view SkipBlanks(std::string_view text) {
     while (!text.empty() && IsBlank(text.front()))

@@ -4,15 +4,13 @@
 #include <iterator>
 #include <optional>
 
+#include "import/source_words.h"
+
 namespace snippetarium {
 
 namespace {
 
 constexpr std::string_view kLineBreak = "\r\n";
-
-bool IsBlank(char character) {
-    return static_cast<unsigned char>(character) <= ' ';
-}
 
 /// Nothing but blanks, with at most one line break among them.
 bool IsGapWithoutBlankLine(std::string_view gap) {

@@ -6,6 +6,7 @@
 #include <bit>
 #include <type_traits>
 
+#include "import/source_words.h"
 #include "support/utf8.h"
 
 namespace snippetarium {
@@ -15,10 +16,6 @@ namespace {
 bool IsComment(std::string_view kind) {
     return kind == "comment" || kind == "line_comment" || kind == "block_comment" ||
            kind == "html_comment";
-}
-
-bool IsBlank(char character) {
-    return static_cast<unsigned char>(character) <= ' ';
 }
 
 /// Where what stands before the blanks in front of this position ends; 0 where nothing does.

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "import/qualified_name.h"
+#include "import/source_words.h"
 
 namespace snippetarium {
 
@@ -30,11 +31,6 @@ constexpr std::string_view kMembers[] = {
     "local_function_statement",
 };
 // clang-format on
-
-template <std::size_t N>
-bool IsOneOf(std::string_view kind, const std::string_view (&kinds)[N]) {
-    return std::find(std::begin(kinds), std::end(kinds), kind) != std::end(kinds);
-}
 
 bool HasBody(const SyntaxNode& member) {
     if (!member.Field("body").IsNull()) return true;

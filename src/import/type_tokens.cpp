@@ -6,6 +6,8 @@
 #include <limits>
 #include <utility>
 
+#include "import/source_words.h"
+
 namespace snippetarium {
 
 namespace {
@@ -18,16 +20,6 @@ namespace {
 // Interpolated ones hold expressions, which hold literals in turn.
 
 constexpr std::string_view kBlanks = " \t\r\n";
-
-bool IsBlank(char character) {
-    return static_cast<unsigned char>(character) <= ' ';
-}
-
-bool IsWordPart(char character) {
-    return character == '_' || (character >= '0' && character <= '9') ||
-           (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z') ||
-           static_cast<unsigned char>(character) > 127;
-}
 
 class TypeTokeniser {
   public:

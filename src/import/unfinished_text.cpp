@@ -3,18 +3,14 @@
 #include <cstddef>
 #include <vector>
 
+#include "import/source_words.h"
+
 namespace snippetarium {
 
 namespace {
 
 constexpr std::size_t kMostUnfinished = 30'000;
 constexpr std::size_t kMostAngles = 2'000;
-
-bool IsWordPart(char character) {
-    return character == '_' || (character >= '0' && character <= '9') ||
-           (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z') ||
-           static_cast<unsigned char>(character) > 127;
-}
 
 /// Counts, from above, what a parser has to keep of a text at once: the words and signs of each
 /// construct that is not finished, for all brackets that are open. Literals and comments are not

@@ -61,10 +61,6 @@ constexpr std::string_view kBlanks = "    ";
 
 }  // namespace
 
-std::span<const std::string_view> Punctuation() {
-    return kPunctuation;
-}
-
 std::string ReplacePunctuation(std::string_view doubledText, BlankWidth width) {
     std::string text(doubledText);
     for (const std::string_view entry : kPunctuation) {

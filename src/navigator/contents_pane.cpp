@@ -5,8 +5,10 @@
 #include "editors/renaming.h"
 #include "navigator/contents_filter.h"
 #include "navigator/node.h"
+#include "navigator/shown_path.h"
 #include "search/topic_list.h"
 #include "store/database.h"
+#include "store/reads_classes.h"
 #include "store/sql_text.h"
 #include "support/guard.h"
 #include "support/message_boxes.h"
@@ -74,6 +76,12 @@ EditRequest ContentsPane::DoubleClick(const ContentsItem& item) {
     return EditNode(db_, selection_);
 }
 
+std::string ContentsPane::Description(const ContentsItem& item) const {
+    if (item.Kind() != NodeKind::Class) return item.Text();
+    const std::string path = ShownPath(ClassPathInAppByClassID(db_, item.IDs().classID));
+    return path.empty() || path == item.Text() ? item.Text() : item.Text() + "\n" + path;
+}
+
 bool ContentsPane::MayEditName(const ContentsItem& item) const {
     return !db_.IsReadOnly() && item.Kind() != NodeKind::Placeholder &&
            item.Text() != kUndefinedApplicationText && item.Text() != kUndefinedClassText;
@@ -129,6 +137,17 @@ void ContentsPane::RefreshBelow(ContentsItem* parent) {
 void ContentsPane::SelectWhatIsLeft() {
     while (selection_ != NodeIDs{} && !tree_.Find(selection_))
         selection_ = ParentOf(selection_);
+}
+
+void ContentsPane::SelectBeside(const NodeIDs& node) {
+    selection_ = ParentOf(node);
+    const ContentsItem* const item = tree_.Find(node);
+    if (!item) return;
+    const ContentsItem* const parent = item->Parent();
+    const std::size_t count = parent ? parent->ChildCount() : tree_.TopCount();
+    if (count == 1) return;
+    const std::size_t row = item->Row() + 1 < count ? item->Row() + 1 : item->Row() - 1;
+    selection_ = (parent ? parent->Child(row) : tree_.Top(row)).IDs();
 }
 
 ContentsItem* ContentsPane::Select(const NodeIDs& node) {

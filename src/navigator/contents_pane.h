@@ -45,6 +45,10 @@ class ContentsPane {
     /// Selects the node and says which editor to open; the user has been told where none may be.
     EditRequest DoubleClick(const ContentsItem& item);
 
+    /// The node's name; of a class from a file also its path, which tells it from one of the same
+    /// name.
+    std::string Description(const ContentsItem& item) const;
+
     /// Whether the node's name may be edited in place. Where not, nothing is said: nothing was
     /// entered.
     bool MayEditName(const ContentsItem& item) const;
@@ -55,6 +59,10 @@ class ContentsPane {
     /// After the catalogue was changed: reads what has been loaded again. What is expanded and
     /// selected stays so; a selected node that is gone is replaced by its parent, if that is there.
     void Refresh();
+
+    /// Before a node is deleted: selects the one that takes its place then, so that one can go on
+    /// from there: the next one, the one before the last, or what an only one was in.
+    void SelectBeside(const NodeIDs& node);
 
     /// Loads the node's ancestors and selects it. Null where the catalogue has no such node, or the
     /// filter, which is taken away first, hid it.

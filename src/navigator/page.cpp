@@ -11,8 +11,11 @@
 #include "export/markers.h"
 #include "navigator/contents_loading.h"
 #include "navigator/node.h"
+#include "navigator/shown_path.h"
 #include "store/database.h"
+#include "store/reads_classes.h"
 #include "store/reads_languages.h"
+#include "support/case_fold.h"
 #include "support/guard.h"
 #include "support/header_labels.h"
 #include "support/text.h"
@@ -85,6 +88,14 @@ std::string ShownComment(const std::string& comment) {
     return isBasic ? RemoveTaggedCommentLines(comment) : comment;
 }
 
+/// The rows stand in the order of their names.
+bool HasNamesake(const std::vector<ContentsRow>& rows, std::size_t at) {
+    const auto isNamesake = [&](std::size_t other) {
+        return other < rows.size() && EqualFolded(rows[other].text, rows[at].text);
+    };
+    return isNamesake(at + 1) || (at > 0 && isNamesake(at - 1));
+}
+
 void AppendClasses(Database& db, const NodeIDs& application, PageText& text) {
     const std::vector<ContentsRow> classes = ReadClassRows(db, application.appID);
     if (classes.empty()) return;
@@ -93,11 +104,16 @@ void AppendClasses(Database& db, const NodeIDs& application, PageText& text) {
         text.Append("\n");
     }
     text.Append("Classes:\n");
-    for (const ContentsRow& row : classes) {
+    for (std::size_t i = 0; i < classes.size(); ++i) {
+        const ContentsRow& row = classes[i];
         text.Append("  ");
         text.AppendLink(OneLine(row.text), KeyOf(row.ids));
         const auto count = static_cast<std::size_t>(row.childCount);
-        text.Append("  (" + Counted(count, "procedure", "procedures") + ")\n");
+        text.Append("  (" + Counted(count, "procedure", "procedures") + ")");
+        const std::string path =
+            HasNamesake(classes, i) ? ClassPathInAppByClassID(db, row.ids.classID) : std::string();
+        if (!path.empty()) text.Append("  " + OneLine(ShownPath(path)));
+        text.Append("\n");
     }
 }
 

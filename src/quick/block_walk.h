@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/substring_search.h"
+#include "quick/characters.h"
 #include "quick/name_block.h"
 #include "quick/plan.h"
 
@@ -74,7 +75,7 @@ void ForEachPlace(NameBlock& block, const FoldedNeedle& needle, Note note) {
             const ByteRange inName{at - entry->place.begin, needle.Size()};
             if (note(*entry, inName)) next = std::min(entry->place.End(), names.size());
         }
-        while (next < names.size() && (static_cast<unsigned char>(names[next]) & 0xC0U) == 0x80U)
+        while (next < names.size() && IsContinuation(names[next]))
             ++next;
         at = next < names.size() ? needle.Find(names, next) : FoldedNeedle::kNotFound;
     }

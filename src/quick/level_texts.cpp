@@ -22,10 +22,10 @@ LevelTexts::LevelTexts(QuickPlan& plan, QuickTier tier, QuickKind kind)
       kind_(kind),
       patience_(kPatience) {
     for (std::size_t i = 0; i < plan.terms.size(); ++i) {
-        const PlannedTerm& term = plan.terms[i];
+        PlannedTerm& term = plan.terms[i];
         if (term.isNegated || !term.IsLookedForIn(text_)) continue;
         terms_.push_back(i);
-        lookUps_.push_back(LookUpTexts(plan, i, text_, kind));
+        lookUps_.emplace_back(plan, term, text_, kind);
         const bool isShort = CharacterCount(term.pattern->Literal()) <= kShortLiteral;
         if (isShort && text_ == QuickText::Code) patience_ = 0;
     }
@@ -33,10 +33,10 @@ LevelTexts::LevelTexts(QuickPlan& plan, QuickTier tier, QuickKind kind)
 
 bool LevelTexts::Advance(std::int32_t block) {
     if (nextLookUp_ < lookUps_.size() && !IsReadBeforeLookUps(block)) {
-        if (lookUps_[nextLookUp_]->Advance()) {
+        if (lookUps_[nextLookUp_].Advance()) {
             --patience_;
         } else {
-            lookUps_[nextLookUp_++].reset();
+            ++nextLookUp_;
         }
         return true;
     }

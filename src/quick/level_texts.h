@@ -1,11 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <vector>
 
 #include "quick/plan.h"
-#include "quick/work.h"
+#include "quick/text_look_up.h"
 
 namespace snippetarium {
 
@@ -36,7 +35,7 @@ class LevelTexts {
     QuickKind kind_;
     /// Those that are looked for in these texts.
     std::vector<std::size_t> terms_;
-    std::vector<std::unique_ptr<QuickWork>> lookUps_;
+    std::vector<TextLookUp> lookUps_;
     std::size_t nextLookUp_ = 0;
     /// So many pieces of looking up are waited for that are not the last of a term.
     int patience_;

@@ -26,7 +26,7 @@ struct QuickLevel {
     std::string_view row;
     std::string_view comment;
     std::string_view code;
-    /// The IDs whose name or comment is ?1.
+    /// The IDs whose name or comment is ?1, of two letters at most.
     std::string_view nameIs;
     std::string_view commentIs;
     /// The IDs from ?1 to ?2 whose comment or code is LIKE ?3.
@@ -88,7 +88,7 @@ inline constexpr std::array<QuickLevel, kQuickKinds> kQuickLevels = {{
         .comment = "SELECT codeComment FROM tblCode WHERE codeID = ?1",
         .code = "SELECT code FROM tblCode WHERE codeID = ?1",
         .nameIs = "SELECT codeID FROM tblCode WHERE codeName = ?1",
-        .commentIs = "SELECT codeID FROM tblCode WHERE codeComment = ?1",
+        .commentIs = "SELECT codeID FROM tblCode WHERE codeComment = ?1 AND length(codeComment) <= 2",
         .commentsLike = "SELECT codeID FROM tblCode NOT INDEXED WHERE codeID BETWEEN ?1 AND ?2 AND codeComment LIKE ?3",
         .codesLike = "SELECT codeID FROM tblCode NOT INDEXED WHERE codeID BETWEEN ?1 AND ?2 AND code LIKE ?3",
         .idsOfKeyword = "SELECT codeID FROM tblCode WHERE keywordID = ?1",

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "support/utf8.h"
+#include "quick/characters.h"
 
 namespace snippetarium {
 
@@ -13,14 +13,13 @@ namespace {
 constexpr std::size_t kLongestLine = 400;
 constexpr std::size_t kMostBefore = 80;
 
-bool IsContinuation(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
-
-/// The place, or the first one before it at which a character starts.
+/// The start of the character that the place is in. In a damaged text there may be bytes that are
+/// in none; a place among many of them stays.
 std::size_t CharacterStart(std::string_view text, std::size_t place) {
-    while (place > 0 && place < text.size() && IsContinuation(text[place]))
-        --place;
+    constexpr std::size_t kMostBytes = 4;
+    for (std::size_t start = place; place - start < kMostBytes; --start) {
+        if (start == 0 || start == text.size() || !IsContinuation(text[start])) return start;
+    }
     return place;
 }
 

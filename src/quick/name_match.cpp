@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "quick/characters.h"
 #include "support/case_fold.h"
 #include "support/utf8.h"
 
@@ -27,10 +28,6 @@ constexpr std::array<LetterKind, kAsciiCharacters> kAsciiKinds = [] {
 LetterKind KindOfForeign(char32_t character) {
     if (FoldCase(character) != character) return LetterKind::Capital;
     return OtherCases(character).empty() ? LetterKind::Other : LetterKind::Small;
-}
-
-bool IsContinuation(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
 LetterKind KindAt(std::string_view name, std::size_t position) {

@@ -8,10 +8,10 @@
 #include "quick/block_fit.h"
 #include "quick/block_walk.h"
 #include "quick/name_index.h"
+#include "quick/name_look_ups.h"
 #include "quick/name_tiers.h"
 #include "quick/node_row.h"
 #include "quick/promised_rows.h"
-#include "quick/text_rows.h"
 #include "quick/work.h"
 #include "store/database.h"
 
@@ -32,7 +32,7 @@ namespace {
 class NameWork final : public QuickWork {
   public:
     NameWork(QuickPlan& plan, FoundRows& found)
-        : plan_(plan), found_(found), walk_(plan), isInIndex_(plan.terms.size(), false) {
+        : plan_(plan), found_(found), walk_(plan), lookUps_(plan) {
         for (PlannedTerm& term : plan_.terms) {
             if (term.IsLookedForIn(QuickText::Name)) term.In(QuickText::Name).KnowAll();
         }
@@ -57,9 +57,9 @@ class NameWork final : public QuickWork {
                 if (tier_++ == floor_) phase_ = Phase::TextIndex;
                 return true;
             case Phase::TextIndex:
-                if (!AskTextIndex()) {
+                if (!lookUps_.Advance()) {
                     phase_ = Phase::Procedures;
-                    areAllInIndex_ = AreAllInIndex();
+                    areAllInIndex_ = lookUps_.HasFoundAll();
                 }
                 return true;
             case Phase::Procedures:
@@ -80,45 +80,12 @@ class NameWork final : public QuickWork {
   private:
     enum class Phase { UpperLevels, BetterTiers, TextIndex, Procedures, OtherTiers };
 
-    static bool IsLookedFor(const PlannedTerm& term) {
-        return !term.isNegated && term.IsLookedForIn(QuickText::Name);
-    }
-
     void AskIndex() {
         phase_ = Phase::BetterTiers;
         NamesInIndex known = AskNameIndex(plan_);
         floor_ = static_cast<std::size_t>(known.bestOfOthers);
         for (const FoundRow& row : known.exact)
             promised_.Add(row);
-    }
-
-    /// Finds out which procedures may have the words in their names, for words that the text index
-    /// knows. False when it was asked for all.
-    bool AskTextIndex() {
-        if (scannedTerm_ == plan_.terms.size()) return false;
-        PlannedTerm& term = plan_.terms[scannedTerm_];
-        if (!scan_ && IsLookedFor(term)) {
-            scan_ = ScanFor(QuickKind::Procedure, QuickText::Name, term.pattern->Literal());
-        }
-        if (scan_ && plan_.db.GetConnection().Advance(*scan_)) return true;
-        if (scan_ && scan_->IsKnown()) {
-            CandidateRows& rows = term.In(QuickText::Name);
-            rows.Of(QuickKind::Procedure) = std::move(scan_->Rows());
-            AddRowsThatAre(plan_.db, QuickKind::Procedure, QuickText::Name, term.pattern->Literal(),
-                           rows);
-            isInIndex_[scannedTerm_] = true;
-        }
-        scan_.reset();
-        ++scannedTerm_;
-        return true;
-    }
-
-    /// Whether names tell nothing more than the index of what rows are candidates.
-    bool AreAllInIndex() const {
-        for (std::size_t i = 0; i < plan_.terms.size(); ++i) {
-            if (plan_.terms[i].IsLookedForIn(QuickText::Name) && !isInIndex_[i]) return false;
-        }
-        return true;
     }
 
     /// Looks at the candidates of many blocks, but at the names of one at most.
@@ -128,7 +95,7 @@ class NameWork final : public QuickWork {
             if (areAllInIndex_) {
                 plan_.notedNames.Add(QuickKind::Procedure, walk_.Block());
             } else {
-                AssumeNames(walk_.Block());
+                lookUps_.AssumeOthers(walk_.Block());
             }
             const BlockMask rows =
                 CandidatesOf(plan_, QuickTier::NamePart, QuickKind::Procedure, walk_.Block());
@@ -136,17 +103,6 @@ class NameWork final : public QuickWork {
             if (isRead) ReadBlock(rows);
             walk_.Next();
             if (isRead) return;
-        }
-    }
-
-    /// Any procedure of the block may have the words that the text index does not know.
-    void AssumeNames(std::int32_t block) {
-        for (std::size_t i = 0; i < plan_.terms.size(); ++i) {
-            if (!IsLookedFor(plan_.terms[i]) || isInIndex_[i]) continue;
-            plan_.terms[i]
-                .In(QuickText::Name)
-                .Of(QuickKind::Procedure)
-                .Replace(block, ~BlockMask());
         }
     }
 
@@ -282,11 +238,7 @@ class NameWork final : public QuickWork {
     BlockWalk walk_;
     std::vector<BlockTiers> tiers_;  // of the names that are looked at, by term
     Phase phase_ = Phase::UpperLevels;
-    /// The term for which the text index is asked.
-    std::size_t scannedTerm_ = 0;
-    std::optional<TextScan> scan_;
-    /// The terms whose names it knows, and maybe some more.
-    std::vector<bool> isInIndex_;
+    NameLookUps lookUps_;
     bool areAllInIndex_ = false;
     PromisedRows promised_;
     std::size_t floor_ = 0;

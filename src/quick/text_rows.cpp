@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "engine/jet_like.h"
 #include "store/database.h"
 #include "store/text_index.h"
 #include "support/utf8.h"
@@ -13,18 +14,6 @@ namespace {
 
 /// Of a longer literal the beginning rules out enough, and a pattern may not be of any length.
 constexpr std::size_t kMostCharacters = 256;
-
-/// A pattern of LIKE for texts that hold the literal.
-std::string PatternFor(std::string_view literal) {
-    std::string pattern = "%";
-    for (const char character : CutToCharacters(literal, kMostCharacters)) {
-        const bool isWildcard = character == '%' || character == '_' || character == '[';
-        if (isWildcard) pattern += '[';
-        pattern += character;
-        if (isWildcard) pattern += ']';
-    }
-    return pattern + "%";
-}
 
 constexpr std::array<std::array<std::optional<TextKind>, kQuickTexts>, kQuickKinds> kTextKinds = {{
     {TextKind::ApplicationName, {}, TextKind::ApplicationComment, {}},
@@ -71,7 +60,7 @@ BlockMask RowsOfPartWithText(Database& db, QuickKind kind, QuickText text, std::
     BlockMask mask;
     if (sql.empty()) return mask;
     constexpr std::int64_t kRows = kIDsInBlock / kPartsOfBlock;
-    const std::string pattern = PatternFor(literal);
+    const std::string pattern = PatternOfLiteral(CutToCharacters(literal, kMostCharacters));
     const std::int64_t firstOfBlock = std::int64_t{block} * kIDsInBlock;
     const std::int64_t first = firstOfBlock + part * kRows;
     const auto row =

@@ -1,7 +1,6 @@
 #include "quick/tokens.h"
 
-#include <algorithm>
-
+#include "quick/characters.h"
 #include "support/case_fold.h"
 
 namespace snippetarium {
@@ -28,10 +27,6 @@ constexpr Filter kFilters[] = {
 };
 // clang-format on
 
-bool IsWhiteSpace(char character) {
-    return static_cast<unsigned char>(character) <= 0x20U;
-}
-
 bool EndsWord(char character) {
     return IsWhiteSpace(character) || character == '(' || character == ')' || character == '"';
 }
@@ -53,13 +48,6 @@ QuickToken::Type TypeOfWord(std::string_view word) {
 }
 
 }  // namespace
-
-std::string_view FilterName(QuickField field) {
-    const auto* const found =
-        std::find_if(std::begin(kFilters), std::end(kFilters),
-                     [field](const Filter& filter) { return filter.field == field; });
-    return found == std::end(kFilters) ? std::string_view() : found->name;
-}
 
 void QuickTokens::SkipWhiteSpace() {
     while (position_ < entry_.size() && IsWhiteSpace(entry_[position_]))

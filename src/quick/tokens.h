@@ -43,7 +43,4 @@ class QuickTokens {
     QuickToken current_;
 };
 
-/// The filter's name without its colon: "app".
-std::string_view FilterName(QuickField field);
-
 }  // namespace snippetarium

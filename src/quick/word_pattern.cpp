@@ -2,16 +2,13 @@
 
 #include <algorithm>
 
+#include "quick/characters.h"
 #include "support/case_fold.h"
 #include "support/utf8.h"
 
 namespace snippetarium {
 
 namespace {
-
-bool IsWhiteSpace(char character) {
-    return static_cast<unsigned char>(character) <= 0x20U;
-}
 
 /// Where the run of characters without white space that holds `position` begins, but not before
 /// `from`.

@@ -45,10 +45,6 @@ std::unique_ptr<QuickWork> NarrowByFilter(QuickPlan& plan, std::size_t term);
 /// Finds the keyword strings that hold a term, and the rows that have them, unless they are many.
 std::unique_ptr<QuickWork> LookUpKeywords(QuickPlan& plan, std::size_t term);
 
-/// Asks the text index which comments or codes of a level may hold a term.
-std::unique_ptr<QuickWork> LookUpTexts(QuickPlan& plan, std::size_t term, QuickText text,
-                                       QuickKind kind);
-
 /// Finds the names with the terms, and the hits by their names alone.
 std::unique_ptr<QuickWork> FindByNames(QuickPlan& plan, FoundRows& found);
 

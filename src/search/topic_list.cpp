@@ -89,11 +89,4 @@ NodeIDs TopicNode(Database& db, std::string_view key) {
     });
 }
 
-std::string TopicNodeKey(Database& db, std::string_view key) {
-    const NodeIDs node = TopicNode(db, key);
-    if (node.codeID != 0) return ProcedureNodeKey(node);
-    if (node.classID != 0) return ClassNodeKey(node.appID, node.classID);
-    return node.appID == 0 ? std::string() : ApplicationNodeKey(node.appID);
-}
-
 }  // namespace snippetarium

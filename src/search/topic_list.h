@@ -59,7 +59,4 @@ bool ListTopicsOfWord(Database& db, std::string_view word, TopicList& list);
 /// a topic's: "f56" gives {12, 34, 56}.
 NodeIDs TopicNode(Database& db, std::string_view key);
 
-/// The same as a key of the tree, "a12f34c56"; empty when the topic is gone.
-std::string TopicNodeKey(Database& db, std::string_view key);
-
 }  // namespace snippetarium

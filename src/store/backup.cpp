@@ -143,11 +143,6 @@ std::string WriteBackup(Database& db, BackupReason reason) {
     return path;
 }
 
-std::string BackUpCatalogue(Database& db, BackupReason reason) {
-    return Guarded(db.Reporter(), Procedure::BackUpCatalogue,
-                   [&] { return WriteBackup(db, reason); });
-}
-
 bool IsDailyBackupDue(const Database& db) {
     if (db.IsReadOnly()) return false;
     const std::string today = LocalTimeText(db.GetHost().clock.Now(), "%Y-%m-%d");

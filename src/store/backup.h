@@ -44,9 +44,6 @@ struct Backup {
 /// The backups of a program folder, the newest first. Throws Error when the folder cannot be read.
 std::vector<Backup> ListBackups(const std::string& programFolder);
 
-/// Makes a backup of the catalogue and returns its path, empty when that failed and was reported.
-std::string BackUpCatalogue(Database& db, BackupReason reason);
-
 /// Whether there is no backup of the day yet; never for a catalogue that is open for reading only.
 bool IsDailyBackupDue(const Database& db);
 
@@ -54,8 +51,8 @@ bool IsDailyBackupDue(const Database& db);
 /// See DailyBackup for one that nobody has to wait for.
 std::string BackUpOncePerDay(Database& db);
 
-/// The step behind BackUpCatalogue, for work that must not go on without its backup: it throws. The
-/// catalogue may be open or closed. A failure leaves no half file.
+/// Makes a backup of the catalogue, which may be open or closed, and returns its path. It throws:
+/// work before which it is made must not go on without it. A failure leaves no half file.
 std::string WriteBackup(Database& db, BackupReason reason);
 
 /// A path for a new backup of this moment, whose folder is there; no other backup has its time.

@@ -91,11 +91,6 @@ void RequireBoth(Database& db, std::int32_t classID, std::int32_t appID) {
 
 }  // namespace
 
-std::int32_t CopyClass(Database& db, std::int32_t classID, std::int32_t appID) {
-    return Guarded(db.Reporter(), Procedure::CopyClass,
-                   [&] { return CopyClass(db, classID, appID, ClassNameByID(db, classID)); });
-}
-
 std::int32_t CopyClass(Database& db, std::int32_t classID, std::int32_t appID,
                        std::string_view name) {
     return Guarded(db.Reporter(), Procedure::CopyClass, [&] {

@@ -27,8 +27,7 @@ constexpr std::string_view kProviderMissing =
 
 constexpr std::string_view kOpenForReadingOnly =
     "The catalogue is in use by another Snippetarium, so it has been opened for reading only: you "
-    "can "
-    "look at it, search it and export from it, but nothing can be changed.\r\n\r\n"
+    "can look at it, search it and export from it, but nothing can be changed.\r\n\r\n"
     "To change it, close the other program and start this one again.";
 
 }  // namespace

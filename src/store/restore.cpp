@@ -14,12 +14,10 @@
 #include "store/backup.h"
 #include "store/catalogue_content.h"
 #include "store/catalogue_exchange.h"
-#include "store/database.h"
 #include "store/job_progress.h"
 #include "store/migration.h"
 #include "store/names.h"
 #include "store/permanent_rows.h"
-#include "support/guard.h"
 
 namespace snippetarium {
 
@@ -126,30 +124,6 @@ SalvageResult SalvageCatalogue(const Host& host, const std::string& programFolde
         [&](double share) { progress.Show(share); }, &progress);
     result.keptPath = exchange.SetOldAside(progress);
     exchange.PutNewInPlace();
-    return result;
-}
-
-bool RunRestore(Database& db, const std::string& backupPath) {
-    const bool isRestored = GuardedStage(db.Reporter(), Procedure::RunRestore, [&] {
-        db.Close();
-        RestoreCatalogue(db.GetHost(), db.ProgramFolder(), backupPath);
-        return true;
-    });
-    OpenCatalogue(db);
-    return isRestored && db.GetConnection().IsOpen();
-}
-
-std::optional<SalvageResult> RunSalvage(Database& db) {
-    std::optional<SalvageResult> result = GuardedStage(db.Reporter(), Procedure::RunSalvage, [&] {
-        db.Close();
-        try {
-            return std::make_optional(SalvageCatalogue(db.GetHost(), db.ProgramFolder()));
-        } catch (const EngineError& error) {
-            if (error.Code() != EngineErrorCode::Cancelled) throw;
-            return std::optional<SalvageResult>();  // as the user wanted
-        }
-    });
-    OpenCatalogue(db);
     return result;
 }
 

@@ -1,14 +1,11 @@
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "engine/salvage.h"
 #include "support/host.h"
 
 namespace snippetarium {
-
-class Database;
 
 /// Puts a backup, or any other catalogue file, in the place of the folder's catalogue, which must
 /// be closed in this program. The backup counts only after it has been copied and read back whole.
@@ -32,13 +29,5 @@ struct SalvageResult {
 /// Throws Error, and nothing has changed, as RestoreCatalogue does; also for a file of a newer
 /// program. What it recovers of an older file is of this program's version.
 SalvageResult SalvageCatalogue(const Host& host, const std::string& programFolder);
-
-/// Closes the catalogue, restores it and opens it again, whatever became of it. True when the
-/// backup is open now. A failure is reported.
-bool RunRestore(Database& db, const std::string& backupPath);
-
-/// Likewise with SalvageCatalogue. Nothing when the user cancelled it, or when it failed and that
-/// was reported.
-std::optional<SalvageResult> RunSalvage(Database& db);
 
 }  // namespace snippetarium

@@ -1,17 +1,9 @@
 #include "store/unique_names.h"
 
-#include "store/class_markers.h"
-#include "store/database.h"
 #include "store/sql_text.h"
-#include "support/guard.h"
 #include "support/utf8.h"
 
 namespace snippetarium {
-
-UniqueNames::UniqueNames(Database& db, std::int32_t classID) {
-    const MarkedProcedures procedures = MarkedProceduresOf(db, classID);
-    names_.insert(procedures.codeNames.begin(), procedures.codeNames.end());
-}
 
 std::string UniqueNames::Add(std::string_view name) {
     const std::string stored(CutToCharacters(name, kNameLimit));
@@ -26,11 +18,6 @@ std::string UniqueNames::Add(std::string_view name) {
 std::string NumberedName(std::string_view name, std::int32_t number) {
     const std::string ending = Sql(" (", number, ")");
     return std::string(CutToCharacters(name, kNameLimit - ending.size())).append(ending);
-}
-
-std::string UniqueNameInClass(Database& db, std::int32_t classID, std::string_view name) {
-    return Guarded(db.Reporter(), Procedure::UniqueNameInClass,
-                   [&] { return UniqueNames(db, classID).Add(name); });
 }
 
 }  // namespace snippetarium

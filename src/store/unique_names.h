@@ -8,19 +8,12 @@
 
 namespace snippetarium {
 
-class Database;
-
-/// The names of a class's procedures, to which names are added one after the other. No two are the
+/// The names of a new class's procedures, which are added one after the other. No two are the
 /// same bytes: each procedure has a marker of its own by its name (export/markers.h), and two that
 /// an import finds under one name, an overload or the other branch of a condition, are told apart
 /// by a number.
 class UniqueNames {
   public:
-    /// Those of a class that has no procedures yet.
-    UniqueNames() = default;
-    /// Those that the class has. To be made inside a guard: names that cannot be read throw there.
-    UniqueNames(Database& db, std::int32_t classID);
-
     /// The name as the procedure is to be stored, from then on one of the names: the first 255
     /// characters; where these are taken, with the lowest number from 2 that makes them new,
     /// shortened so that it fits: "Draw" gives "Draw", "Draw (2)", "Draw (3)".
@@ -35,8 +28,5 @@ class UniqueNames {
 
 /// "Draw" and 2 give "Draw (2)"; a long name is shortened so that it stays within its limit.
 std::string NumberedName(std::string_view name, std::int32_t number);
-
-/// What UniqueNames gives for one more procedure of the class; empty on a failure.
-std::string UniqueNameInClass(Database& db, std::int32_t classID, std::string_view name);
 
 }  // namespace snippetarium

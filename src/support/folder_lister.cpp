@@ -1,7 +1,9 @@
 #include "support/folder_lister.h"
 
+#include <algorithm>
 #include <system_error>
 
+#include "support/case_fold.h"
 #include "support/utf8.h"
 
 namespace snippetarium {
@@ -60,6 +62,12 @@ void List(const fs::directory_entry& entry, const fs::path& folder, FolderListin
     }
 }
 
+/// As people look names up: whatever their case. Many systems give names in the order of some hash.
+bool IsBefore(const std::string& a, const std::string& b) {
+    const int order = CompareFolded(a, b);
+    return order != 0 ? order < 0 : a < b;
+}
+
 }  // namespace
 
 FolderListing ListEntries(const fs::path& folder) {
@@ -67,6 +75,8 @@ FolderListing ListEntries(const fs::path& folder) {
     for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
         List(entry, folder, listing);
     }
+    std::ranges::sort(listing.files, IsBefore);
+    std::ranges::sort(listing.subfolders, IsBefore);
     return listing;
 }
 

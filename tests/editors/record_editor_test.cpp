@@ -6,6 +6,7 @@
 #include "editors/class_editor.h"
 #include "editors/code_editor.h"
 #include "editors/renaming.h"
+#include "export/comment_header.h"
 #include "store/deletion.h"
 #include "tests/editors/editors_fixture.h"
 
@@ -234,7 +235,7 @@ TEST_F(RecordEditorTest, StoresARecordAsANewOneThatWasDeletedMeanwhile) {
 TEST_F(RecordEditorTest, RefusesWhatCannotBeStoredAndKeepsItForTheUser) {
     const auto code = OpenDraw();
     code->Record().name = "";
-    EXPECT_FALSE(code->Check());
+    EXPECT_TRUE(code->Save().isRefused);
     EXPECT_EQ(TakeBox().text, "Please enter a name.");
     code->Record().name = "Draw2";
     code->Details().dates = {"no date"};
@@ -268,6 +269,54 @@ TEST_F(RecordEditorTest, GoesOnWhereAFailureStoppedIt) {
     EXPECT_EQ(editor->Save().result, SaveResult::Saved);
     EXPECT_EQ(Select("SELECT codeName FROM tblCode"), (Rows{"Draw", "Paint"}));
     EXPECT_EQ(LoadOwnerDetails(db_, {OwnerKind::Procedure, 2}).dates.size(), 1U);
+}
+
+TEST_F(RecordEditorTest, AddsARecordOnceThoughAStatementBehindItsRowFails) {
+    const char* const failures[] = {
+        "UPDATE OF codeComment ON tblCode",
+        "UPDATE OF classDI ON tblClass",
+        "INSERT ON tblCode_Link_Language",
+    };
+    for (const std::string failure : failures) {
+        SCOPED_TRACE(failure);
+        const std::string name = "Paint" + std::to_string(failure.size());
+        const auto editor = NewCodeEditor(db_, noise_, 2);
+        editor->Record().name = name;
+        editor->Record().code = "Sub Paint()";
+        editor->Record().comment = "Paints.";
+        editor->Details().keywords.text = "paint";
+        Run("CREATE TRIGGER refuse BEFORE " + failure +
+            " BEGIN SELECT RAISE(ABORT, 'the disk is full'); END");
+        const SaveOutcome first = editor->Save();
+        ExpectFailedStatement();
+        EXPECT_EQ(first.result, SaveResult::NotSaved);
+        EXPECT_NE(first.node.codeID, 0);
+        EXPECT_EQ(editor->ID(), first.node.codeID);
+
+        Run("DROP TRIGGER refuse");
+        const SaveOutcome second = editor->Save();
+        EXPECT_EQ(second.result, SaveResult::Saved);
+        EXPECT_EQ(second.before, first.node);
+        EXPECT_EQ(Select("SELECT codeName FROM tblCode ORDER BY codeID").back(), name);
+        EXPECT_EQ(editor->Record().comment, FormatCommentHeader("Paints.", 1));
+        EXPECT_EQ(LoadCodeRecord(db_, editor->ID()), editor->Record());
+        EXPECT_EQ(editor->Record().languageID, 1);
+        EXPECT_NE(TextOfClass(2).find("'***Procedure " + name + "***"), std::string::npos);
+    }
+    EXPECT_EQ(Select("SELECT COUNT(*) FROM tblCode"), Rows{"4"});
+
+    const auto editor = NewClassEditor(db_, noise_, 2);
+    editor->Record().name = "Grid";
+    editor->Record().comment = "Draws.";
+    editor->Details().keywords.text = "grid";
+    Run("CREATE TRIGGER refuse BEFORE UPDATE OF classComment ON tblClass "
+        "BEGIN SELECT RAISE(ABORT, 'the disk is full'); END");
+    EXPECT_EQ(editor->Save().node, (NodeIDs{2, 4}));
+    ExpectFailedStatement();
+    Run("DROP TRIGGER refuse");
+    EXPECT_EQ(editor->Save().node, (NodeIDs{2, 4}));
+    EXPECT_EQ(LoadClassRecord(db_, 4), editor->Record());
+    EXPECT_EQ(editor->Record().comment, FormatCommentHeader("Draws.", editor->Record().languageID));
 }
 
 TEST_F(RecordEditorTest, KnowsItsNewRecordThoughThatCannotBeReadBack) {

@@ -9,6 +9,7 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <stdexcept>
 #include <thread>
 
 #include "engine/database_file.h"
@@ -132,6 +133,26 @@ TEST_F(CompactionTest, LeavesTheSourceWhenTheCopyCannotBeWritten) {
                                  nullptr);
               }),
               0);
+    ExpectWhole();
+}
+
+TEST_F(CompactionTest, GivesUpWhereTheReportThrowsAndCanBeginAnew) {
+    catalogue_.connection.Open();
+    catalogue_.connection.RunScript(
+        "INSERT INTO tblDate WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE "
+        "i < 60000) SELECT i, NULL FROM n");
+    catalogue_.connection.Close();
+    Compaction compaction(ConnectionStringOf(Source()));
+    for (const double last : {0.0, 1.0}) {
+        const auto report = [&](double share) {
+            if (share >= last) throw std::runtime_error("The window is gone.");
+        };
+        EXPECT_THROW(compaction.WriteCopy(ConnectionStringOf(Target()), report),
+                     std::runtime_error);
+        EXPECT_FALSE(std::filesystem::exists(Target())) << last;
+    }
+    compaction.WriteCopy(ConnectionStringOf(Target()), nullptr);
+    compaction.ReplaceWithCopy();
     ExpectWhole();
 }
 

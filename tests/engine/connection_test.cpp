@@ -202,6 +202,26 @@ TEST(Connection, GoesOnWritingInBulkWhenAJobWithinAJobEnds) {
     EXPECT_EQ(logSize(), 0U);
 }
 
+TEST(Connection, ReadsOnThroughACursorWhateverElseIsRead) {
+    constexpr std::string_view kCodes = "SELECT codeID FROM tblCode ORDER BY codeID";
+    TestCatalogue catalogue;
+    Connection& connection = catalogue.connection;
+    const auto row = connection.OpenCursor(kCodes);
+    ASSERT_TRUE(row->Next());
+    for (int i = 0; i < 1000; ++i) {
+        const auto other = connection.OpenCursor("SELECT max(appID) + " + std::to_string(i) +
+                                                 " FROM tblApplication");
+        ASSERT_TRUE(other->Next());
+        ASSERT_EQ(other->Number(0), 3 + i);
+    }
+    EXPECT_NE(ErrorNumberOf([&] { connection.OpenCursor(kCodes)->Next(); }), 0);
+    for (const int codeID : {2, 3}) {
+        ASSERT_TRUE(row->Next());
+        EXPECT_EQ(row->Number(0), codeID);
+    }
+    EXPECT_FALSE(row->Next());
+}
+
 TEST(Connection, KilledAtAnyMomentKeepsEveryFinishedStatement) {
     for (const WriteMode mode : {WriteMode::EachStatement, WriteMode::Bulk}) {
         TestCatalogue catalogue;

@@ -86,6 +86,8 @@ TEST_F(ContentsFormTest, RenamesInPlaceAndSaysWhyNot) {
     Open({"Paint 0", "Grid0", "Draw1"});
     Rename("Render<b>");
     EXPECT_TRUE(Node({"Paint 0", "Grid0", "Render<b>"}).isValid());
+    for (const QWidget* window : QApplication::topLevelWidgets())
+        EXPECT_NE(window->objectName(), "fCode") << "the key that ended the edit opened the editor";
     EXPECT_TRUE(Get<QLabel>("lblStatusNode").toolTip().endsWith("Render<b>"));
     modal_.ExpectBox(QMessageBox::Ok);
     Rename(QString(256, 'x'));
@@ -106,7 +108,8 @@ TEST_F(ContentsFormTest, DeletesAfterAQuestionAndTakesItBack) {
     modal_.ExpectBox(QMessageBox::Yes);
     Item("mnuFileDelete").trigger();
     EXPECT_FALSE(Node({"Paint 1", "Grid20"}).isValid());
-    EXPECT_TRUE(Node({"Paint 1", "Grid21"}).isValid());
+    EXPECT_EQ(Tree().currentIndex(), Node({"Paint 1", "Grid21"}));
+    EXPECT_TRUE(Get<QLabel>("lblStatusNode").toolTip().endsWith("Grid21"));
     EXPECT_TRUE(Tree().isExpanded(Node({"Paint 1"})));
     EXPECT_TRUE(Item("actUndoDelete").isEnabled());
     Item("actUndoDelete").trigger();

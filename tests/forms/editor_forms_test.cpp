@@ -135,8 +135,11 @@ TEST_F(EditorFormsTest, StaysOpenWithWhatWasTypedWhereItIsRefused) {
     for (const Refusal& row : refusals) {
         EditorWindow& editor = Open(row.node);
         SetLine(editor, "txtName", row.name);
+        editor.activateWindow();
+        Find<QPushButton>(editor, "cmdOK").setFocus();
         modal_.ExpectBox(QMessageBox::Ok);
         Click(editor, "cmdOK");
+        EXPECT_EQ(editor.focusWidget()->objectName(), "txtName");
         EXPECT_NE(modal_.LastText().find(row.message), std::string::npos) << modal_.LastText();
         EXPECT_EQ(modal_.titles.back(), "Snippetarium Information");
         ASSERT_TRUE(editor.isVisible());

@@ -83,8 +83,8 @@ class ImportDialogTest : public DialogFixture {
 };
 
 TEST_F(ImportDialogTest, ListsFilesMovesThemAndFillsTheTexts) {
-    WriteSource("Paint/Main.bas", "Sub A()\r\nEnd Sub\r\n");
     WriteSource("Paint/Tool.cpp", "int f() {}\n");
+    WriteSource("Paint/Main.bas", "Sub A()\r\nEnd Sub\r\n");
     WriteSource("Paint/page.htm", "<p>");
     WriteSource("Paint/sub/Grid.java", "class Grid {}\n");
     WriteSource("Tides/Tide.c", "int t() {}\n");
@@ -100,13 +100,13 @@ TEST_F(ImportDialogTest, ListsFilesMovesThemAndFillsTheTexts) {
     EXPECT_EQ(Buttons(), "1100");
 
     Click("chkSubfolder");
-    EXPECT_EQ(Source(), (Names{"Main.bas", "Tool.cpp", "sub\\Grid.java"}));
+    EXPECT_EQ(Source(), (Names{"Main.bas", "Tool.cpp", "sub/Grid.java"}));
     Click("cmdAddAll");
     EXPECT_EQ(Buttons(), "0011");
     EXPECT_EQ(Text("txtApp"), "Paint");
     EXPECT_NE(Text("txtLanguage").find("Java"), std::string::npos);
     Click("chkSubfolder");
-    EXPECT_EQ(Selected(), (Names{"Main.bas", "Tool.cpp", "sub\\Grid.java"}));
+    EXPECT_EQ(Selected(), (Names{"Main.bas", "Tool.cpp", "sub/Grid.java"}));
 
     auto& selected = Get<QListView>("lstSelFiles");
     selected.setCurrentIndex(selected.model()->index(0, 0));
@@ -168,7 +168,9 @@ TEST_F(ImportDialogTest, ShowsWhatAFileWouldBeCutIntoAndStoresNothing) {
                 "Attribute VB_Name = \"Drawing\"\r\nOption Explicit\r\n"
                 "'Draws.\r\nSub Draw()\r\nEnd Sub\r\nFunction Area()\r\nEnd Function\r\n");
     WriteSource("empty.bas", "");
+    WriteSource("other/a.bas", "");
     Open(Sources());
+    const QString hint = Get<QLabel>("lblProblems").text();
     auto& source = Get<QListView>("lstSrcFiles");
     auto& tree = Get<QTreeWidget>("trVwPreview");
     const auto show = [&](const char* name) {
@@ -187,6 +189,11 @@ TEST_F(ImportDialogTest, ShowsWhatAFileWouldBeCutIntoAndStoresNothing) {
     EXPECT_EQ(Get<QPlainTextEdit>("txtPreview").toPlainText(), "'Draws.\nSub Draw()\nEnd Sub\n");
     show("empty.bas");
     WaitUntil([&] { return Get<QLabel>("lblProblems").text() == "The file is empty."; });
+    show("Main.bas");
+    WaitUntil([&] { return tree.topLevelItemCount() == 1; });
+    OpenFolder("other");
+    EXPECT_EQ(tree.topLevelItemCount(), 0) << "the file is in another folder";
+    EXPECT_EQ(Get<QLabel>("lblProblems").text(), hint);
     EXPECT_EQ(Select("SELECT classID FROM tblClass WHERE classID > 1"), Names{});
 }
 
@@ -197,7 +204,7 @@ TEST_F(ImportDialogTest, TakesFilesAndFoldersThatAreDropped) {
     Open(Sources() + "/Paint");
     // Below the folder that is taken; pages and C# too, and a file of no kind only by its name.
     DropFiles({Sources() + "/Paint/sub", Sources() + "/Paint/p.htm", Sources() + "/Paint/gone.c"});
-    EXPECT_EQ(Selected(), (Names{"p.htm", "sub\\c.cs", "sub\\deep\\d.java"}));
+    EXPECT_EQ(Selected(), (Names{"p.htm", "sub/c.cs", "sub/deep/d.java"}));
     EXPECT_EQ(Source(), (Names{"a.bas", "b.bas"}));
     DropFiles({Sources() + "/Paint/a.bas", Sources() + "/Paint/a.bas"});
     EXPECT_EQ(Selected().size(), 4U);
@@ -208,7 +215,7 @@ TEST_F(ImportDialogTest, TakesFilesAndFoldersThatAreDropped) {
     EXPECT_EQ(Selected().size(), 4U);
     modal_.ExpectBox(QMessageBox::Yes);
     DropFiles({Sources() + "/Tides", Sources() + "/Paint/a.bas"});
-    EXPECT_EQ(Selected(), (Names{"Paint\\a.bas", "Tides\\t.c"}));
+    EXPECT_EQ(Selected(), (Names{"Paint/a.bas", "Tides/t.c"}));
     EXPECT_EQ(Folder(), Sources());
     EXPECT_EQ(Text("txtLanguage").size(), std::string("Visual Basic, C").size());
 }
@@ -220,7 +227,7 @@ TEST_F(ImportDialogTest, LosesNothingToFoldersAndFilesThatGoWhileTheyAreListed) 
     std::filesystem::create_directory_symlink(Sources() + "/old", Sources() + "/old/sub/circle");
     Open(Sources() + "/old");
     Click("chkSubfolder");
-    EXPECT_EQ(Source(), (Names{"a.bas", "b.bas", "sub\\c.bas"}));
+    EXPECT_EQ(Source(), (Names{"a.bas", "b.bas", "sub/c.bas"}));
     std::filesystem::remove_all(Sources() + "/old/sub");
     modal_.ExpectBox(QMessageBox::Ok);
     OpenFolder("sub");
@@ -233,7 +240,7 @@ TEST_F(ImportDialogTest, LosesNothingToFoldersAndFilesThatGoWhileTheyAreListed) 
     ExpectReport();
     Click("cmdImport");
     EXPECT_TRUE(ReportSays("b.bas was not imported")) << report_;
-    EXPECT_TRUE(ReportSays("sub\\c.bas was not imported")) << report_;
+    EXPECT_TRUE(ReportSays("sub/c.bas was not imported")) << report_;
     EXPECT_TRUE(ReportSays("circle")) << report_;
     EXPECT_TRUE(ReportSays("successfully imported:\n\n  a.bas")) << report_;
     EXPECT_EQ(Select("SELECT codeName FROM tblCode"), Names{"A()"});

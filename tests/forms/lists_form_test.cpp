@@ -6,10 +6,13 @@
 #include <QListView>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QScrollBar>
+#include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QTreeView>
 
+#include "forms/fIndex.h"
 #include "tests/forms/desktop_fixture.h"
 
 namespace snippetarium::test {
@@ -140,6 +143,17 @@ TEST_F(ListsFormTest, JumpInTheIndexAsOneTypesAndOpenAWord) {
     modal_.ExpectBox(QMessageBox::Yes);
     Item("mnuIndexDel").trigger();
     EXPECT_EQ(words.model()->rowCount(), 49);
+    // At its end the list stays there, and the word before takes the place of the last one.
+    words.setCurrentIndex(words.model()->index(48, 0));
+    ASSERT_GT(words.verticalScrollBar()->value(), 0);
+    modal_.ExpectBox(QMessageBox::Yes);
+    Item("mnuIndexDel").trigger();
+    EXPECT_EQ(words.currentIndex().row(), 47);
+    EXPECT_TRUE(words.viewport()->rect().intersects(words.visualRect(words.currentIndex())));
+    const int place = words.verticalScrollBar()->value();
+    words.setCurrentIndex({});
+    Get<fIndex>("fIndex").Load();
+    EXPECT_EQ(words.verticalScrollBar()->value(), place);
 }
 
 TEST_F(ListsFormTest, AddShowAndRemoveBookmarks) {
@@ -157,8 +171,18 @@ TEST_F(ListsFormTest, AddShowAndRemoveBookmarks) {
     Get<QTreeView>("trVwClass").setCurrentIndex(Get<QTreeView>("trVwClass").model()->index(0, 0));
     Item("mnuBkmkHideDisplay").trigger();
     EXPECT_EQ(Selected(), "Draw777");
-    Item("mnuBkmkHideRemove").trigger();
-    EXPECT_EQ(list.count(), before);
+    // What is below takes the place of one that goes.
+    Get<QLineEdit>("txtSearch").setText("Draw778");
+    Enter("txtSearch");
+    Get<QPushButton>("cmdSrchDisplay").click();
+    Item("mnuBkmkHideAdd").trigger();
+    ASSERT_EQ(list.count(), before + 2);
+    list.setCurrentRow(0);
+    emit Find<QShortcut>(list, "").activated();
+    ASSERT_EQ(list.count(), before + 1);
+    EXPECT_EQ(list.currentRow(), 0);
+    while (list.count() > 0)
+        Item("mnuBkmkHideRemove").trigger();
     EXPECT_FALSE(Item("mnuBkmkHideRemove").isEnabled());
 }
 

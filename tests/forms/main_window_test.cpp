@@ -57,6 +57,11 @@ TEST_F(MainWindowTest, ShowsWhatIsSelectedWithItsPlaceAndCounts) {
         EXPECT_EQ(heading.height(), heading.heightForWidth(heading.width())) << width;
     }
     EXPECT_EQ(Get<QLabel>("lblStatusNode").toolTip().toStdString(), "Paint 0 > Grid0 > Draw1");
+    const QModelIndex above = Tree().currentIndex().parent();
+    ClickAt(*Tree().viewport(), Tree().visualRect(above).center());
+    EXPECT_EQ(Tree().currentIndex(), above);
+    EXPECT_EQ(Get<QLabel>("lblStatusNode").toolTip().toStdString(), "Paint 0 > Grid0");
+    EXPECT_TRUE(heading.text().contains("Grid0")) << "a click of the mouse shows the page";
     WaitUntil([&] { return !Get<QLabel>("lblStatusCounts").text().isEmpty(); });
     EXPECT_TRUE(Get<QLabel>("lblStatusCounts").text().contains("1,001 procedures"));
 }
@@ -128,6 +133,13 @@ TEST_F(MainWindowTest, FollowsTheLinksOfAPageByMouseAndByKeyboard) {
     EXPECT_EQ(text.textCursor().selectedText(), className);
     PressKey(text, Qt::Key_Return);
     EXPECT_EQ(Tree().currentIndex(), cls);
+    // Without looking for the link with Tab, a line leads where its only link does.
+    showApplication();
+    text.setFocus();
+    text.setTextCursor(text.document()->find(className));
+    PressKey(text, Qt::Key_Home);
+    PressKey(text, Qt::Key_Return);
+    EXPECT_EQ(Tree().currentIndex(), cls);
     // Behind the last link and before the first one the keys leave the text, as ever.
     showApplication();
     text.setFocus();
@@ -138,10 +150,18 @@ TEST_F(MainWindowTest, FollowsTheLinksOfAPageByMouseAndByKeyboard) {
 
 TEST_F(MainWindowTest, GoesBackAndForwardThroughWhatWasShown) {
     StartProgram();
+    auto& heading = Get<QLabel>("lblHeading");
+    Tree().setCurrentIndex(Tree().model()->index(1, 0));
+    const int height = heading.height();
     SelectFirstProcedure();
     const QString procedure = PageText();
+    EXPECT_GT(heading.height(), height);
+    Tree().setCurrentIndex(Tree().model()->index(1, 0));
+    EXPECT_EQ(heading.height(), height) << "a short heading leaves the room to the text";
     EXPECT_TRUE(Item("actBack").isEnabled());
     EXPECT_FALSE(Item("actForward").isEnabled());
+    Item("actBack").trigger();
+    EXPECT_EQ(PageText(), procedure);
     Item("actBack").trigger();
     EXPECT_NE(PageText(), procedure);
     Item("actForward").trigger();
@@ -202,7 +222,16 @@ TEST_F(MainWindowTest, MovesPanesAndChangesColoursByTheConfiguration) {
         Find<QRadioButton>(dialog, "optnThemeDark").click();
         Find<QPushButton>(dialog, "cmdOK").click();
     });
+    const auto brightness = [this](QIcon::Mode mode) {
+        const QImage image = Item("actUndoDelete").icon().pixmap(QSize(24, 24), mode).toImage();
+        int sum = 0;
+        for (int at = 0; at < 24 * 24; ++at)
+            sum += image.pixelColor(at % 24, at / 24).alpha();
+        return sum;
+    };
     Item("mnuUtilityConfig").trigger();
+    EXPECT_LT(brightness(QIcon::Disabled), brightness(QIcon::Normal) / 2);
+    EXPECT_EQ(brightness(QIcon::Selected), brightness(QIcon::Normal));
     EXPECT_TRUE(Get<QTabWidget>("tabRight").isAncestorOf(&Tree()));
     EXPECT_FALSE(Get<QTabWidget>("tabLeft").isVisible());
     EXPECT_TRUE(IsDark());
@@ -244,8 +273,13 @@ TEST_F(MainWindowTest, OpensReadOnlyBesideAnotherProgramAndSaysSo) {
     FakeHost otherHost;
     Database other(otherHost.host, CatalogueProviders(), folder_.Path());
     OpenCatalogue(other);
-    modal_.ExpectBox(QMessageBox::Ok);
+    StoreTheme(other, Theme::Dark);
+    modal_.Expect([](QWidget& box) {
+        EXPECT_TRUE(IsDark()) << "the first that is said has the user's colours";
+        box.close();
+    });
     StartProgram();
+    ApplyTheme(Theme::Desktop);
     EXPECT_EQ(window_->windowTitle(), "Snippetarium (read only)");
     EXPECT_TRUE(Get<QLabel>("lblStatusReadOnly").isVisible());
     SelectFirstProcedure();

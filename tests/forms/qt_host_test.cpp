@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QProgressBar>
 #include <QTextBrowser>
 #include <QWindow>
@@ -63,6 +64,19 @@ TEST_F(QtHostTest, AsksInBoxesAndShowsNamesAsTheyAre) {
     EXPECT_EQ(AskYesNoCancel(host_.messages, "Save?", kQuestionTitle), StandardAnswer::No);
     modal_.Expect([](QWidget& box) { PressKey(box, Qt::Key_Escape); });
     EXPECT_EQ(AskYesNoCancel(host_.messages, "Save?", kQuestionTitle), StandardAnswer::Cancel);
+}
+
+TEST_F(QtHostTest, ShowsBoxesOverTheProgramAndAsWideAsTheirTitles) {
+    QMainWindow window;
+    window.show();
+    QApplication::setActiveWindow(nullptr);  // as between two windows
+    const QString title(60, 'm');
+    modal_.Expect([&](QWidget& box) {
+        EXPECT_EQ(box.parentWidget(), &window);
+        EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance(title));
+        box.close();
+    });
+    ShowInformation(host_.messages, "No.", FromQt(title));
 }
 
 TEST_F(QtHostTest, AnswersASeriesByEachOfItsButtons) {
@@ -173,6 +187,7 @@ TEST_F(QtHostTest, SavesAReportAsItStands) {
     EXPECT_EQ(Find<QLabel>(window, "lblLog").text(), "Import report:");
     modal_.Expect([&](QWidget& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Import Report");
+        EXPECT_EQ(Find<QLineEdit>(dialog, "fileNameEdit").text(), "Import report.txt");
         Find<QLineEdit>(dialog, "fileNameEdit").setText(ToQt(path));
         QMetaObject::invokeMethod(&dialog, "accept");
     });

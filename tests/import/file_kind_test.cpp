@@ -72,13 +72,5 @@ TEST(FileKinds, TakeTheNameWithoutADotForNoExtension) {
     EXPECT_FALSE(IsShownInList("x.", kListPattern));
 }
 
-TEST(FileKinds, NameAClassAfterItsFile) {
-    EXPECT_EQ(ClassNameOfFile("sub\\Form1.FRM"), "Form1");
-    EXPECT_EQ(ClassNameOfFile("Grid.java"), "Grid");
-    EXPECT_EQ(ClassNameOfFile("sub\\grid.c"), "grid.c");
-    EXPECT_EQ(ClassNameOfFile("start.vbs"), "start.vbs");
-    EXPECT_EQ(ClassNameOfFile(".bas"), "");
-}
-
 }  // namespace
 }  // namespace snippetarium

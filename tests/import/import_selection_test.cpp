@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "store/writes_applications.h"
 #include "support/message_boxes.h"
 #include "tests/fake_file_system.h"
@@ -154,6 +156,40 @@ TEST_F(ImportSelectionTest, HidesASelectedNameInAnyLetterCase) {
     files_.AddFile("/home/ann/Twins/A.C", "x");
     EXPECT_TRUE(selection_.ChangeFolder("/home/ann/Twins"));
     EXPECT_EQ(selection_.SourceFiles(), Names{});
+}
+
+TEST_F(ImportSelectionTest, TakesWhatIsDroppedBelowTheFolderThatHoldsItAll) {
+    files_.AddFile("/opt/a.bas", "x");
+    files_.AddFile("/srv/b.bas", "x");
+    struct {
+        Names dropped;
+        std::string folder;
+        Names selected;
+        // clang-format off
+    } const cases[] = {
+        {{"/home/ann/Paint/sub", "/home/ann/Paint/x.cs"}, "/home/ann/Paint", {"sub\\Grid.cpp", "x.cs"}},
+        {{"/home/ann/Paint/sub", "/home/ann/Tides/Tide.bas"}, "/home/ann", {"Paint\\sub\\Grid.cpp", "Tides\\Tide.bas"}},
+        {{"/opt/a.bas", "/srv/b.bas", "/srv"}, "/", {"opt\\a.bas", "srv\\b.bas"}},
+    };
+    // clang-format on
+    for (const auto& [dropped, folder, selected] : cases) {
+        ImportSelection selection(db_, files_, state_);
+        EXPECT_TRUE(selection.Drop(dropped));
+        EXPECT_EQ(selection.Folder(), folder);
+        EXPECT_EQ(selection.SelectedFiles(), selected);
+    }
+}
+
+TEST_F(ImportSelectionTest, ForgetsThatADroppedListingWasCancelledHoweverItEnded) {
+    TakePaint();
+    host_.events.At(host_.events.yields + 1, [&] {
+        state_.importCancelled = true;
+        throw std::runtime_error("The window is gone.");
+    });
+    EXPECT_FALSE(selection_.Drop(Names{"/home/ann/Paint/sub"}));
+    TakeBox();
+    EXPECT_TRUE(selection_.SetIncludeSubfolder(true));
+    EXPECT_EQ(selection_.SourceFiles().size(), 4U);
 }
 
 TEST_F(ImportSelectionTest, DoesNotListAnewWhileTheProgressWindowIsOpen) {

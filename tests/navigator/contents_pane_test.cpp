@@ -58,6 +58,9 @@ TEST_F(ContentsPaneTest, LoadsEachLevelOnceWhenItIsExpanded) {
     pane_.Click(nullptr);
     EXPECT_EQ(pane_.Selection(), (NodeIDs{2, 7, 100}));
     mirror_.ExpectSame();
+    ExecuteSQL(db_, "UPDATE tblClass SET classPathInApp = 'sub\\x.bas' WHERE classID = 3");
+    EXPECT_EQ(pane_.Description(Item({2, 3})), Item({2, 3}).Text() + "\nsub/x.bas");
+    EXPECT_EQ(pane_.Description(Item({2, 4})), Item({2, 4}).Text());
 }
 
 TEST_F(ContentsPaneTest, ShowsTheUndefinedApplicationFirstWhereItHoldsAnything) {
@@ -140,6 +143,24 @@ TEST_F(ContentsPaneTest, RefreshesWhatIsLoadedAndKeepsTheSelection) {
     ExecuteSQL(db_, "DELETE FROM tblCode WHERE codeID = 50");
     pane_.Refresh();
     EXPECT_EQ(pane_.Selection(), (NodeIDs{2, 4, 0}));
+}
+
+TEST_F(ContentsPaneTest, SelectsWhatTakesThePlaceOfANodeThatGoes) {
+    ExpandAll();
+    const struct {
+        NodeIDs node;
+        NodeIDs beside;
+    } places[] = {
+        {{2, 3, 0}, {2, 4, 0}},    // the next one
+        {{2, 7, 0}, {2, 6, 0}},    // behind the last one is none
+        {{2, 7, 100}, {2, 7, 0}},  // the only one
+        {{3, 0, 0}, {2, 0, 0}},   {{2, 0, 0}, {3, 0, 0}},
+        {{2, 7, 999}, {2, 7, 0}},  // not in the tree
+    };
+    for (const auto& place : places) {
+        pane_.SelectBeside(place.node);
+        EXPECT_EQ(pane_.Selection(), place.beside);
+    }
 }
 
 TEST_F(ContentsPaneTest, SelectsATopicWithItsAncestorsLoaded) {

@@ -71,6 +71,11 @@ TEST_F(PageTest, OfAnApplicationListsItsClasses) {
     EXPECT_EQ(Heading(page), "Kind=application \nVersion=1.2 \nComment=All of it \n");
     EXPECT_EQ(page.text,
               "All of it\n\nClasses:\n  Class2  (1 procedure)\n  Class3  (0 procedures)\n");
+    // Of one name, they are told apart by their files.
+    SaveClassRecord(db_, {.name = "class3", .appID = 2, .languageID = 1, .pathInApp = "b\\c.bas"});
+    const std::string text = ReadPage(db_, {2}).text;
+    EXPECT_NE(text.find("  class3  (0 procedures)  b/c.bas\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("  Class3  (0 procedures)\n"), std::string::npos) << text;
     EXPECT_EQ(Links(page), "Class2 -> a2f2\nClass3 -> a2f3\n");
     EXPECT_EQ(ReadPage(db_, {1}).name, "Application Undefined");
     EXPECT_EQ(ReadPage(db_, {9}).node, NodeIDs());

@@ -143,10 +143,15 @@ void ReadLinks(Database& db, ModelRow& row, std::int32_t keywordID) {
 
 }  // namespace
 
+std::string TypedFilter(QuickField field) {
+    constexpr const char* kTyped[] = {"",       "name:",   "keyword:", "comment:", "code:", "app:",
+                                      "class:", "author:", "lang:",    "kind:",    "date:"};
+    return kTyped[static_cast<std::size_t>(field)];
+}
+
 std::string ModelEntry::Typed() const {
     if (type == Type::Term) {
-        std::string typed(FilterName(field));
-        if (!typed.empty()) typed += ':';
+        std::string typed = TypedFilter(field);
         if (!isPhrase) return typed + text;
         typed += '"';
         for (const char character : text)

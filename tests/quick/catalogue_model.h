@@ -29,6 +29,9 @@ struct ModelRow {
     std::vector<std::string> languages;
 };
 
+/// A filter as one types it: "app:"; empty where none is typed.
+std::string TypedFilter(QuickField field);
+
 /// What a row has to have, as a test makes it up, and as it is typed.
 struct ModelEntry {
     enum class Type { Term, And, Or, Not };

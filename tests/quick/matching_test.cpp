@@ -245,12 +245,15 @@ TEST(MatchingLine, IsTheFirstWithItsNumberPlaceAndMatches) {
     EXPECT_EQ(line.matches, (std::vector<ByteRange>{{2, 8}, {14, 4}}));
     EXPECT_EQ(FindMatchingLine("nothing", {&grid}, {&grid}).number, 0U);
 
-    const std::string longLine = std::string(1000, 'x') + "grid" + std::string(5000, 'y');
-    const MatchingLine cut = FindMatchingLine(longLine, {&grid}, {&grid});
-    EXPECT_LT(cut.text.size(), 500U);
-    EXPECT_EQ(cut.place, 1001U);
-    ASSERT_EQ(cut.matches.size(), 1U);
-    EXPECT_EQ(cut.text.substr(cut.matches[0].begin, cut.matches[0].size), "grid");
+    for (const char filler : {'x', '\x80'}) {  // the second is no character, as in a damaged text
+        const std::string longLine = std::string(1000, filler) + "grid" + std::string(5000, filler);
+        const MatchingLine cut = FindMatchingLine(longLine, {&grid}, {&grid});
+        EXPECT_LT(cut.text.size(), 500U);
+        EXPECT_EQ(cut.place, 1001U);
+        ASSERT_EQ(cut.matches.size(), 1U);
+        ASSERT_LE(cut.matches[0].End(), cut.text.size());
+        EXPECT_EQ(cut.text.substr(cut.matches[0].begin, cut.matches[0].size), "grid");
+    }
 }
 
 }  // namespace

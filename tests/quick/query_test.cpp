@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "quick/tokens.h"
+#include "tests/quick/catalogue_model.h"
 
 namespace snippetarium::test {
 namespace {
@@ -11,8 +11,7 @@ namespace {
 std::string Describe(const QuickQuery& query, const QuickNode& node) {
     if (node.type == QuickNode::Type::Term) {
         const QuickTerm& term = query.terms[node.term];
-        std::string text(FilterName(term.field));
-        if (!text.empty()) text += ':';
+        const std::string text = TypedFilter(term.field);
         if (term.field == QuickField::Kind) return text + term.kinds.to_string();
         if (term.field == QuickField::Date) return text + term.days.first + "<" + term.days.behind;
         return text + (term.isPhrase ? "'" + term.text + "'" : term.text);

@@ -67,15 +67,7 @@ class Expression : public ::testing::Test {
 };
 
 TEST_F(Expression, ComparesATermByItsFirstKindOfWildcard) {
-    const struct {
-        std::string_view term;
-        std::string_view expected;
-    } cases[] = {
-        {"abc", " ='abc' "},       {"a?b*", " LIKE 'a_b*' "}, {"%a*", " LIKE '%a*' "},
-        {"a_b*", " LIKE 'a_b%' "}, {"it's", " ='it's' "},     {"\u8868*", " LIKE '\u8868%' "},
-    };
-    for (const auto& test : cases)
-        EXPECT_EQ(TermToPredicate(test.term), test.expected) << test.term;
+    EXPECT_EQ(TermToPredicate("it's"), " ='it's' ");
     ForEveryText("%?*_[a", 5, [](const std::string& term) {
         ASSERT_EQ(TermToPredicate(term), PredicateSlowly(term)) << term;
     });
@@ -88,10 +80,8 @@ TEST_F(Expression, WrapsWordsOfNamesAndCodeAndOnlyTheLastOfClassTexts) {
         std::string_view expected;
     } cases[] = {
         {"alpha beta", "cd.CodeName", "cd.CodeName LIKE '%alpha%' or cd.CodeName LIKE '%beta%' "},
-        {"abc", "cd.Code", "cd.Code LIKE '%abc%' "},
         {"a?c d*", "cd.Code", "cd.Code LIKE '%a_c%' or cd.Code LIKE '%d*%' "},
         {"alpha beta", "cls.classDI", "cls.classDI ='alpha' or cls.classDI LIKE '%beta%' "},
-        {"alpha", "sw.searchWord", "sw.searchWord ='alpha' "},
         {"alpha beta", "sw.searchWord", "sw.searchWord ='alpha' or sw.searchWord ='beta' "},
         {"alpha and not b*", "sw.searchWord",
          "sw.searchWord ='alpha' and not sw.searchWord LIKE 'b%' "},

@@ -104,28 +104,6 @@ TEST_F(SearchEntry, GetsAnOrBetweenWordsThatNoOperatorJoins) {
         EXPECT_EQ(InsertImplicitOr(test.entry), test.expected) << test.entry;
 }
 
-TEST_F(SearchEntry, GetsSpacesAroundBracketsButNotBeforeClosingOnes) {
-    const struct {
-        std::string entry;
-        std::string_view expected;
-        bool isBalanced;
-    } cases[] = {
-        {"( alpha or beta )", "( alpha or beta )", true},
-        {"x(a)y", "x ( a) y", true},
-        {"x (a) and b", "x ( a)  and b", true},
-        {"(alpha", "( alpha", false},
-        {")alpha(", ")alpha(", false},
-        {"((a))", "((a) )", true},
-        {"((a) b)", "((a)  b)", false},
-        {"()", "( )", false},
-    };
-    for (const auto& [entry, expected, isBalanced] : cases) {
-        std::string checked = entry;
-        EXPECT_EQ(CheckBrackets(checked), isBalanced) << entry;
-        EXPECT_EQ(checked, expected) << entry;
-    }
-}
-
 TEST_F(SearchEntry, HasItsBracketsCheckedAsInASlowWalkAndAlikeInEveryScript) {
     const std::string_view letter = "\u8868";
     ForEveryText("() a", 8, [letter](const std::string& entry) {

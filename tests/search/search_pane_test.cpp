@@ -216,16 +216,16 @@ TEST_F(SearchPaneTest, RemembersTheLastSearchStatement) {
     }
 }
 
-TEST_F(SearchPaneTest, FindsTheTreeKeyOfATopic) {
+TEST_F(SearchPaneTest, FindsWhereATopicStandsInTheTree) {
     const struct {
         std::string_view key;
-        std::string_view expected;
+        NodeIDs expected;
     } cases[] = {
-        {"f77", "a2f5c77"}, {"c3", "a2f3"}, {"a2", "a2"}, {"a1", "a1"}, {"f101", ""}, {"c99", ""},
-        {"a3", ""},         {"", ""},       {"x5", ""},   {"f", ""},    {"c0", ""},
+        {"f77", {2, 5, 77}}, {"c3", {2, 3}}, {"a2", {2}}, {"a1", {1}}, {"f101", {}}, {"c99", {}},
+        {"a3", {}},          {"", {}},       {"x5", {}},  {"f", {}},   {"c0", {}},
     };
     for (const auto& test : cases)
-        EXPECT_EQ(TopicNodeKey(db_, test.key), test.expected) << test.key;
+        EXPECT_EQ(TopicNode(db_, test.key), test.expected) << test.key;
 }
 
 }  // namespace

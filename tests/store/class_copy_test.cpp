@@ -74,13 +74,17 @@ class ClassCopy : public DeletionFixture {
             counts.push_back(table + " " + Select("SELECT count(*) FROM " + table).front());
         return counts;
     }
+    /// Under its own name.
+    std::int32_t Copy(std::int32_t classID, std::int32_t appID) {
+        return CopyClass(db_, classID, appID, ClassNameByID(db_, classID));
+    }
 };
 
 TEST_F(ClassCopy, HasEverythingThatTheClassHasAndSharesNoKeywordWithIt) {
     const Rows original = ClassAsRead(6);
     ASSERT_EQ(original.size(), 17U);
     const Rows bookmarks = Select("SELECT * FROM tblFavorite");
-    const std::int32_t copyID = CopyClass(db_, 6, 8);
+    const std::int32_t copyID = Copy(6, 8);
     ASSERT_EQ(copyID, 7);
     EXPECT_EQ(ClassAsRead(copyID), original);
     EXPECT_EQ(ClassAsRead(6), original);
@@ -94,13 +98,13 @@ TEST_F(ClassCopy, HasEverythingThatTheClassHasAndSharesNoKeywordWithIt) {
 
 TEST_F(ClassCopy, IsUndoneByItsDeletion) {
     const Rows before = Counts();
-    DeleteClass(db_, CopyClass(db_, 6, 8));
+    DeleteClass(db_, Copy(6, 8));
     EXPECT_EQ(Counts(), before);
 }
 
 TEST_F(ClassCopy, IsNotMadeWhereTheNameIsTaken) {
     TakeStatements();
-    EXPECT_EQ(CopyClass(db_, 6, 5), 0);
+    EXPECT_EQ(Copy(6, 5), 0);
     EXPECT_EQ(TakeBox(), (ShownBox{BoxKind::Information, "Snippetarium Information",
                                    "A class with the name you specified already exists in this "
                                    "application. Specify a different class name."}));
@@ -110,7 +114,7 @@ TEST_F(ClassCopy, IsNotMadeWhereTheNameIsTaken) {
 TEST_F(ClassCopy, IsNotMadeOfOrIntoWhatDoesNotExist) {
     for (const auto& [classID, appID] : {std::pair{99, 8}, std::pair{6, 99}}) {
         TakeStatements();
-        EXPECT_EQ(CopyClass(db_, classID, appID), 0);
+        EXPECT_EQ(Copy(classID, appID), 0);
         EXPECT_NE(TakeBox().text.find("does not exist any more"), std::string::npos);
         EXPECT_TRUE(TakeStatements().empty());
     }
@@ -118,10 +122,10 @@ TEST_F(ClassCopy, IsNotMadeOfOrIntoWhatDoesNotExist) {
 
 TEST_F(ClassCopy, OfTheUndefinedClassHasMarkers) {
     Run("INSERT INTO tblCode(codeID, codeName, classID) VALUES (20, 'One', 1), (21, 'Two', 1);");
-    EXPECT_EQ(ClassDIByClassID(db_, CopyClass(db_, 1, 8)),
+    EXPECT_EQ(ClassDIByClassID(db_, Copy(1, 8)),
               "'***Procedure One***\r\n'***Procedure Two***\r\n");
     EXPECT_EQ(ClassDIByClassID(db_, 1), "");
-    EXPECT_EQ(AppIDByClassID(db_, CopyClass(db_, 6, 0)), 1);
+    EXPECT_EQ(AppIDByClassID(db_, Copy(6, 0)), 1);
 }
 
 TEST_F(ClassCopy, ThatFailsLeavesNothing) {
@@ -131,7 +135,7 @@ TEST_F(ClassCopy, ThatFailsLeavesNothing) {
           "tblKeyword", "tblKeyword_link_searchWord", "tblCode", "tblCode_Link_Language"}) {
         SCOPED_TRACE(table);
         RefuseInsertsInto(table);
-        EXPECT_EQ(CopyClass(db_, 6, 8), 0);
+        EXPECT_EQ(Copy(6, 8), 0);
         ExpectFailedStatement();
         EXPECT_EQ(Counts(), before);
         Run("DROP TRIGGER refuse" + table + ";");
@@ -139,7 +143,7 @@ TEST_F(ClassCopy, ThatFailsLeavesNothing) {
     // Neither does one whose keyword string has no owner yet.
     Run("CREATE TRIGGER refuse BEFORE UPDATE OF keywordID ON tblCode WHEN new.keywordID > 0 "
         "BEGIN SELECT RAISE(ABORT, 'refused'); END;");
-    EXPECT_EQ(CopyClass(db_, 6, 8), 0);
+    EXPECT_EQ(Copy(6, 8), 0);
     ExpectFailedStatement();
     EXPECT_EQ(Counts(), before);
 }

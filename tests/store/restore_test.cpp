@@ -44,7 +44,7 @@ class RestoreTest : public OpenCatalogueFixture {
     RestoreTest() {
         db_.GetConnection().RunScript(FillScript(300));
         NameIt("old");
-        backup_ = BackUpCatalogue(db_, BackupReason::User);
+        backup_ = WriteBackup(db_, BackupReason::User);
         NameIt("new");
         host_.clock.Advance(std::chrono::minutes(1));
         db_.Close();
@@ -321,17 +321,6 @@ TEST_F(LinkedCatalogueTest, HasOneWriterByWhateverLinkItIsOpened) {
     EXPECT_EQ(ErrorNumberOf([&] { RestoreCatalogue(host_.host, other, backup_); }), 3356);
 }
 
-TEST_F(RestoreTest, RunClosesAndOpensTheCatalogueWhateverBecameOfIt) {
-    OpenCatalogue(db_);
-    EXPECT_TRUE(RunRestore(db_, backup_));
-    EXPECT_EQ(AppNameByID(db_, 1), "old");
-    EXPECT_FALSE(db_.IsReadOnly());
-
-    EXPECT_FALSE(RunRestore(db_, folder_.File("none.mde")));
-    EXPECT_NE(TakeBox().text.find("QRT Error Code: 10795"), std::string::npos);
-    EXPECT_EQ(AppNameByID(db_, 1), "old");
-}
-
 TEST_F(RestoreTest, RecoveryPutsWhatCanBeReadInPlaceAndKeepsTheDamagedFile) {
     const auto page =
         static_cast<std::size_t>(Inspection(CataloguePath())
@@ -340,11 +329,10 @@ TEST_F(RestoreTest, RecoveryPutsWhatCanBeReadInPlaceAndKeepsTheDamagedFile) {
     std::string damaged = ReadBytes(CataloguePath());
     damaged.replace((page - 1) * kPageSize, kPageSize, std::string(kPageSize, '\xEE'));
     WriteBytes(CataloguePath(), damaged);
+    const SalvageResult result = SalvageCatalogue(host_.host, folder_.Path());
+    EXPECT_FALSE(result.report.IsComplete());
+    EXPECT_TRUE(ReadBytes(result.keptPath) == damaged);
     OpenCatalogue(db_);
-    const std::optional<SalvageResult> result = RunSalvage(db_);
-    ASSERT_TRUE(result.has_value());
-    EXPECT_FALSE(result->report.IsComplete());
-    EXPECT_TRUE(ReadBytes(result->keptPath) == damaged);
     EXPECT_EQ(AppNameByID(db_, 1), "new");
     EXPECT_GT(ScalarLong(db_, "SELECT count(*) FROM tblCode"), 200);
     for (const CheckFinding& finding : CheckCatalogue(db_).findings) {
@@ -375,15 +363,12 @@ TEST_F(RestoreTest, RecoveryThatIsRefusedOrCancelledChangesNothing) {
     RunStatements(OpenDatabase(CataloguePath(), OpenFlag::ReadWrite).get(), VersionScript(0));
     const std::string before = ReadBytes(CataloguePath());
     const std::set<std::string> files = FilesInFolder();
-    db_.SetMode(AccessMode::Read);
-    OpenCatalogue(db_);
     const int yields = host_.events.yields;
     host_.events.At(yields + 1, [&] {
         host_.clock.Advance(std::chrono::seconds(1));
         host_.PressCancelAt(yields + 3);
     });
-    EXPECT_FALSE(RunSalvage(db_).has_value());
-    db_.Close();
+    EXPECT_EQ(ErrorNumberOf([&] { SalvageCatalogue(host_.host, folder_.Path()); }), 3059);
     EXPECT_TRUE(ReadBytes(CataloguePath()) == before);
     EXPECT_EQ(FilesInFolder(), files);
 }

@@ -104,6 +104,19 @@ TEST_F(TextIndexTest, LosesNothingByDamageAndSaysSo) {
     EXPECT_TRUE(CheckCatalogue(db_).IsSound());
 }
 
+TEST_F(TextIndexTest, IsCheckedAlsoWhereNumbersAreOutOfBounds) {
+    AddCodes(100);
+    Tend();
+    RunScript(
+        "INSERT INTO tblCode (codeID, codeName, code) VALUES (-1, 'odd', 'grid'); DELETE FROM "
+        "tblTextDirty");
+    EXPECT_TRUE(CheckCatalogue(db_).isComplete);
+    for (const char* const indexedTo : {"-5", "1 << 50"}) {
+        RunScript("UPDATE tblTextIndex SET indexedTo = " + std::string(indexedTo));
+        EXPECT_GT(Findings(FindingKind::DamagedTextIndex), 0U) << indexedTo;
+    }
+}
+
 TEST_F(TextIndexTest, MergesSegmentsOfOneSizeAndRemovesWhatIsLeft) {
     AddSegments(7, 30);
     Tend();

@@ -1,10 +1,10 @@
 #include "store/unique_names.h"
 
+#include <gtest/gtest.h>
+
 #include <set>
 
-#include "store/writes_codes.h"
 #include "support/utf8.h"
-#include "tests/store/write_fixture.h"
 
 namespace snippetarium::test {
 namespace {
@@ -36,23 +36,6 @@ TEST(UniqueNames, FitTheColumnWhateverTheNumberAndTheLetters) {
         EXPECT_TRUE(given.insert(name).second) << name;
     }
     EXPECT_TRUE(given.contains(letters.substr(0, 2 * 248) + " (1200)"));
-}
-
-using UniqueNamesInClass = WriteFixture;
-
-TEST_F(UniqueNamesInClass, AreThoseOfTheClassByBytes) {
-    AddCode(db_, {.name = "Draw", .code = "x", .classID = 5});
-    AddCode(db_, {.name = "Draw (2)", .code = "x", .classID = 5});
-    EXPECT_EQ(UniqueNameInClass(db_, 5, "Draw"), "Draw (3)");
-    EXPECT_EQ(UniqueNameInClass(db_, 5, "DRAW"), "DRAW");
-    EXPECT_EQ(UniqueNameInClass(db_, 6, "Draw"), "Draw");
-}
-
-TEST_F(UniqueNamesInClass, AreNotGuessedWhenTheNamesCannotBeRead) {
-    AddCode(db_, {.name = "Draw", .code = "x", .classID = 5});
-    CloseCatalogue(db_);
-    EXPECT_EQ(UniqueNameInClass(db_, 5, "Draw"), "");
-    TakeBox();
 }
 
 }  // namespace

@@ -222,8 +222,10 @@ TEST_F(DiskFileSystemTest, ModificationTimesAreCalendarTimes) {
     EXPECT_EQ(files_.ModificationTime(Path("x.c")), expected);
 }
 
-TEST_F(DiskFileSystemTest, NamesThatCannotBeListedAreReportedApart) {
-    for (const char* name : {"good.c", "back\\slash.c", "latin\xE9.c"}) {
+TEST_F(DiskFileSystemTest, ListsNamesInTheirOrderAndApartThoseThatCannotBeListed) {
+    const std::vector<std::string> good = {"alpha.c", "Alpine.c", "beta.c", "Zeta.c", "\u00E4.c"};
+    for (const char* name :
+         {"Zeta.c", "\u00E4.c", "alpha.c", "beta.c", "Alpine.c", "back\\slash.c", "latin\xE9.c"}) {
         fs::path path = Path("");
         FILE* file = std::fopen((path / name).c_str(), "w");
         ASSERT_NE(file, nullptr);
@@ -232,7 +234,7 @@ TEST_F(DiskFileSystemTest, NamesThatCannotBeListedAreReportedApart) {
     fs::create_directory(Path("fold\\er"));
     fs::create_symlink("nowhere", Path("dead"));
     const FolderListing listing = files_.ListFolder(Path(""));
-    EXPECT_EQ(listing.files, std::vector<std::string>{"good.c"});
+    EXPECT_EQ(listing.files, good);
     EXPECT_TRUE(listing.subfolders.empty());
 
     std::map<std::string, UnlistedReason> reasons;
