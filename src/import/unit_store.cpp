@@ -46,13 +46,6 @@ std::vector<std::string> LanguageNames(std::string_view text) {
     return names;
 }
 
-/// The name of the language that a file's extension tells.
-std::string LanguageOfFile(std::string_view extension) {
-    const std::string_view offered = LanguageNameOfExtension(FoldCase(extension));
-    return std::string(offered.empty() ? DeliveredLanguageName(ClassLanguageID(extension))
-                                       : offered);
-}
-
 /// The language text is filled without "C" where it has "Visual Basic", which ends like it. A name
 /// that the user typed is one that was meant.
 bool StandsFor(std::string_view listed, std::string_view language) {
@@ -252,11 +245,15 @@ std::int32_t UnitStore::ClassLanguage(const std::string& entry) {
 
 std::int32_t UnitStore::ProcedureLanguage(const CutProcedure& procedure, const std::string& entry) {
     if (!procedure.language.empty()) return FindOrAddLanguage(procedure.language);
-    const std::string own = LanguageOfFile(FileExtension(entry));
+    const std::string_view extension = FileExtension(entry);
+    const std::string_view offered = LanguageNameOfExtension(FoldCase(extension));
+    const std::string_view own =
+        offered.empty() ? DeliveredLanguageName(ClassLanguageID(extension)) : offered;
     const std::vector<std::string> names = LanguageNames(target_.language);
     const bool isListed =
         std::ranges::any_of(names, [&](const std::string& name) { return StandsFor(name, own); });
-    return FindOrAddLanguage(isListed || names.empty() ? own : names.front());
+    if (!isListed && !names.empty()) return FindOrAddLanguage(names.front());
+    return offered.empty() ? ClassLanguage(entry) : FindOrAddLanguage(std::string(own));
 }
 
 std::int32_t UnitStore::FindOrAddLanguage(const std::string& name) {
