@@ -6,12 +6,9 @@
 #include "cli/node_argument.h"
 #include "cli/node_output.h"
 #include "cli/text_table.h"
-#include "store/deletion.h"
-#include "store/reads_applications.h"
-#include "store/reads_classes.h"
-#include "store/reads_procedures.h"
-#include "support/error.h"
-#include "support/text.h"
+#include "navigator/node.h"
+#include "navigator/node_content.h"
+#include "store/database.h"
 
 namespace snippetarium {
 
@@ -27,70 +24,14 @@ constexpr CommandExample kExamples[] = {
 };
 // clang-format on
 
-/// What is below a node.
-struct Content {
-    std::size_t classes = 0;
-    std::size_t procedures = 0;
-};
-
-/// Application 1 and class 1, which are emptied and stay.
-bool IsPermanent(const NodeIDs& node) {
-    switch (KindOf(node)) {
-        case NodeKind::Application:
-            return node.appID == kUndefinedApplicationID;
-        case NodeKind::Class:
-            return node.classID == kUndefinedClassID;
-        default:
-            return false;
-    }
-}
-
-Content CountContent(Database& db, const NodeIDs& node) {
-    switch (KindOf(node)) {
-        case NodeKind::Application: {
-            const std::size_t classes = ClassIDNameRSByAppID(db, node.appID).RowCount();
-            const auto procedures = static_cast<std::size_t>(CountCodeByAppID(db, node.appID));
-            return {IsPermanent(node) ? classes - 1 : classes, procedures};
-        }
-        case NodeKind::Class:
-            return {0, CodeIDCodeNameByClassID(db, node.classID).RowCount()};
-        default:
-            return {};
-    }
-}
-
-std::string ContentText(const NodeIDs& node, const Content& content) {
-    const std::string procedures = Counted(content.procedures, "procedure", "procedures");
-    if (KindOf(node) == NodeKind::Class) return procedures;
-    return Counted(content.classes, "class", "classes") + " and " + procedures;
-}
-
-std::string Question(Database& db, const NodeIDs& node, const Content& content) {
-    const std::string what =
-        std::string(KindName(KindOf(node))) + " '" + OneLine(NameOfNode(db, node)) + "'";
-    const std::string trash = " What goes is kept in the trash for 30 days, and '" +
-                              std::string(kProgramName) + " trash' brings it back.";
-    if (IsPermanent(node)) {
-        return "Delete all that is in the " + what + ", " + ContentText(node, content) +
-               "? It stays itself, empty." + trash;
-    }
-    if (KindOf(node) == NodeKind::Procedure) return "Delete the " + what + "?" + trash;
-    return "Delete the " + what + " with its " + ContentText(node, content) + "?" + trash;
-}
-
-void DeleteNode(Database& db, const NodeIDs& node) {
-    switch (KindOf(node)) {
-        case NodeKind::Procedure:
-            return DeleteCode(db, node.codeID);
-        case NodeKind::Class:
-            return DeleteClass(db, node.classID);
-        default:
-            return DeleteApplication(db, node.appID);
-    }
+std::string Question(Database& db, const NodeIDs& node, const NodeContent& content) {
+    return DeletionQuestion(node, OneLine(NameOfNode(db, node)), content) +
+           " What goes is kept in the trash for 30 days, and '" + std::string(kProgramName) +
+           " trash' brings it back.";
 }
 
 void Report(CommandContext& context, const Json& deleted, const NodeIDs& node,
-            const Content& content) {
+            const NodeContent& content) {
     if (context.WantsJson()) {
         Json document = deleted;
         document["stays"] = IsPermanent(node);
@@ -106,7 +47,7 @@ void Run(CommandContext& context) {
     const NodeIDs node = ReadNodeKey(*context.Given().Value("KEY"));
     Database& db = context.Catalogue(CatalogueUse::Change);
     RequireNode(db, node);
-    const Content content = CountContent(db, node);
+    const NodeContent content = ContentOf(db, node);
     context.RequireConsent(Question(db, node, content));
     const Json deleted = NodeDocument(db, node);
     DeleteNode(db, node);

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <ostream>
@@ -168,14 +169,17 @@ std::string EncodingIn(const Arguments& given) {
     return name;
 }
 
-/// The lines of a job's text, without their indent.
+/// The lines of a job's text (support/import_export_report.h), without their indent. A file's name
+/// may hold line breaks, so only the next line's indent ends a line.
 Json LinesOf(std::string_view text) {
     constexpr std::string_view kIndent = "  ";
     constexpr std::string_view kBreak = "\r\n";
+    constexpr std::string_view kNext = "\r\n  ";
     Json lines = Json::array();
     while (!text.empty()) {
-        const std::size_t end = text.find(kBreak);
-        lines.push_back(text.substr(kIndent.size(), end - kIndent.size()));
+        text.remove_prefix(kIndent.size());
+        const std::size_t end = std::min(text.find(kNext), text.size() - kBreak.size());
+        lines.push_back(text.substr(0, end));
         text.remove_prefix(end + kBreak.size());
     }
     return lines;

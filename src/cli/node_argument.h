@@ -17,8 +17,4 @@ NodeIDs ReadNodeKey(const std::string& key);
 /// is no such node; the message then has the right key.
 void RequireNode(Database& db, const NodeIDs& node);
 
-/// The IDs of a class, or a procedure, and of what it belongs to. All 0 where there is none.
-NodeIDs ClassNode(Database& db, std::int32_t classID);
-NodeIDs ProcedureNode(Database& db, std::int32_t codeID);
-
 }  // namespace snippetarium

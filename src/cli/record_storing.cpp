@@ -1,10 +1,11 @@
 #include "cli/record_storing.h"
 
-#include "cli/node_argument.h"
 #include "cli/refused_error.h"
 #include "editors/field_rules.h"
 #include "keywords/noise_words.h"
+#include "navigator/node.h"
 #include "store/database.h"
+#include "store/owner_place.h"
 
 namespace snippetarium {
 
@@ -31,12 +32,12 @@ NodeIDs StoreRecord(Database& db, const ApplicationRecord& record, const DetailC
 
 NodeIDs StoreRecord(Database& db, const ClassRecord& record, const DetailChanges& details) {
     RequireDone(CheckClassRecord(db, record) && CheckDetailChanges(db, details));
-    return Finish(db, ClassNode(db, SaveClassRecord(db, record)), details);
+    return Finish(db, PlaceOf(db, {OwnerKind::Class, SaveClassRecord(db, record)}), details);
 }
 
 NodeIDs StoreRecord(Database& db, const CodeRecord& record, const DetailChanges& details) {
     RequireDone(CheckCodeRecord(db, record) && CheckDetailChanges(db, details));
-    return Finish(db, ProcedureNode(db, SaveCodeRecord(db, record)), details);
+    return Finish(db, PlaceOf(db, {OwnerKind::Procedure, SaveCodeRecord(db, record)}), details);
 }
 
 void StoreDetails(Database& db, const NodeIDs& node, const DetailChanges& details) {

@@ -5,10 +5,11 @@
 #include <string>
 
 #include "cli/command_context.h"
-#include "cli/node_argument.h"
 #include "cli/node_output.h"
 #include "cli/text_table.h"
 #include "cli/usage_error.h"
+#include "navigator/node.h"
+#include "store/owner_place.h"
 #include "store/trash.h"
 #include "support/error.h"
 #include "support/text.h"
@@ -101,18 +102,6 @@ void RequireEntry(Database& db, std::int32_t trashID) {
                                                 " trash list' shows the entries.");
 }
 
-NodeIDs NodeOf(Database& db, const Owner& owner) {
-    switch (owner.kind) {
-        case OwnerKind::Application:
-            return {.appID = owner.id};
-        case OwnerKind::Class:
-            return ClassNode(db, owner.id);
-        case OwnerKind::Procedure:
-            break;
-    }
-    return ProcedureNode(db, owner.id);
-}
-
 void Restore(CommandContext& context) {
     const auto trashID = context.Given().Number(kID, 1, std::numeric_limits<std::int32_t>::max());
     if (!trashID) {
@@ -122,7 +111,7 @@ void Restore(CommandContext& context) {
     RequireEntry(db, *trashID);
     const TrashReturn returned = RestoreFromTrash(db, *trashID);
     const OwnerKind kind = returned.owner.kind;
-    const std::string key = KeyOf(NodeOf(db, returned.owner));
+    const std::string key = KeyOf(PlaceOf(db, returned.owner));
     if (context.WantsJson()) {
         return context.SetDocument(
             {{"key", key},

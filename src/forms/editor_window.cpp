@@ -20,6 +20,7 @@
 #include "forms/help_key.h"
 #include "forms/icons.h"
 #include "forms/modal.h"
+#include "forms/qt_events.h"
 #include "forms/qt_text.h"
 #include "forms/window_size.h"
 #include "navigator/help.h"
@@ -87,14 +88,14 @@ void EditorWindow::ConnectTimers() {
     pause_.setSingleShot(true);
     pause_.setInterval(kTypingPause);
     connect(&pause_, &QTimer::timeout, this, [this] {
-        if (isWorking_) return pause_.start();
+        if (isWorking_ || IsYielding(db_.GetHost().events)) return pause_.start();
         OnEvent([this] { LookAtChanges(); });
     });
     draft_.setObjectName("tmDraft");
     draft_.setSingleShot(true);
     draft_.setInterval(kDraftPause);
     connect(&draft_, &QTimer::timeout, this, [this] {
-        if (isWorking_) return draft_.start();
+        if (isWorking_ || IsYielding(db_.GetHost().events)) return draft_.start();
         OnEvent([this] { KeepDraft(); });
     });
 }

@@ -5,6 +5,7 @@
 
 #include "forms/contents_model.h"
 #include "forms/handler.h"
+#include "forms/qt_events.h"
 #include "forms/qt_text.h"
 #include "forms/tree_opening.h"
 #include "store/database.h"
@@ -210,6 +211,7 @@ void fContents::OnNameEntered(const NodeIDs& node, const QString& name) {
 void fContents::ApplyFilter() {
     Handle(Reporter(), Procedure::ContentsEvent, [&] {
         filterTimer_.stop();
+        if (IsYielding(db_.GetHost().events)) return filterTimer_.start();
         const std::string text = FromQt(ui_->txtFilter->text());
         if (text == pane_.Filter()) return;
         const QScopedValueRollback moving(isSelfMoving_, true);

@@ -6,6 +6,7 @@
 
 #include "forms/handler.h"
 #include "forms/help_key.h"
+#include "forms/qt_events.h"
 #include "forms/qt_text.h"
 #include "forms/quick_hit_delegate.h"
 #include "forms/quick_hit_model.h"
@@ -123,7 +124,8 @@ void fQuickSearch::StartSearch() {
 
 void fQuickSearch::Step() {
     if (!search_) return;
-    if (QApplication::activeModalWidget() != nullptr) return stepTimer_.start(kWaitForDialog);
+    if (QApplication::activeModalWidget() != nullptr || IsYielding(db_.GetHost().events))
+        return stepTimer_.start(kWaitForDialog);
     Handle(db_.Reporter(), Procedure::QuickSearchEvent, [this] {
         const bool hasMore = search_->Step();
         ShowHits(hasMore);

@@ -9,8 +9,8 @@
 #include "forms/qt_text.h"
 #include "navigator/help.h"
 #include "navigator/node_deletion.h"
-#include "search/topic_list.h"
 #include "store/database.h"
+#include "store/owner_place.h"
 #include "support/message_boxes.h"
 #include "ui_fTrash.h"
 
@@ -31,12 +31,6 @@ QString Place(const TrashEntry& entry) {
     if (entry.owner.kind == OwnerKind::Application) return {};
     if (entry.owner.kind == OwnerKind::Class) return ToQt(entry.appName);
     return ToQt(entry.appName) + ", " + ToQt(entry.className);
-}
-
-/// Where the tree has what was brought back.
-NodeIDs NodeOf(Database& db, const Owner& owner) {
-    const auto level = static_cast<TopicLevel>(static_cast<std::int32_t>(owner.kind) - 1);
-    return TopicNode(db, TopicKey({level, owner.id}));
 }
 
 }  // namespace
@@ -100,7 +94,7 @@ void fTrash::Restore() {
     SelectRow(row);
     for (const std::string& remark : returned.remarks)
         ShowInformation(db_.GetHost().messages, remark, kInformationTitle);
-    if (returned.owner.id != 0) emit BroughtBack(NodeOf(db_, returned.owner));
+    if (returned.owner.id != 0) emit BroughtBack(PlaceOf(db_, returned.owner));
 }
 
 void fTrash::Empty() {

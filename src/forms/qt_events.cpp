@@ -40,4 +40,9 @@ void QtEvents::SetPointer(Pointer pointer) {
     }
 }
 
+bool IsYielding(const EventLoop& events) {
+    const auto* const ofWindows = dynamic_cast<const QtEvents*>(&events);
+    return ofWindows != nullptr && ofWindows->IsYielding();
+}
+
 }  // namespace snippetarium

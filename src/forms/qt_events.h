@@ -35,4 +35,9 @@ class QtEvents final : public EventLoop {
     int depth_ = 0;
 };
 
+/// Whether a job of this program is letting events run. It may be in the middle of a statement (a
+/// search asks so whether to go on), and texts that the engine is looking at would change under it:
+/// a timer that would use the catalogue starts anew.
+bool IsYielding(const EventLoop& events);
+
 }  // namespace snippetarium

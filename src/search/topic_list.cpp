@@ -5,9 +5,7 @@
 
 #include "search/queries.h"
 #include "store/database.h"
-#include "store/reads_applications.h"
-#include "store/reads_classes.h"
-#include "store/reads_procedures.h"
+#include "store/owner_place.h"
 #include "support/guard.h"
 
 namespace snippetarium {
@@ -23,19 +21,16 @@ ListedTopic ReadTopic(const Recordset& row) {
     return topic;
 }
 
-NodeIDs ProcedureOf(Database& db, std::int32_t codeID) {
-    const Recordset row = AppIDClassIDRSByCodeID(db, codeID);
-    if (row.EndOfFile()) return {};
-    return {row["appID"].Long(), row["classID"].Long(), codeID};
-}
-
-NodeIDs ClassOf(Database& db, std::int32_t classID) {
-    const std::int32_t appID = AppIDByClassID(db, classID);
-    return appID == 0 ? NodeIDs() : NodeIDs{appID, classID, 0};
-}
-
-NodeIDs ApplicationOf(Database& db, std::int32_t appID) {
-    return ApplicationRSByID(db, appID).EndOfFile() ? NodeIDs() : NodeIDs{appID, 0, 0};
+OwnerKind KindOf(TopicLevel level) {
+    switch (level) {
+        case TopicLevel::Application:
+            return OwnerKind::Application;
+        case TopicLevel::Class:
+            return OwnerKind::Class;
+        case TopicLevel::Procedure:
+            break;
+    }
+    return OwnerKind::Procedure;
 }
 
 }  // namespace
@@ -76,16 +71,7 @@ bool ListTopicsOfWord(Database& db, std::string_view word, TopicList& list) {
 NodeIDs TopicNode(Database& db, std::string_view key) {
     return Guarded(db.Reporter(), Procedure::TopicNode, [&] {
         const Topic topic = ParseTopicKey(key);
-        if (topic.id == 0) return NodeIDs();
-        switch (topic.level) {
-            case TopicLevel::Procedure:
-                return ProcedureOf(db, topic.id);
-            case TopicLevel::Class:
-                return ClassOf(db, topic.id);
-            case TopicLevel::Application:
-                return ApplicationOf(db, topic.id);
-        }
-        return NodeIDs();
+        return topic.id == 0 ? NodeIDs() : PlaceOf(db, {KindOf(topic.level), topic.id});
     });
 }
 

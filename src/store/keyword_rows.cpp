@@ -25,7 +25,7 @@ std::string SqlTextList(std::span<const std::string> words) {
     std::string list;
     for (const std::string& word : words) {
         if (!list.empty()) list += ',';
-        list += SqlText(word);
+        list += SqlText50(word);
     }
     return list;
 }

@@ -63,6 +63,13 @@ TEST_F(ImportCommandTest, ImportsSubfoldersAndNamedEntries) {
     EXPECT_NE(Tree().find("Other  (2 classes)"), std::string::npos);
 }
 
+TEST_F(ImportCommandTest, ListsAFileWithALineBreakInItsNameAsOne) {
+    const std::string name = "Gr\r\n\r\nid.bas";
+    WriteSource(name, "Sub Grid()\nEnd Sub\n");
+    const auto document = DocumentOf(Run({"--json", "import", Sources(), name, "Draw.bas"}));
+    EXPECT_EQ(document["imported"], (std::vector<std::string>{name, "Draw.bas"}));
+}
+
 TEST_F(ImportCommandTest, TakesAFileOnceHoweverOftenAndInWhateverFormItIsNamed) {
     EXPECT_EQ(Import({"Draw.bas", "./Draw.bas", "sub/../Draw.bas", "Draw.bas"}).output,
               "The following files were successfully imported:\n\n  Draw.bas\n");

@@ -182,6 +182,11 @@ TEST_F(NodeCommandsTest, EmptyWhatIsPermanentAndSayThatItStays) {
     const CommandResult application = Run({"--yes", "delete", "a1"});
     EXPECT_EQ(application.output, "Emptied: a1  Application Undefined\n");
     EXPECT_NE(application.error.find("1 class and 3 procedures"), std::string::npos);
+    Execute("UPDATE tblClass SET appID = 2 WHERE classID = 1");
+    const CommandResult elsewhere = Run({"--yes", "delete", "a1"});
+    EXPECT_NE(elsewhere.error.find(" 0 classes and 0 procedures?"), std::string::npos)
+        << elsewhere.error;
+    Execute("UPDATE tblClass SET appID = 1 WHERE classID = 1");
     EXPECT_EQ(Run({"tree", "a1"}).output,
               "a1  Application Undefined  (1 class)\n"
               "  a1f1  Class/Module Undefined  (0 procedures)\n");

@@ -1,5 +1,6 @@
 #include <QListWidget>
 #include <QTimer>
+#include <chrono>
 
 #include "tests/fakes.h"
 #include "tests/forms/editor_fixture.h"
@@ -98,6 +99,19 @@ TEST_F(EditorClosingTest, EndsWithTheProgramAndMayKeepItOpen) {
     EXPECT_TRUE(Editors().empty());
     StartProgram();
     EXPECT_EQ(CodeOf(1), "mine");
+}
+
+TEST_F(EditorClosingTest, KeepsADraftOnceNoJobIsInTheMiddleOfSomething) {
+    EditorWindow& editor = Open(kProcedure);
+    auto& timer = Find<QTimer>(editor, "tmDraft");
+    timer.setInterval(1);
+    SetText(editor, "txtCode", "unsaved");
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(100);
+    while (std::chrono::steady_clock::now() < end)
+        db_->GetHost().events.Yield();
+    EXPECT_EQ(editor.Editor().DraftID(), 0);
+    EXPECT_TRUE(timer.isActive());
+    WaitUntil([&] { return editor.Editor().DraftID() != 0; });
 }
 
 TEST_F(EditorClosingTest, OffersAgainWhatACrashLeft) {

@@ -234,6 +234,20 @@ TEST_F(ContentsPaneTest, FiltersByNamesOfEveryLevelAndShowsAllAgainAsItWas) {
     EXPECT_TRUE(Item({2, 7}).IsExpanded());
 }
 
+TEST_F(ContentsPaneTest, AsksBeforeADeletionAboutWhatGoesAndNotAboutClass1) {
+    NodeDeletion deletion(db_);
+    const auto question = [&](const NodeIDs& node) {
+        host_.messages.Expect(StandardAnswer::No);
+        EXPECT_FALSE(deletion.Delete(node));
+        return TakeBox().text;
+    };
+    const std::string undefined = "Delete all that is in the application 'Application Undefined', ";
+    EXPECT_EQ(question({1}), undefined + "0 classes and 0 procedures? It stays itself, empty.");
+    ExecuteSQL(db_, "UPDATE tblClass SET appID = 3 WHERE classID = 1");
+    EXPECT_EQ(question({1}), undefined + "0 classes and 0 procedures? It stays itself, empty.");
+    EXPECT_EQ(question({3}), "Delete the application 'Empty' with its 0 classes and 0 procedures?");
+}
+
 TEST_F(ContentsPaneTest, DeletesAfterAQuestionAndTakesItBack) {
     NodeDeletion deletion(db_);
     host_.messages.Expect(StandardAnswer::No);

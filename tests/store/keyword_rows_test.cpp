@@ -1,5 +1,6 @@
 #include "store/keyword_rows.h"
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -176,6 +177,8 @@ TEST_F(KeywordRowsTest, AreCutToTheSizesOfTheirColumns) {
         const std::int32_t searchWordID = AddSearchWord(db_, test.word);
         EXPECT_EQ(Word(searchWordID), test.stored);
         EXPECT_EQ(FindSearchWord(db_, test.word), searchWordID);
+        DeleteSearchWords(db_, std::span(&test.word, 1));
+        EXPECT_EQ(FindSearchWord(db_, test.word), 0);
     }
     const std::string noiseWords[] = {std::string(254, 'x') + "'t"};
     AddNoiseWordRows(db_, noiseWords);
