@@ -47,32 +47,27 @@ CodeFields FieldsOf(const CodeRecord& record) {
     };
 }
 
-/// What belongs to a new row. The language comes last: a procedure without one is a row that was
-/// left before it had all.
-void FinishAdding(Database& db, std::int32_t codeID, const CodeRecord& record) {
-    AddMarker(db, codeID);
-    AddCodeLanguage(db, codeID,
-                    record.languageID != 0
-                        ? record.languageID
-                        : LanguageIDByClassID(db, ClassOrUndefined(record.classID)));
+std::int32_t LanguageOf(Database& db, const CodeRecord& record) {
+    return record.languageID != 0 ? record.languageID
+                                  : LanguageIDByClassID(db, ClassOrUndefined(record.classID));
 }
 
+/// The language comes last: a procedure without one was left before it had its marker, perhaps.
 void Add(Database& db, const CodeRecord& record, std::int32_t& codeID) {
     CodeFields row = FieldsOf(record);
     row.comment.clear();  // which has a statement of its own
     codeID = AddCode(db, row);
     if (!record.comment.empty()) SetCodeComment(db, codeID, record.comment);
-    FinishAdding(db, codeID, record);
+    AddMarker(db, codeID);
+    AddCodeLanguage(db, codeID, LanguageOf(db, record));
 }
 
 bool Update(Database& db, const CodeRecord& record, const CodeRecord& before) {
     if (!UpdateCode(db, record.codeID, FieldsOf(record))) return false;
     MoveMarker(db, record.codeID, {before.classID, before.name});
-    if (before.languageID == 0) {
-        FinishAdding(db, record.codeID, record);
-    } else if (record.languageID != before.languageID) {
-        SetCodeLanguage(db, record.codeID, record.languageID);
-    }
+    if (before.languageID == 0) AddMarker(db, record.codeID);
+    const std::int32_t language = LanguageOf(db, record);
+    if (language != before.languageID) SetCodeLanguage(db, record.codeID, language);
     const Owner owner{OwnerKind::Procedure, record.codeID};
     if (record.code != before.code) ForgetOverlong(db, owner, "code");
     if (record.comment != before.comment) ForgetOverlong(db, owner, "codeComment");

@@ -7,6 +7,7 @@
 #include "forms/dialog_help.h"
 #include "forms/fCalendar.h"
 #include "forms/handler.h"
+#include "forms/list_keys.h"
 #include "forms/modal.h"
 #include "forms/qt_text.h"
 #include "store/database.h"
@@ -37,6 +38,7 @@ void fAddDate::Connect() {
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui_->txtDate, &QLineEdit::textChanged, this, &fAddDate::EnableButtons);
     connect(ui_->lstDates, &QListWidget::currentRowChanged, this, &fAddDate::EnableButtons);
+    RemoveByKey(ui_->lstDates, ui_->cmdRemove);
     ConnectHelp(db_, this, ui_->cmdHelp);
 }
 

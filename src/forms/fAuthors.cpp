@@ -6,6 +6,7 @@
 #include "forms/dialog_help.h"
 #include "forms/filtered_list.h"
 #include "forms/handler.h"
+#include "forms/list_keys.h"
 #include "forms/qt_text.h"
 #include "store/database.h"
 #include "support/message_boxes.h"
@@ -49,6 +50,7 @@ void fAuthors::Connect() {
     for (const QLineEdit* part : {ui_->txtFirst, ui_->txtMiddle, ui_->txtLast})
         connect(part, &QLineEdit::textChanged, this, &fAuthors::EnableButtons);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    RemoveByKey(ui_->lstAuthors, ui_->cmdRemove);
     ConnectHelp(db_, this, ui_->cmdHelp);
 }
 

@@ -80,9 +80,10 @@ bool fBookmark::HasBookmark() const {
     return Selected() != nullptr;
 }
 
-void fBookmark::Add(const NodeIDs& node) {
-    bookmarks_.Add(node);
+bool fBookmark::Add(const NodeIDs& node) {
+    const bool isAdded = bookmarks_.Add(node);
     List(node);
+    return isAdded;
 }
 
 void fBookmark::RemoveSelected() {

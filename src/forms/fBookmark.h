@@ -26,7 +26,8 @@ class fBookmark final : public ChildPane {
     void Load();
 
     bool HasBookmark() const;
-    void Add(const NodeIDs& node);
+    /// False where it was not added; the user has been told why.
+    bool Add(const NodeIDs& node);
     void RemoveSelected();
     void DisplaySelected();
 

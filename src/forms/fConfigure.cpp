@@ -63,6 +63,9 @@ void fConfigure::ShowSettings() {
     }
     QRadioButton* const themes[] = {ui_->optnThemeDesktop, ui_->optnThemeLight, ui_->optnThemeDark};
     themes[static_cast<std::size_t>(ReadTheme(db_))]->setChecked(true);
+    // Tab goes to the choice that is made, from which the arrow keys lead to the others.
+    for (QRadioButton* option : findChildren<QRadioButton*>())
+        option->setFocusPolicy(option->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 PaneSides fConfigure::ChosenSides() const {

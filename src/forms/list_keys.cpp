@@ -1,9 +1,11 @@
 #include "forms/list_keys.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QShortcut>
 
 namespace snippetarium {
 
@@ -19,6 +21,12 @@ bool ListKeys::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     return QObject::eventFilter(watched, event);
+}
+
+void RemoveByKey(QAbstractItemView* list, QAbstractButton* button) {
+    auto* const key = new QShortcut(QKeySequence::Delete, list);
+    key->setContext(Qt::WidgetShortcut);
+    QObject::connect(key, &QShortcut::activated, button, &QAbstractButton::click);
 }
 
 }  // namespace snippetarium

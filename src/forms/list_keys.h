@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+class QAbstractButton;
 class QAbstractItemView;
 class QLineEdit;
 
@@ -21,5 +22,8 @@ class ListKeys final : public QObject {
   private:
     QAbstractItemView* list_;
 };
+
+/// The Del key in the list does what the button does, while that is enabled.
+void RemoveByKey(QAbstractItemView* list, QAbstractButton* button);
 
 }  // namespace snippetarium

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMainWindow>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <algorithm>
 
@@ -26,6 +27,13 @@
 #include "store/database.h"
 
 namespace snippetarium {
+
+namespace {
+
+/// How long the status bar says what was done, in milliseconds.
+constexpr int kNoticeTime = 4000;
+
+}  // namespace
 
 MainCommands::MainCommands(const MainParts& parts)
     : QObject(&parts.window),
@@ -120,7 +128,10 @@ void MainCommands::PerformOnLists(MenuCommand command) {
         case MenuCommand::RemoveBookmark:
             return parts_.bookmarks.RemoveSelected();
         case MenuCommand::AddBookmark:
-            return parts_.bookmarks.Add(NodeToBookmark());
+            // Its pane may be hidden.
+            if (parts_.bookmarks.Add(NodeToBookmark()))
+                parts_.window.statusBar()->showMessage(tr("Bookmarked."), kNoticeTime);
+            return;
         case MenuCommand::EditLanguages:
         case MenuCommand::EditNoiseWords:
         case MenuCommand::EditIndexWord:

@@ -2,6 +2,7 @@
 
 #include "store/database.h"
 #include "store/link_removal.h"
+#include "store/new_id.h"
 #include "store/reads_authors_dates.h"
 #include "store/sql_text.h"
 #include "support/guard.h"
@@ -21,7 +22,7 @@ std::int32_t FindOrAddAuthor(Database& db, const AuthorName& name) {
     return Guarded(db.Reporter(), Procedure::FindOrAddAuthor, [&] {
         const std::int32_t found = AuthorIDByName(db, name.first, name.middle, name.last);
         if (found != 0) return found;
-        const std::int32_t newID = MaxIDValue(db, "authorID", "tblAuthor") + 1;
+        const std::int32_t newID = NewID(db, "authorID", "tblAuthor");
         ExecuteSQL(db, Sql("INSERT INTO tblAuthor VALUES (", newID, ", ", SqlText50(name.first),
                            ", ", SqlText50(name.middle), ", ", SqlText50(name.last), ")"));
         return newID;

@@ -4,6 +4,7 @@
 
 #include "store/database.h"
 #include "store/link_removal.h"
+#include "store/new_id.h"
 #include "store/sql_text.h"
 #include "support/arrays.h"
 #include "support/date_text.h"
@@ -35,7 +36,7 @@ std::int32_t FindOrAddDate(Database& db, const DateTime& date) {
         const std::int32_t found =
             ScalarLong(db, Sql("SELECT dateID FROM tblDate WHERE dDate = ", literal, ";"));
         if (found != 0) return found;
-        const std::int32_t newID = MaxIDValue(db, "dateID", "tblDate") + 1;
+        const std::int32_t newID = NewID(db, "dateID", "tblDate");
         ExecuteSQL(db, Sql("INSERT INTO tblDate VALUES(", newID, ", ", literal, ")"));
         return newID;
     });

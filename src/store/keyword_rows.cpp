@@ -1,6 +1,7 @@
 #include "store/keyword_rows.h"
 
 #include "store/database.h"
+#include "store/new_id.h"
 #include "store/reads_keywords.h"
 #include "store/sql_text.h"
 #include "support/error.h"
@@ -61,7 +62,7 @@ void ReplaceSearchWord(Database& db, SearchWordChange change) {
 
 std::int32_t AddKeyword(Database& db, std::string_view keyword, std::int32_t separatorID) {
     return Guarded(db.Reporter(), Procedure::AddKeyword, [&] {
-        const std::int32_t keywordID = MaxIDValue(db, "keywordID", "tblKeyword") + 1;
+        const std::int32_t keywordID = NewID(db, "keywordID", "tblKeyword");
         ExecuteSQL(db, Sql("INSERT INTO tblKeyword VALUES(", keywordID, ", ", SqlText(keyword),
                            ", ", separatorID, ")"));
         return keywordID;
@@ -121,7 +122,7 @@ std::int32_t FindSearchWord(Database& db, std::string_view word) {
 std::int32_t AddSearchWord(Database& db, std::string_view word) {
     return Guarded(db.Reporter(), Procedure::AddSearchWord, [&] {
         const std::string text = SqlSearchWord(word);
-        const std::int32_t searchWordID = MaxIDValue(db, "searchWordID", "tblSearchWord") + 1;
+        const std::int32_t searchWordID = NewID(db, "searchWordID", "tblSearchWord");
         ExecuteSQL(db, Sql("INSERT INTO tblSearchWord VALUES(", searchWordID, ", ", text, ");"));
         return searchWordID;
     });

@@ -2,6 +2,7 @@
 
 #include "store/database.h"
 #include "store/keyword_rows.h"
+#include "store/new_id.h"
 #include "store/sql_text.h"
 #include "support/guard.h"
 
@@ -24,7 +25,7 @@ void OwnerCopier::CopyLinks(const Owner& original, std::int32_t copyID) const {
 
 void OwnerCopier::CopyKeyword(std::int32_t keywordID, const Owner& copy) {
     if (keywordID == 0) return;
-    looseKeywordID_ = MaxIDValue(db_, "keywordID", "tblKeyword") + 1;
+    looseKeywordID_ = NewID(db_, "keywordID", "tblKeyword");
     const auto copied = ExecuteSQL(
         db_, Sql("INSERT INTO tblKeyword SELECT ", looseKeywordID_,
                  ", keyword, separatorID FROM tblKeyword WHERE keywordID = ", keywordID));

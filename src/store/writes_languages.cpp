@@ -3,24 +3,17 @@
 #include <limits>
 
 #include "store/database.h"
+#include "store/new_id.h"
 #include "store/reads_languages.h"
 #include "store/sql_text.h"
-#include "support/error.h"
 #include "support/guard.h"
 
 namespace snippetarium {
 
 namespace {
 
-std::int32_t NewLanguageID(Database& db) {
-    const std::int32_t last = MaxIDValue(db, "languageID", "tblLanguage");
-    if (last >= std::numeric_limits<std::int16_t>::max()) {
-        throw Error(error_number::kInvalidCall,
-                    "There is no number left for another language. Delete the one that was added "
-                    "last, or rename one that is not used.");
-    }
-    return last + 1;
-}
+/// A languageID has 16 bits.
+constexpr std::int32_t kLastLanguageID = std::numeric_limits<std::int16_t>::max();
 
 }  // namespace
 
@@ -32,7 +25,7 @@ std::int32_t SaveLanguage(Database& db, std::string_view language, std::int32_t 
                                    " WHERE languageID =", languageID, ";"));
             return renamed == 0 ? 0 : languageID;
         }
-        const std::int32_t newID = NewLanguageID(db);
+        const std::int32_t newID = NewID(db, "languageID", "tblLanguage", kLastLanguageID);
         ExecuteSQL(db, Sql("INSERT INTO tblLanguage VALUES(", newID, ", ", SqlText50(language),
                            ", True);"));
         return newID;

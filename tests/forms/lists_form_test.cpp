@@ -9,6 +9,7 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QTreeView>
 
@@ -167,6 +168,7 @@ TEST_F(ListsFormTest, AddShowAndRemoveBookmarks) {
     Get<QPushButton>("cmdSrchDisplay").click();
     Item("mnuBkmkHideAdd").trigger();
     ASSERT_EQ(list.count(), before + 1);
+    EXPECT_EQ(Get<QStatusBar>("StatusBar1").currentMessage(), "Bookmarked.");
     EXPECT_TRUE(list.currentItem()->text().startsWith("Draw777"));
     Get<QTreeView>("trVwClass").setCurrentIndex(Get<QTreeView>("trVwClass").model()->index(0, 0));
     Item("mnuBkmkHideDisplay").trigger();

@@ -218,6 +218,8 @@ TEST_F(MainWindowTest, MovesPanesAndChangesColoursByTheConfiguration) {
     const QPalette before = QApplication::palette();
     modal_.Expect([](QWidget& dialog) {
         EXPECT_TRUE(Find<QRadioButton>(dialog, "optnContentLeft").isChecked());
+        for (const QRadioButton* option : dialog.findChildren<QRadioButton*>())
+            EXPECT_EQ((option->focusPolicy() & Qt::TabFocus) != 0, option->isChecked());
         Find<QRadioButton>(dialog, "optnContentRight").click();
         Find<QRadioButton>(dialog, "optnThemeDark").click();
         Find<QPushButton>(dialog, "cmdOK").click();

@@ -54,13 +54,5 @@ TEST_F(LanguageWrites, ReadAStatusThatIsNotSet) {
     }
 }
 
-TEST_F(LanguageWrites, AddNoLanguageBeyondTheLastNumber) {
-    ExecuteSQL(db_, "INSERT INTO tblLanguage VALUES(32766, 'x', True)");
-    EXPECT_EQ(SaveLanguage(db_, "last", 0), 32767);
-    EXPECT_EQ(SaveLanguage(db_, "beyond", 0), 0);
-    EXPECT_NE(TakeBox().text.find("no number left"), std::string::npos);
-    EXPECT_EQ(LanguageID(db_, "beyond"), 0);
-}
-
 }  // namespace
 }  // namespace snippetarium::test

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "store/author_links.h"
+#include "store/date_links.h"
+#include "store/keyword_rows.h"
 #include "store/reads_applications.h"
 #include "store/reads_classes.h"
 #include "store/reads_languages.h"
@@ -139,6 +141,29 @@ TEST_F(WrittenRows, ThatCannotBeAddedTakeNoOtherRowsIDAndNothingIsWrittenBehindT
         EXPECT_EQ(TakeStatements().size(), 1U) << table;
     }
     EXPECT_EQ(Select("SELECT * FROM tbl_date_link"), Rows());
+}
+
+TEST_F(WrittenRows, AreNotAddedWhereNoNumberIsLeft) {
+    const struct {
+        std::string_view lastRow;
+        std::function<std::int32_t()> add;
+    } cases[] = {
+        {"tblKeyword VALUES(2147483647, 'x', 1)", [&] { return AddKeyword(db_, "y", 1); }},
+        {"tblSearchWord VALUES(2147483647, 'x')", [&] { return AddSearchWord(db_, "y"); }},
+        {"tblAuthor VALUES(2147483647, '', '', 'x')",
+         [&] { return FindOrAddAuthor(db_, {.last = "y"}); }},
+        {"tblDate VALUES(2147483647, #1999-12-31#)",
+         [&] { return FindOrAddDate(db_, {.year = 2001, .month = 3, .day = 14}); }},
+        {"tblLanguage VALUES(32767, 'x', True)", [&] { return SaveLanguage(db_, "y", 0); }},
+    };
+    for (const auto& [lastRow, add] : cases) {
+        ExecuteSQL(db_, "INSERT INTO " + std::string(lastRow));
+        TakeStatements();
+        EXPECT_EQ(add(), 0) << lastRow;
+        EXPECT_NE(TakeBox().text.find("There is no number left"), std::string::npos) << lastRow;
+        for (const std::string& statement : TakeStatements())
+            EXPECT_FALSE(statement.starts_with("INSERT")) << statement;
+    }
 }
 
 TEST_F(WrittenRows, ThatDoNotExistAreNotUpdated) {
