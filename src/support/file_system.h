@@ -29,8 +29,8 @@ struct UnlistedName {
 /// A sentence for a report: which name was left out, why, and what to do.
 std::string DescribeUnlisted(const UnlistedName& unlisted);
 
-/// The names in a folder, without path, in the order in which the platform gives them. What a link
-/// leads to decides where its name stands. Devices, pipes and sockets stand nowhere.
+/// The names in a folder, without path, in the order of their letters, whatever the case. What a
+/// link leads to decides where its name stands. Devices, pipes and sockets stand nowhere.
 struct FolderListing {
     std::vector<std::string> files;
     std::vector<std::string> subfolders;
